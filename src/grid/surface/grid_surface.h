@@ -1,0 +1,125 @@
+#pragma once
+
+#include "grid/sheet/workbook.h"
+
+#include <QTableView>
+
+#include <memory>
+
+class QKeyEvent;
+
+namespace vellora {
+
+// Colours of a grid that do not belong to single cells; a skin hands them over.
+struct GridColours {
+  QColor text;         // of cells without colours of their own
+  QColor paper;        // likewise their background
+  QColor headingText;  // heading strip, row numbers, frozen headings without colours
+  QColor headingPaper;
+  QColor line;
+  QColor current;  // frame of the current cell
+  QColor selectionText;
+  QColor selectionPaper;
+};
+
+// The spreadsheet that every window draws on: shows the current sheet of a workbook and offers the
+// planner's grid operations and events by their names. Programmatic changes are shown together at
+// the next Redraw() or when control returns to the event loop, whichever comes first.
+class GridSurface : public QTableView {
+  Q_OBJECT
+
+ public:
+  explicit GridSurface(QWidget* parent = nullptr);
+  ~GridSurface() override;
+
+  // The workbook shown. Rules may change it directly; call Redraw() afterwards.
+  Workbook& workbook();
+  const Workbook& workbook() const;
+  Sheet& sheet() { return workbook().sheet(); }
+  const Sheet& sheet() const { return workbook().sheet(); }
+
+  int Cols() const;
+  int Rows() const;
+  void SetCols(int count);
+  void SetRows(int count);
+  void SetCellText(int col, int row, const QString& text);
+  QString GetCellText(int col, int row) const;
+  void SetCellTag(int col, int row, const QString& tag);
+  QString CellTag(int col, int row) const;
+  void SetCellValue(int col, int row, const QVariant& value);
+  void SetCellAlign(int col, int row, int flags);
+  void SetCellInput(int col, int row, int mode);
+  void SetCellOption(int col, int row, int option);
+  void SetCellWrap(int col, int row, bool on);
+  void SetCellColors(int col, int row, PackedColour text, PackedColour back);
+  void SetCellFont(int col, int row, int size, int style, const QString& face);
+  void SetDefaultFont(int size, int style, const QString& face);
+  void SetColumnWidth(int col, int width);
+  void SetRowHeight(int row, int height);
+  void SetDefaultRowHeight(int height);
+  void InsertRows(int row, int count);
+  void InsertRowsBelowCurrent(int count);
+  void DeleteRows(int row, int count);
+  void HideRow(int unused, int row);
+  int CurrentRow() const;
+  int CurrentCol() const;
+  void SetCurrentCell(int col, int row);
+  void SelectRange(int col1, int row1, int col2, int row2);
+  void CopySelection();
+  void PasteAtCell(int col, int row, int flag);
+  void EndCopy();
+  void SetRangeBorder(int col1, int row1, int col2, int row2, int kind, int width,
+                      PackedColour colour);
+  void Redraw();
+  // Off: nothing is repainted until it is on again.
+  void SetRedrawSwitch(bool on);
+  bool RedrawSwitch() const;
+  // Throw FileError and leave the workbook, or the file, as it was.
+  void OpenFile(const QString& path);
+  void SaveFile(const QString& path) const;
+  void PrintSheet(bool board);
+  void PrintBoard(bool board);
+  void AddSheet(const QString& name, int count);
+  void SetSheetName(const QString& name, int sheet);
+  void SetCurrentSheet(int sheet);
+  int SheetCount() const;
+  void Focus();
+
+  // Named switches in place of the display properties.
+  void setHeadingStripVisible(bool on);
+  void setRowNumbersVisible(bool on);
+  // Keeps the first rows and columns in view while the rest scrolls; they also serve as headings
+  // for assistive tools.
+  void setFrozen(int cols, int rows);
+  // Columns without a width of their own share what is left of the grid's width.
+  void setSharesWidth(bool on);
+  // False: cells can be selected and copied but not typed into.
+  void setEditable(bool on);
+  void setDocumentName(const QString& name);
+  void setColours(const GridColours& colours);
+
+  // Between the two calls every change to the sheet, the user's or the program's, becomes one undo
+  // step. Rules that change several rows at once are wrapped in it.
+  void beginUndoStep(const QString& name);
+  void endUndoStep();
+  void clearUndo();
+  // True when the user typed, pasted, emptied or undid something since the last clearUndo().
+  bool isEdited() const;
+
+ signals:
+  void CellEntered(int previousRow, int row);
+  // Before the editor reads the cell's text, so that a handler may set it first.
+  void CellEditStart(int col, int row);
+  void CellClick(int col, int row);
+  // Enter or Space on the current cell of a grid that is not editable.
+  void CellActivated(int col, int row);
+  void RowDuplicate(int row);
+  // Raised before the grid uses the key; accept the event to keep the grid from using it.
+  void GridKeyDown(QKeyEvent* event);
+
+ private:
+  class Parts;
+  std::unique_ptr<Parts> parts_;
+};
+
+}  // namespace vellora

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <QString>
+
+#include <stdexcept>
+
+namespace vellora {
+
+enum class StoreFault {
+  FileMissing = 1,
+  NotADatabase,
+  TableMissing,
+  ColumnMissing,
+  Syntax,
+  NoCurrentRow,
+  NotUpdatable,
+  TextTooLong,
+  NumberOutOfRange,
+  NotADateOrTime,
+  Busy,
+  ReadOnly,
+  DiskFull,
+  InputOutput,
+  Damaged,
+  Other,
+};
+
+// Any failure of the store. The description is one plain Chinese sentence made for the user.
+class StoreError : public std::runtime_error {
+ public:
+  StoreError(StoreFault fault, const QString& description);
+
+  StoreFault fault() const { return fault_; }
+  int number() const { return static_cast<int>(fault_); }
+  QString description() const;
+
+ private:
+  StoreFault fault_;
+};
+
+}  // namespace vellora
