@@ -11,13 +11,17 @@
 
 namespace vellora {
 
+class Connection;
+
 // A set of rows opened by ScheduleStore::open. Rows are read when they are first asked for, all at
-// once; from then on the set holds no lock and does not change but through its own edits. Column
-// names match without regard to case.
+// once; from then on the set holds no lock and does not change but through its own edits (rolling a
+// transaction back does not take them out of the set again). Column names match without regard to
+// case.
 //
 // Every operation may throw StoreError. A set must not outlive its store.
 class Recordset {
  public:
+  Recordset(Connection& connection, const QString& tableOrSelect);  // see ScheduleStore::open
   Recordset(Recordset&&) noexcept;
   Recordset& operator=(Recordset&&) noexcept;
   ~Recordset();
@@ -25,7 +29,8 @@ class Recordset {
   qsizetype count();
   bool isEmpty();
 
-  // The first row is current after opening. Moving past the last row reaches the end.
+  // The first row is current after opening. Moving past the last row, or to a position that is no
+  // row, reaches the end, whose position is count(). Moving drops an edit that was not stored.
   void moveFirst();
   void moveNext();
   void moveLast();
@@ -33,27 +38,36 @@ class Recordset {
   qsizetype position();
   bool atEnd();
 
-  // Makes the first row that meets a condition such as "HDBH='001'" current. Without a match,
-  // noMatch() reports true and the current row stays as it was.
+  // Makes the first row that meets a condition such as "HDBH='001'" current: columns that equal
+  // literals, joined by AND. Without a match, noMatch() reports true and the current row stays as
+  // it was.
   bool findFirst(const QString& condition);
   bool noMatch() const;
 
   // Read the current row; StoreFault::NoCurrentRow when there is none. An empty column gives an
-  // invalid QVariant, an empty text, an invalid date or time, 0.
+  // invalid QVariant, an empty text, an invalid date or time, 0. As a QVariant a date, a time of
+  // day or both read as QDate, QTime or QDateTime, a yes/no column as bool, integers as qint64.
   QVariant value(QStringView name);
   QVariant value(int position);
   QString text(QStringView name);
+  QString text(int position);
   QDate date(QStringView name);
   QTime time(QStringView name);
   qint64 number(QStringView name);
+  qint64 number(int position);
 
   int columnCount();
   QString columnName(int position);
   ColumnKind columnKind(int position);
 
-  // addNew or edit, then set, then update. The set must come from one table: SELECT * or its name.
-  // After update the stored row is part of the set and current. A value that its column cannot hold
-  // is refused by set. Dropping the set before update drops the changes.
+  // addNew or edit, then set, then update. The set must come from one table: SELECT * or its name;
+  // StoreFault::NotUpdatable otherwise. After update the stored row is part of the set and current.
+  // A value that its column cannot hold is refused by set; the columns set before stay set.
+  // Dropping the set before update drops the changes; after an update that failed it can be tried
+  // again. StoreFault::RowChanged when the row was changed or deleted elsewhere since the set read
+  // it.
+  //
+  // Rows can be added to a whole table without its rows being read.
   void addNew();
   void edit();
   void set(QStringView name, const QVariant& value);
@@ -62,10 +76,11 @@ class Recordset {
   void remove();
 
  private:
-  friend class ScheduleStore;
-  class Rows;
-  explicit Recordset(std::unique_ptr<Rows> rows);
-  std::unique_ptr<Rows> rows_;
+  struct State;
+  void storeNew();
+  void storeEdited();
+
+  std::unique_ptr<State> state_;
 };
 
 }  // namespace vellora

@@ -1,20 +1,26 @@
 #pragma once
 
 #include "store/recordset.h"
+#include "store/row_cursor.h"
 
 #include <QString>
 
+#include <chrono>
 #include <memory>
 
 namespace vellora {
+
+class Connection;
 
 // The schedule database, one connection to one file. Statements are in the planner's dialect (see
 // dialect.h); every operation may throw StoreError.
 class ScheduleStore {
  public:
-  // Opens an existing schedule, adds the planner's indices where they are missing, and checks that
-  // all six tables and their columns are there. Never creates a file.
-  explicit ScheduleStore(const QString& path);
+  // Opens an existing schedule, checks that all six tables and their columns are there, and adds
+  // the planner's indices where they are missing. Never creates a file. `patience` is how long a
+  // program that is writing is waited for before StoreFault::Busy.
+  explicit ScheduleStore(const QString& path,
+                         std::chrono::milliseconds patience = std::chrono::seconds(5));
   ~ScheduleStore();
   ScheduleStore(const ScheduleStore&) = delete;
   ScheduleStore& operator=(const ScheduleStore&) = delete;
@@ -25,11 +31,15 @@ class ScheduleStore {
   // Opens the rows of a table, by its name, or of a SELECT statement.
   Recordset open(const QString& tableOrSelect);
 
+  // Opens the same rows for one pass in constant memory: backups of a large schedule.
+  RowCursor readOnce(const QString& tableOrSelect);
+
   // True when the file or its folder does not let this program save.
   bool isReadOnly() const;
 
   // Makes everything until commit() one change: all of it or none. Rolled back by the destructor
-  // when commit() was not reached. Transactions do not nest.
+  // when commit() was not reached or failed. Other programs that want to save wait from its start.
+  // Transactions do not nest.
   class Transaction {
    public:
     explicit Transaction(ScheduleStore& store);
@@ -39,11 +49,12 @@ class ScheduleStore {
     void commit();
 
    private:
-    ScheduleStore* store_;
+    Connection* connection_;  // null after commit()
   };
 
   // Keeps one view of the database for many look-ups, which is several times faster than reading
-  // them one by one. Other copies of the program cannot save while it lives: keep it short.
+  // them one by one. Inside another transaction it joins that one. Other copies of the program
+  // cannot save while it lives: keep it short.
   class ReadTransaction {
    public:
     explicit ReadTransaction(ScheduleStore& store);
@@ -52,11 +63,10 @@ class ScheduleStore {
     ReadTransaction& operator=(const ReadTransaction&) = delete;
 
    private:
-    ScheduleStore* store_;
+    Connection* connection_;  // null when joined
   };
 
  private:
-  class Connection;
   std::unique_ptr<Connection> connection_;
 };
 

@@ -6,6 +6,7 @@
 
 namespace vellora {
 
+// The numbers are shown to the user: add new faults at the end.
 enum class StoreFault {
   FileMissing = 1,
   NotADatabase,
@@ -23,6 +24,8 @@ enum class StoreFault {
   InputOutput,
   Damaged,
   Other,
+  NotANumber,
+  RowChanged,  // another set or another program changed or deleted the row meanwhile
 };
 
 // Any failure of the store. The description is one plain Chinese sentence made for the user.

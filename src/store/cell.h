@@ -1,0 +1,44 @@
+#pragma once
+
+#include "store/column_kind.h"
+
+#include <QByteArray>
+#include <QVariant>
+
+#include <string_view>
+
+namespace vellora {
+
+// One value as the database holds it. It does not own its bytes, which are UTF-8 for a text.
+struct Cell {
+  enum class Kind : unsigned char { Null, Integer, Real, Text, Bytes };
+
+  Kind kind = Kind::Null;
+  qint64 integer = 0;
+  double real = 0;
+  std::string_view bytes;
+
+  bool operator==(const Cell&) const = default;
+};
+
+// A value on its way into the database.
+struct OwnedCell {
+  Cell::Kind kind = Cell::Kind::Null;
+  qint64 integer = 0;
+  double real = 0;
+  QByteArray bytes;
+
+  Cell view() const {
+    return {kind, integer, real, {bytes.constData(), static_cast<std::size_t>(bytes.size())}};
+  }
+};
+
+// A cell as the windows read it. A number that no integer can hold reads as the nearest one; a date
+// or time that cannot be read is an invalid QDate or QTime.
+QVariant cellValue(const Cell& cell, ColumnKind kind);
+QString cellText(const Cell& cell);
+QDate cellDate(const Cell& cell);
+QTime cellTime(const Cell& cell);
+qint64 cellNumber(const Cell& cell);
+
+}  // namespace vellora

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "store/cell.h"
+
+#include <QString>
+#include <QVariant>
+
+namespace vellora {
+
+// A column of a set of rows, told by its declared type.
+struct Column {
+  QString name;
+  ColumnKind kind = ColumnKind::Other;
+  qsizetype mostCharacters = -1;  // of a Text column; -1 without limit
+};
+
+Column describedColumn(const QString& name, const QString& declaredType);
+
+// True when two names are the same but for the case of their Latin letters.
+bool isSameName(QStringView one, QStringView other);
+
+// A value in the form in which the column stores it. An invalid or null variant is no value. Throws
+// StoreError, naming the column, for a value that the column cannot hold; nothing is cut off. A
+// fraction for an integer column rounds half to even; a character outside the basic plane counts
+// once.
+OwnedCell columnCell(const Column& column, const QVariant& value);
+
+}  // namespace vellora

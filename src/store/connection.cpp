@@ -1,0 +1,76 @@
+#include "store/connection.h"
+
+#include "store/clock_functions.h"
+#include "store/engine_error.h"
+
+#include <QFileInfo>
+
+#include <SQLiteCpp/Exception.h>
+#include <sqlite3.h>
+
+namespace vellora {
+namespace {
+
+// The engine takes an empty file for a new database, and beside an empty file it deletes the
+// journal of an unfinished save: both are refused before it sees them.
+void requireSchedule(const QString& path) {
+  const QFileInfo file(path);
+  if (!file.exists()) {
+    throw StoreError(StoreFault::FileMissing, u"找不到日程文件：%1。"_qs.arg(path));
+  }
+  if (!file.isFile()) {
+    throw StoreError(StoreFault::NotADatabase, u"这不是日程文件：%1。"_qs.arg(path));
+  }
+  if (file.size() == 0) {
+    throw StoreError(StoreFault::NotADatabase, u"日程文件是空的：%1。"_qs.arg(path));
+  }
+}
+
+SQLite::Database openedDatabase(const QString& path, std::chrono::milliseconds patience) {
+  requireSchedule(path);
+  try {
+    return {path.toStdString(), SQLite::OPEN_READWRITE | SQLite::OPEN_NOMUTEX,
+            static_cast<int>(patience.count())};
+  } catch (const SQLite::Exception& failure) {
+    throw engineError(failure.getExtendedErrorCode(), QString::fromUtf8(failure.what()));
+  }
+}
+
+bool lacksLeaveToWrite(sqlite3* connection, const QString& path) {
+  return sqlite3_db_readonly(connection, "main") == 1 ||
+         !QFileInfo(QFileInfo(path).absolutePath()).isWritable();
+}
+
+}  // namespace
+
+Connection::Connection(const QString& path, std::chrono::milliseconds patience)
+    : database_(openedDatabase(path, patience)),
+      statements_(database_.getHandle()),
+      isReadOnly_(lacksLeaveToWrite(database_.getHandle(), path)) {
+  sqlite3_extended_result_codes(handle(), 1);
+  // A name in quotes is a name and never silently a text.
+  sqlite3_db_config(handle(), SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
+  addClockFunctions(handle());
+  run("PRAGMA synchronous=EXTRA");
+  run("PRAGMA journal_mode=DELETE");
+}
+
+bool Connection::isInTransaction() const {
+  return sqlite3_get_autocommit(handle()) == 0;
+}
+
+qint64 Connection::changeCount() const {
+  return sqlite3_total_changes64(handle());
+}
+
+void Connection::run(const char* sql) {
+  if (sqlite3_exec(handle(), sql, nullptr, nullptr, nullptr) != SQLITE_OK) {
+    throw engineError(handle());
+  }
+}
+
+void Connection::tryRun(const char* sql) noexcept {
+  sqlite3_exec(handle(), sql, nullptr, nullptr, nullptr);
+}
+
+}  // namespace vellora

@@ -1,0 +1,78 @@
+#include "store/find_condition.h"
+
+#include "routine/number_text.h"
+#include "store/moment.h"
+#include "store/store_error.h"
+#include "store/tokens.h"
+
+namespace vellora {
+namespace {
+
+StoreError notACondition() {
+  return {StoreFault::Syntax, u"查找条件只能是“列=值”，多个条件用 AND 连接。"_qs};
+}
+
+QString momentText(QStringView text) {
+  if (const std::optional<Moment> moment = readMoment(text)) return storedText(*moment);
+  throw StoreError(StoreFault::NotADateOrTime, u"查找条件中的“%1”不是日期或时间。"_qs.arg(text));
+}
+
+QString literalText(const Token& token) {
+  switch (token.kind) {
+    case Token::Kind::Text:
+      return unquoted(token.text);
+    case Token::Kind::Date:
+      return momentText(token.text);
+    case Token::Kind::Number:
+      return numberText(numericValue(token.text));
+    default:
+      throw notACondition();
+  }
+}
+
+// A column's name, with its table's name before it or without.
+QStringView columnName(TokenReader& reader) {
+  Token name = reader.next();
+  for (;;) {
+    if (name.kind != Token::Kind::Word && name.kind != Token::Kind::Name) throw notACondition();
+    const Token mark = reader.next();
+    if (mark.isSymbol(u"=")) return name.text;
+    if (!mark.isSymbol(u".")) throw notACondition();
+    name = reader.next();
+  }
+}
+
+bool isText(const Cell& cell, const QByteArray& text) {
+  if (cell.kind == Cell::Kind::Null) return false;
+  if (cell.kind != Cell::Kind::Text) return cellText(cell).toUtf8() == text;
+  return cell.bytes == std::string_view(text.constData(), static_cast<std::size_t>(text.size()));
+}
+
+}  // namespace
+
+FindCondition::FindCondition(QStringView condition, const QList<Column>& columns) {
+  TokenReader reader(condition);
+  for (;;) {
+    const QStringView name = columnName(reader);
+    equalities_.append({columnPosition(columns, name), literalText(reader.next()).toUtf8()});
+    const Token joint = reader.next();
+    if (joint.kind == Token::Kind::End) return;
+    if (!joint.isWord(u"AND")) throw notACondition();
+  }
+}
+
+bool FindCondition::isMetBy(const RowArena& rows, qsizetype row) const {
+  for (const Equality& equality : equalities_) {
+    if (!isText(rows.cell(row, equality.column), equality.text)) return false;
+  }
+  return true;
+}
+
+qsizetype columnPosition(const QList<Column>& columns, QStringView name) {
+  for (qsizetype i = 0; i < columns.size(); ++i) {
+    if (isSameName(columns[i].name, name)) return i;
+  }
+  throw StoreError(StoreFault::ColumnMissing, u"没有名为“%1”的列。"_qs.arg(name));
+}
+
+}  // namespace vellora

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "store/column.h"
+#include "store/row_arena.h"
+
+#include <QList>
+#include <QStringView>
+
+namespace vellora {
+
+// A condition such as HDBH='001' AND SFWC=0: columns that equal literals, joined by AND. Texts are
+// compared exactly; a column without a value equals nothing.
+class FindCondition {
+ public:
+  // Throws StoreFault::Syntax for any other condition, ColumnMissing for a column that the set does
+  // not have, NotADateOrTime for a date that is none.
+  FindCondition(QStringView condition, const QList<Column>& columns);
+
+  bool isMetBy(const RowArena& rows, qsizetype row) const;
+
+ private:
+  struct Equality {
+    qsizetype column;
+    QByteArray text;  // the literal as a column stores it
+  };
+
+  QList<Equality> equalities_;
+};
+
+// Position of the column of a name, without regard to case; StoreFault::ColumnMissing without one.
+qsizetype columnPosition(const QList<Column>& columns, QStringView name);
+
+}  // namespace vellora

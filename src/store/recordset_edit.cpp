@@ -1,0 +1,90 @@
+#include "store/find_condition.h"
+#include "store/recordset.h"
+#include "store/recordset_state.h"
+#include "store/store_error.h"
+
+#include <algorithm>
+
+namespace vellora {
+namespace {
+
+Cells viewsOf(const StoredRow& row) {
+  Cells cells;
+  for (const OwnedCell& cell : row.cells) cells.append(cell.view());
+  return cells;
+}
+
+std::span<const Cell> spanOf(const Cells& cells) {
+  return {cells.data(), static_cast<std::size_t>(cells.size())};
+}
+
+}  // namespace
+
+void Recordset::addNew() {
+  state_->writer();
+  state_->edit = RowEdit{true, {}};
+}
+
+void Recordset::edit() {
+  state_->writer();
+  state_->currentRow();
+  state_->edit = RowEdit{false, {}};
+}
+
+void Recordset::set(QStringView name, const QVariant& value) {
+  if (!state_->edit) {
+    throw StoreError(StoreFault::NotUpdatable, u"要先新增或编辑一条记录，才能填写内容。"_qs);
+  }
+  const QList<Column>& columns = state_->lazy.set().columns;
+  const qsizetype column = columnPosition(columns, name);
+  OwnedCell cell = columnCell(columns[column], value);
+  ColumnChanges& changes = state_->edit->changes;
+  const auto before = std::find_if(changes.begin(), changes.end(), [column](const auto& change) {
+    return change.column == column;
+  });
+  if (before != changes.end()) {
+    before->value = std::move(cell);
+  } else {
+    changes.append({column, std::move(cell)});
+  }
+}
+
+void Recordset::update() {
+  if (!state_->edit) {
+    throw StoreError(StoreFault::NotUpdatable, u"没有正在新增或编辑的记录，不能保存。"_qs);
+  }
+  state_->edit->isNew ? storeNew() : storeEdited();
+  state_->edit.reset();
+}
+
+// A row added to a whole table belongs to the set by itself when the rows are read later. In any
+// other set the rows are read first, so that the new one is not read twice.
+void Recordset::storeNew() {
+  const bool staysUnread = state_->lazy.set().isWholeTable && !state_->lazy.isRead();
+  if (!staysUnread) state_->rows();
+  const StoredRow stored = state_->writer().insert(state_->edit->changes);
+  if (staysUnread) {
+    state_->addedUnread = stored.rowId;
+    return;
+  }
+  RowArena& rows = state_->rows();
+  rows.append(stored.rowId, spanOf(viewsOf(stored)));
+  state_->position = rows.rowCount() - 1;
+}
+
+void Recordset::storeEdited() {
+  const qsizetype row = state_->currentRow();
+  RowArena& rows = state_->rows();
+  const StoredRow stored = state_->writer().update(rows, row, state_->edit->changes);
+  rows.replace(row, stored.rowId, spanOf(viewsOf(stored)));
+}
+
+void Recordset::remove() {
+  RowWriter writer = state_->writer();
+  const qsizetype row = state_->currentRow();
+  writer.remove(state_->rows(), row);
+  state_->rows().remove(row);
+  state_->edit.reset();
+}
+
+}  // namespace vellora

@@ -1,0 +1,52 @@
+#include "store/recordset_state.h"
+
+#include "store/connection.h"
+#include "store/find_condition.h"
+#include "store/store_error.h"
+
+namespace vellora {
+namespace {
+
+qsizetype positionOf(const RowArena& rows, qint64 rowId) {
+  qsizetype row = rows.rowCount();
+  while (row > 0 && rows.rowId(row - 1) != rowId) --row;
+  return row > 0 ? row - 1 : rows.rowCount();
+}
+
+}  // namespace
+
+RowArena& Recordset::State::rows() {
+  RowArena& rows = lazy.rows();
+  if (addedUnread) position = positionOf(rows, *addedUnread);
+  addedUnread.reset();
+  return rows;
+}
+
+qsizetype Recordset::State::currentRow() {
+  if (position < rows().rowCount()) return position;
+  throw StoreError(StoreFault::NoCurrentRow, u"没有当前记录。"_qs);
+}
+
+Cell Recordset::State::cell(QStringView name) {
+  const qsizetype row = currentRow();
+  return rows().cell(row, columnPosition(lazy.set().columns, name));
+}
+
+Cell Recordset::State::cell(int index) {
+  const qsizetype row = currentRow();
+  column(index);
+  return rows().cell(row, index);
+}
+
+const Column& Recordset::State::column(int index) const {
+  const QList<Column>& columns = lazy.set().columns;
+  if (index >= 0 && index < columns.size()) return columns[index];
+  throw StoreError(StoreFault::ColumnMissing, u"没有第 %1 列。"_qs.arg(index + 1));
+}
+
+RowWriter Recordset::State::writer() {
+  if (!lazy.set().table.isEmpty()) return {lazy.connection(), lazy.set()};
+  throw StoreError(StoreFault::NotUpdatable, u"这些记录不是来自一个表，不能修改。"_qs);
+}
+
+}  // namespace vellora

@@ -1,0 +1,106 @@
+#include "store/row_arena.h"
+
+#include <cstdint>
+#include <cstring>
+
+// A packed row is its row number and then its cells; a cell is its kind and then nothing, eight
+// bytes of number, or four bytes of length and the text.
+namespace vellora {
+namespace {
+
+using Length = std::uint32_t;  // no single value of the engine is longer
+
+std::size_t packedSize(const Cell& cell) {
+  switch (cell.kind) {
+    case Cell::Kind::Null:
+      return 1;
+    case Cell::Kind::Integer:
+    case Cell::Kind::Real:
+      return 1 + sizeof(qint64);
+    case Cell::Kind::Text:
+    case Cell::Kind::Bytes:
+      break;
+  }
+  return 1 + sizeof(Length) + cell.bytes.size();
+}
+
+template <typename Value>
+char* write(char* to, const Value& value) {
+  std::memcpy(to, &value, sizeof(Value));
+  return to + sizeof(Value);
+}
+
+template <typename Value>
+Value read(const char* from) {
+  Value value;
+  std::memcpy(&value, from, sizeof(Value));
+  return value;
+}
+
+char* writeCell(char* to, const Cell& cell) {
+  to = write(to, cell.kind);
+  switch (cell.kind) {
+    case Cell::Kind::Null:
+      return to;
+    case Cell::Kind::Integer:
+      return write(to, cell.integer);
+    case Cell::Kind::Real:
+      return write(to, cell.real);
+    case Cell::Kind::Text:
+    case Cell::Kind::Bytes:
+      break;
+  }
+  to = write(to, static_cast<Length>(cell.bytes.size()));
+  return std::copy(cell.bytes.begin(), cell.bytes.end(), to);
+}
+
+Cell readCell(const char* from) {
+  const auto kind = read<Cell::Kind>(from++);
+  switch (kind) {
+    case Cell::Kind::Null:
+      return {};
+    case Cell::Kind::Integer:
+      return {kind, read<qint64>(from), 0, {}};
+    case Cell::Kind::Real:
+      return {kind, 0, read<double>(from), {}};
+    case Cell::Kind::Text:
+    case Cell::Kind::Bytes:
+      break;
+  }
+  return {kind, 0, 0, {from + sizeof(Length), read<Length>(from)}};
+}
+
+}  // namespace
+
+qint64 RowArena::rowId(qsizetype row) const {
+  return read<qint64>(rows_[row]);
+}
+
+Cell RowArena::cell(qsizetype row, qsizetype column) const {
+  const char* at = rows_[row] + sizeof(qint64);
+  for (; column > 0; --column) at += packedSize(readCell(at));
+  return readCell(at);
+}
+
+void RowArena::append(qint64 rowId, std::span<const Cell> cells) {
+  rows_.append(packed(rowId, cells));
+}
+
+void RowArena::replace(qsizetype row, qint64 rowId, std::span<const Cell> cells) {
+  rows_[row] = packed(rowId, cells);
+}
+
+void RowArena::remove(qsizetype row) {
+  rows_.remove(row);
+}
+
+const char* RowArena::packed(qint64 rowId, std::span<const Cell> cells) {
+  std::size_t size = sizeof(qint64);
+  for (const Cell& cell : cells) size += packedSize(cell);
+  char* const row = static_cast<char*>(memory_.allocate(size, 1));
+  char* to = write(row, rowId);
+  for (const Cell& cell : cells) to = writeCell(to, cell);
+  return row;
+}
+
+}  // namespace vellora

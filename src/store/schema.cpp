@@ -1,0 +1,136 @@
+#include "store/schema.h"
+
+#include "store/connection.h"
+#include "store/engine_error.h"
+
+#include <QFile>
+#include <QStringList>
+
+#include <SQLiteCpp/Exception.h>
+#include <SQLiteCpp/Transaction.h>
+#include <array>
+#include <sqlite3.h>
+
+namespace vellora {
+namespace {
+
+constexpr std::array kItems{
+    SchemaColumn{"HDBH", "VARCHAR(255)"}, SchemaColumn{"HDMC", "VARCHAR(255)"},
+    SchemaColumn{"HDLB", "VARCHAR(255)"}, SchemaColumn{"SFWC", "SMALLINT DEFAULT 0"},
+    SchemaColumn{"FRGB", "INTEGER"},
+};
+constexpr std::array kBlocks{
+    SchemaColumn{"SJKH", "VARCHAR(255)"},
+    SchemaColumn{"sjkm", "VARCHAR(255)"},
+    SchemaColumn{"SJ0", "DATETIME"},
+    SchemaColumn{"SJ1", "DATETIME"},
+};
+constexpr std::array kPlans{
+    SchemaColumn{"RQ", "DATETIME"},       SchemaColumn{"SJKH", "VARCHAR(255)"},
+    SchemaColumn{"HDMC", "VARCHAR(255)"}, SchemaColumn{"HDYQ", "VARCHAR(255)"},
+    SchemaColumn{"ZYDJ", "INTEGER"},
+};
+constexpr std::array kMemos{SchemaColumn{"RQ", "DATETIME"}, SchemaColumn{"Memo", "LONGTEXT"}};
+constexpr std::array kWeekNames{
+    SchemaColumn{"KSRQ", "DATETIME"},
+    SchemaColumn{"JSRQ", "DATETIME"},
+    SchemaColumn{"MM", "VARCHAR(255)"},
+};
+constexpr std::array kSkinSetting{SchemaColumn{"jm", "VARCHAR(255)"}};
+
+constexpr std::array kTables{
+    SchemaTable{"HD", kItems}, SchemaTable{"SJ", kBlocks},    SchemaTable{"JH", kPlans},
+    SchemaTable{"BW", kMemos}, SchemaTable{"MM", kWeekNames}, SchemaTable{"JM", kSkinSetting},
+};
+
+constexpr std::array kIndices{
+    "CREATE INDEX IF NOT EXISTS JH_RQ_SJKH ON JH(RQ, SJKH)",
+    "CREATE INDEX IF NOT EXISTS JH_HDMC_RQ_SJKH ON JH(HDMC, RQ, SJKH)",
+    "CREATE INDEX IF NOT EXISTS HD_HDMC ON HD(HDMC)",
+    "CREATE INDEX IF NOT EXISTS SJ_SJKH ON SJ(SJKH)",
+    "CREATE INDEX IF NOT EXISTS BW_RQ ON BW(RQ)",
+};
+
+QByteArray creation(const SchemaTable& table) {
+  QStringList columns;
+  for (const SchemaColumn& column : table.columns) {
+    columns.append(QString::fromLatin1(column.name) + u' ' + QString::fromLatin1(column.type));
+  }
+  return u"CREATE TABLE %1 (%2)"_qs.arg(QLatin1String(table.name), columns.join(u", ")).toUtf8();
+}
+
+// Past Connection, which takes no file without a schedule in it.
+void fill(const QString& path) {
+  SQLite::Database database(path.toStdString(), SQLite::OPEN_READWRITE);
+  SQLite::Transaction transaction(database);
+  for (const SchemaTable& table : kTables) database.exec(creation(table).constData());
+  for (const char* index : kIndices) database.exec(index);
+  transaction.commit();
+}
+
+// True when the table, or the column in it, is there.
+bool exists(const Connection& connection, const char* table, const char* column) {
+  const int code = sqlite3_table_column_metadata(connection.handle(), "main", table, column,
+                                                 nullptr, nullptr, nullptr, nullptr, nullptr);
+  if (code != SQLITE_OK && code != SQLITE_ERROR) throw engineError(connection.handle());
+  return code == SQLITE_OK;
+}
+
+void requireColumns(const Connection& connection, const SchemaTable& table) {
+  for (const SchemaColumn& column : table.columns) {
+    if (exists(connection, table.name, column.name)) continue;
+    throw StoreError(StoreFault::ColumnMissing,
+                     u"日程文件的表“%1”中没有列“%2”。"_qs.arg(QLatin1String(table.name),
+                                                              QLatin1String(column.name)));
+  }
+}
+
+bool isOnlyALostSpeedUp(StoreFault fault) {
+  return fault == StoreFault::ReadOnly || fault == StoreFault::DiskFull ||
+         fault == StoreFault::Busy || fault == StoreFault::InputOutput;
+}
+
+}  // namespace
+
+std::span<const SchemaTable> schemaTables() {
+  return kTables;
+}
+
+void createSchedule(const QString& path) {
+  QFile file(path);
+  if (!file.open(QIODevice::WriteOnly | QIODevice::NewOnly)) {
+    const bool isThere = file.exists();
+    throw StoreError(
+        isThere ? StoreFault::Other : StoreFault::InputOutput,
+        (isThere ? u"日程文件已经存在，没有新建：%1。"_qs : u"不能新建日程文件：%1。"_qs)
+            .arg(path));
+  }
+  file.close();
+  try {
+    fill(path);
+  } catch (const SQLite::Exception& failure) {
+    file.remove();
+    throw engineError(failure.getExtendedErrorCode(), QString::fromUtf8(failure.what()));
+  }
+}
+
+void requireSchema(const Connection& connection) {
+  for (const SchemaTable& table : kTables) {
+    if (!exists(connection, table.name, nullptr)) {
+      throw StoreError(StoreFault::TableMissing,
+                       u"日程文件中没有表“%1”。"_qs.arg(QLatin1String(table.name)));
+    }
+    requireColumns(connection, table);
+  }
+}
+
+void addMissingIndices(Connection& connection) {
+  if (connection.isReadOnly()) return;
+  try {
+    for (const char* index : kIndices) connection.run(index);
+  } catch (const StoreError& failure) {
+    if (!isOnlyALostSpeedUp(failure.fault())) throw;
+  }
+}
+
+}  // namespace vellora

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QString>
+
+#include <span>
+
+namespace vellora {
+
+class Connection;
+
+struct SchemaColumn {
+  const char* name;
+  const char* type;  // as declared, with its default
+};
+
+struct SchemaTable {
+  const char* name;
+  std::span<const SchemaColumn> columns;
+};
+
+// The six tables of a schedule: HD, SJ, JH, BW, MM, JM.
+std::span<const SchemaTable> schemaTables();
+
+// Makes a new schedule without any rows. Throws StoreError, and leaves whatever is there as it was,
+// when the file exists or cannot be written.
+void createSchedule(const QString& path);
+
+// Throws StoreFault::TableMissing or ColumnMissing, naming the first of the planner's tables and
+// columns that is not there. A schedule may have more.
+void requireSchema(const Connection& connection);
+
+// Adds the planner's indices that are missing. They only speed look-ups up: where they cannot be
+// written the schedule is used without them.
+void addMissingIndices(Connection& connection);
+
+}  // namespace vellora

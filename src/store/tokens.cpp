@@ -1,0 +1,99 @@
+#include "store/tokens.h"
+
+#include "store/column.h"
+#include "store/store_error.h"
+
+namespace vellora {
+namespace {
+
+bool isWordStart(QChar character) {
+  return character.isLetter() || character == u'_' || character.isSurrogate();
+}
+
+bool isWordPart(QChar character) {
+  return isWordStart(character) || character.isNumber();
+}
+
+bool isDigit(QChar character) {
+  return character >= u'0' && character <= u'9';
+}
+
+template <typename Predicate>
+qsizetype runEnd(QStringView text, qsizetype from, Predicate belongs) {
+  while (from < text.size() && belongs(text[from])) ++from;
+  return from;
+}
+
+qsizetype symbolLength(QStringView text) {
+  if (text.startsWith(u"<=") || text.startsWith(u">=") || text.startsWith(u"<>")) return 2;
+  return QStringView(u"*,.()=<>+-/;").contains(text.front()) ? 1 : 0;
+}
+
+StoreError unclosed(QStringView text, qsizetype at) {
+  return {StoreFault::Syntax, u"语句中“%1”之后缺少结束的符号。"_qs.arg(text.sliced(at, 1))};
+}
+
+}  // namespace
+
+bool Token::isWord(QStringView word) const {
+  return kind == Kind::Word && isSameName(text, word);
+}
+
+bool Token::isSymbol(QStringView symbol) const {
+  return kind == Kind::Symbol && text == symbol;
+}
+
+QStringView TokenReader::take(qsizetype count) {
+  const QStringView taken = text_.sliced(at_, count);
+  at_ += count;
+  return taken;
+}
+
+Token TokenReader::delimited(Token::Kind kind, QChar end) {
+  const qsizetype close = text_.indexOf(end, at_ + 1);
+  if (close < 0) throw unclosed(text_, at_);
+  const QStringView inside = text_.sliced(at_ + 1, close - at_ - 1);
+  at_ = close + 1;
+  return {kind, inside};
+}
+
+Token TokenReader::textLiteral() {
+  const qsizetype end = textLiteralEnd(text_, at_ + 1);
+  if (end < 0) throw unclosed(text_, at_);
+  const QStringView inside = text_.sliced(at_ + 1, end - at_ - 2);
+  at_ = end;
+  return {Token::Kind::Text, inside};
+}
+
+Token TokenReader::next() {
+  at_ = runEnd(text_, at_, [](QChar c) { return c.isSpace(); });
+  if (at_ == text_.size()) return {};
+  const QChar first = text_[at_];
+  if (first == u'\'') return textLiteral();
+  if (first == u'#') return delimited(Token::Kind::Date, u'#');
+  if (first == u'[') return delimited(Token::Kind::Name, u']');
+  if (isWordStart(first)) return {Token::Kind::Word, take(runEnd(text_, at_, isWordPart) - at_)};
+  if (isDigit(first)) {
+    const auto belongs = [](QChar c) { return isDigit(c) || c == u'.'; };
+    return {Token::Kind::Number, take(runEnd(text_, at_, belongs) - at_)};
+  }
+  if (const qsizetype length = symbolLength(text_.sliced(at_))) {
+    return {Token::Kind::Symbol, take(length)};
+  }
+  throw StoreError(StoreFault::Syntax, u"语句中不能有“%1”。"_qs.arg(first));
+}
+
+qsizetype textLiteralEnd(QStringView text, qsizetype from) {
+  for (;;) {
+    const qsizetype quote = text.indexOf(u'\'', from);
+    if (quote < 0) return -1;
+    if (quote + 1 == text.size() || text[quote + 1] != u'\'') return quote + 1;
+    from = quote + 2;
+  }
+}
+
+QString unquoted(QStringView inside) {
+  return inside.toString().replace(u"''"_qs, u"'"_qs);
+}
+
+}  // namespace vellora
