@@ -1,8 +1,23 @@
 #include "grid/sheet/cell_column.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace vellora {
+
+CellColumn::CellColumn(const CellColumn& other) : pool_(other.pool_) {
+  append(0, other);
+}
+
+CellColumn& CellColumn::operator=(CellColumn other) noexcept {
+  std::swap(pool_, other.pool_);
+  cells_.swap(other.cells_);
+  return *this;
+}
+
+CellColumn::~CellColumn() {
+  remove(0, static_cast<int>(cells_.size()));
+}
 
 const CellColumn::Cell& CellColumn::at(int index) const {
   static constexpr Cell kEmptyCell;
@@ -18,8 +33,8 @@ CellColumn::Cell& CellColumn::writable(int index) {
 
 void CellColumn::replace(TextPool::Id& id, const QString& text) {
   const TextPool::Id old = id;
-  id = texts_.take(text);
-  texts_.release(old);
+  id = pool_->take(text);
+  pool_->release(old);
 }
 
 void CellColumn::restyle(int first, int last, const Restyle& map) {
@@ -47,30 +62,28 @@ void CellColumn::remove(int index, int count) {
   const auto from = cells_.begin() + index;
   const auto to = cells_.begin() + end;
   std::for_each(from, to, [this](const Cell& cell) {
-    texts_.release(cell.text);
-    texts_.release(cell.tag);
+    pool_->release(cell.text);
+    pool_->release(cell.tag);
   });
   cells_.erase(from, to);
 }
 
 CellColumn CellColumn::splitOff(int index) {
-  CellColumn tail;
-  const int count = static_cast<int>(cells_.size()) - index;
-  for (int i = 0; i < count; ++i) {
-    const Cell& cell = at(index + i);
-    tail.cells_.push_back({tail.texts_.take(texts_.text(cell.text)),
-                           tail.texts_.take(texts_.text(cell.tag)), cell.style});
-  }
-  remove(index, count);
+  CellColumn tail(*pool_);
+  if (static_cast<std::size_t>(index) >= cells_.size()) return tail;
+  tail.cells_.assign(cells_.begin() + index, cells_.end());
+  cells_.resize(static_cast<std::size_t>(index));
   return tail;
 }
 
 void CellColumn::append(int index, const CellColumn& other) {
-  if (other.isEmpty()) return;
+  if (other.cells_.empty()) return;
+  cells_.reserve(static_cast<std::size_t>(index) + other.cells_.size());
   cells_.resize(static_cast<std::size_t>(index));
+  cells_.insert(cells_.end(), other.cells_.begin(), other.cells_.end());
   for (const Cell& cell : other.cells_) {
-    cells_.push_back({texts_.take(other.texts_.text(cell.text)),
-                      texts_.take(other.texts_.text(cell.tag)), cell.style});
+    pool_->retain(cell.text);
+    pool_->retain(cell.tag);
   }
 }
 

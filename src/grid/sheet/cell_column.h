@@ -11,18 +11,24 @@ namespace vellora {
 // Maps what was set on a cell to what is to be set on it.
 using Restyle = std::function<StyleTable::Number(StyleTable::Number)>;
 
-// The cells of one column in one block of rows, at eight bytes each. Indices count from the block's
-// first row; cells beyond the last one written are empty and take no room.
+// The cells of one column in one block of rows, at twelve bytes each. Indices count from the
+// block's first row; cells beyond the last one written are empty and take no room. The pool holds
+// the texts and must outlive the column.
 class CellColumn {
  public:
-  bool isEmpty() const { return cells_.empty(); }
-  QString text(int index) const { return texts_.text(at(index).text); }
-  QString tag(int index) const { return texts_.text(at(index).tag); }
+  explicit CellColumn(TextPool& pool) : pool_(&pool) {}
+  CellColumn(const CellColumn& other);
+  CellColumn(CellColumn&& other) noexcept = default;
+  CellColumn& operator=(CellColumn other) noexcept;
+  ~CellColumn();
+
+  QString text(int index) const { return pool_->text(at(index).text); }
+  QString tag(int index) const { return pool_->text(at(index).tag); }
   StyleTable::Number style(int index) const { return at(index).style; }
 
   void setText(int index, const QString& text) { replace(writable(index).text, text); }
   void setTag(int index, const QString& tag) { replace(writable(index).tag, tag); }
-  void setStyle(int index, StyleTable::Number style) { writable(index).style = style; }
+  StyleTable::Number& writableStyle(int index) { return writable(index).style; }
   void restyle(int first, int last, const Restyle& map);
 
   void insert(int index, int count);
@@ -43,8 +49,8 @@ class CellColumn {
   Cell& writable(int index);
   void replace(TextPool::Id& id, const QString& text);
 
+  TextPool* pool_;
   std::vector<Cell> cells_;
-  TextPool texts_;
 };
 
 }  // namespace vellora

@@ -11,13 +11,13 @@ const CellColumn* RowBlock::column(int col) const {
 
 CellColumn& RowBlock::writableColumn(int col) {
   const auto position = static_cast<std::size_t>(col);
-  if (position >= columns_.size()) columns_.resize(position + 1);
+  if (position >= columns_.size()) columns_.resize(position + 1, CellColumn(*pool_));
   return columns_[position];
 }
 
 void RowBlock::keepColumns(int count) {
   const auto kept = static_cast<std::size_t>(count);
-  if (kept < columns_.size()) columns_.resize(kept);
+  if (kept < columns_.size()) columns_.resize(kept, CellColumn(*pool_));
 }
 
 RowLook RowBlock::look(int index) const {
@@ -44,7 +44,7 @@ void RowBlock::remove(int index, int count) {
 }
 
 RowBlock RowBlock::splitOff(int index) {
-  RowBlock tail;
+  RowBlock tail(*pool_);
   for (CellColumn& column : columns_) tail.columns_.push_back(column.splitOff(index));
   if (static_cast<std::size_t>(index) < looks_.size()) {
     tail.looks_.assign(looks_.begin() + index, looks_.end());

@@ -17,6 +17,8 @@ struct RowLook {
 // last one written are empty and take no room.
 class RowBlock {
  public:
+  explicit RowBlock(TextPool& pool) : pool_(&pool) {}
+
   // Null when nothing was written in this column.
   const CellColumn* column(int col) const;
   CellColumn& writableColumn(int col);
@@ -31,6 +33,7 @@ class RowBlock {
   void append(int index, const RowBlock& other);
 
  private:
+  TextPool* pool_;
   std::vector<CellColumn> columns_;
   std::vector<RowLook> looks_;
 };

@@ -110,7 +110,7 @@ std::size_t RowBlocks::carve(std::size_t run, int row) {
   const int end = std::min(start + kNewBlockRows, first + runs_[run].rows);
   run = splitBefore(start);
   splitBefore(end);
-  runs_[run].block = std::make_shared<RowBlock>();
+  runs_[run].block = std::make_shared<RowBlock>(*pool_);
   return run;
 }
 
@@ -143,7 +143,7 @@ bool RowBlocks::merge(std::size_t run) {
   const bool bothEmpty = !upper.block && !lower.block;
   if (!bothEmpty && upper.rows > kNewBlockRows - lower.rows) return false;
   if (lower.block) {
-    if (!upper.block) upper.block = std::make_shared<RowBlock>();
+    if (!upper.block) upper.block = std::make_shared<RowBlock>(*pool_);
     own(run).append(upper.rows, *lower.block);
   }
   upper.rows += lower.rows;

@@ -50,6 +50,7 @@ class RowBlocks {
   bool merge(std::size_t run);
   void renumber(std::size_t run);
 
+  std::shared_ptr<TextPool> pool_ = std::make_shared<TextPool>();  // outlives the blocks
   std::vector<Run> runs_;
   int count_ = 0;
 };

@@ -79,9 +79,15 @@ Number SheetContent::shown(int col, int row) const {
 }
 
 void SheetContent::set(int col, int row, CellProperty property, quint64 word) {
-  const Number style = styles_.with(own(col, row), property, word);
-  setOwn(col, row, style);
-  if (row == kEveryRow) dropFromCells(col, property);
+  if (row < 0) {
+    setOwn(col, row, styles_.with(own(col, row), property, word));
+    if (row == kEveryRow) dropFromCells(col, property);
+    return;
+  }
+  const auto place = rows_.write(row);
+  Number& style = place.block.writableColumn(col).writableStyle(place.index);
+  style = styles_.with(style, property, word);
+  admit(column(col), style);
 }
 
 void SheetContent::setOwn(int col, int row, Number style) {
@@ -89,7 +95,7 @@ void SheetContent::setOwn(int col, int row, Number style) {
   if (row == kEveryRow) return setDefaults(column(col), style);
   admit(column(col), style);
   const auto place = rows_.write(row);
-  place.block.writableColumn(col).setStyle(place.index, style);
+  place.block.writableColumn(col).writableStyle(place.index) = style;
 }
 
 void SheetContent::setBorder(int col, int firstRow, int lastRow, quint64 word) {

@@ -25,7 +25,7 @@ TEST(TextPool, StaysSmallAndRightWhileTextsComeAndGo) {
     pool.release(id);
     id = pool.take(QString::number(turn % 331));
     ASSERT_EQ(pool.text(id), QString::number(turn % 331));
-    ASSERT_LE(id, 101);
+    ASSERT_LE(id, 101U);
   }
 }
 
