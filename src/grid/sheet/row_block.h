@@ -33,8 +33,15 @@ class RowBlock {
   void append(int index, const RowBlock& other);
 
  private:
+  // Only columns with content, in their order: a cell far to the right costs no more than others.
+  struct NumberedColumn {
+    int col;
+    CellColumn cells;
+  };
+  std::size_t positionOf(int col) const;
+
   TextPool* pool_;
-  std::vector<CellColumn> columns_;
+  std::vector<NumberedColumn> columns_;
   std::vector<RowLook> looks_;
 };
 

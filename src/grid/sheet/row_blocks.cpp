@@ -75,6 +75,13 @@ RowBlocks::WritablePlace RowBlocks::write(int row) {
   return {own(run), row - runs_[run].first};
 }
 
+int RowBlocks::nextWritten(int row) const {
+  if (row >= count_) return count_;
+  std::size_t run = runOf(row);
+  while (run < runs_.size() && !runs_[run].block) ++run;
+  return run < runs_.size() ? std::max(row, runs_[run].first) : count_;
+}
+
 void RowBlocks::restyle(int col, int firstRow, int lastRow, const Restyle& map) {
   const bool skipsEmpty = map(StyleTable::kNothingSet) == StyleTable::kNothingSet;
   for (int row = firstRow; row <= lastRow;) {

@@ -32,6 +32,8 @@ class RowBlocks {
   // Rows at 0 <= row < count().
   Place find(int row) const;
   WritablePlace write(int row);
+  // The first row from row on that was ever written; count() when there is none.
+  int nextWritten(int row) const;
   void restyle(int col, int firstRow, int lastRow, const Restyle& map);
 
  private:

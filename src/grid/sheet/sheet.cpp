@@ -129,6 +129,10 @@ bool Sheet::IsRowHidden(int row) const {
   return place.block && place.block->look(place.index).hidden;
 }
 
+int Sheet::NextWrittenRow(int row) const {
+  return content_->blocks().nextWritten(std::max(row, 0));
+}
+
 quint64 Sheet::revision() const {
   return content_->revision;
 }

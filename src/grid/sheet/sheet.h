@@ -99,6 +99,10 @@ class Sheet {
   void InsertRows(int row, int count);
   void DeleteRows(int row, int count);
 
+  // The first row from row on that may hold anything of its own; Rows() when all from there are as
+  // new. Walks a sheet without visiting long empty stretches.
+  int NextWrittenRow(int row) const;
+
   // Grows with every change.
   quint64 revision() const;
 

@@ -124,6 +124,22 @@ TEST(SheetRows, MoveDownOnInsertingAndUpOnDeleting) {
   EXPECT_EQ(sheet.Rows(), 2);
 }
 
+TEST(SheetRows, AreWalkedWithoutVisitingLongEmptyStretches) {
+  Sheet sheet;
+  sheet.SetCols(2);
+  sheet.SetRows(kMaxRows);
+  sheet.SetCellText(1, 900'000'123, u"x"_qs);
+  sheet.HideRow(5);
+  int visited = 0;
+  bool isTextSeen = false;
+  for (int row = sheet.NextWrittenRow(0); row < kMaxRows; row = sheet.NextWrittenRow(row + 1)) {
+    ++visited;
+    isTextSeen |= sheet.GetCellText(1, row) == u"x"_qs;
+  }
+  EXPECT_TRUE(isTextSeen);
+  EXPECT_LT(visited, 2'000);
+}
+
 TEST(SheetRows, AreAppendedAndFilledOneByOneWithoutLosingAny) {
   Sheet sheet;
   sheet.SetCols(1);
