@@ -4,6 +4,8 @@
 
 #include <QString>
 
+#include <optional>
+
 namespace vellora {
 
 // Sums of these place a cell's text; 36 is centred both ways, 33 left and centred vertically.
@@ -28,7 +30,7 @@ struct CellFont {
   friend bool operator==(const CellFont&, const CellFont&) = default;
 };
 
-// How a cell looks and takes input. Equal styles are stored once (see StyleTable in sheet.h).
+// How a cell looks and takes input. Equal styles are stored once (see style_table.h).
 struct CellStyle {
   CellFont font;
   PackedColour textColour = kBlack;
@@ -37,10 +39,36 @@ struct CellStyle {
   int align = kAlignLeftMiddle;
   bool wrap = false;
   int inputMode = 0;
+  int option = 0;  // 1: the content stays text
   bool border = false;
   int borderWidth = 1;  // pixels
   PackedColour borderColour = kBlack;
   friend bool operator==(const CellStyle&, const CellStyle&) = default;
+};
+
+struct CellColours {
+  PackedColour text = kBlack;
+  PackedColour back = kWhite;
+  friend bool operator==(const CellColours&, const CellColours&) = default;
+};
+
+struct CellBorder {
+  int width = 1;  // pixels; 0: no border
+  PackedColour colour = kBlack;
+  friend bool operator==(const CellBorder&, const CellBorder&) = default;
+};
+
+// What was set on one cell, heading or column itself. What is absent follows the defaults below it:
+// a cell its column, a column and a heading their sheet.
+struct CellSettings {
+  std::optional<CellFont> font;
+  std::optional<CellColours> colours;
+  std::optional<CellBorder> border;
+  std::optional<int> align;
+  std::optional<int> inputMode;
+  std::optional<int> option;
+  std::optional<bool> wrap;
+  friend bool operator==(const CellSettings&, const CellSettings&) = default;
 };
 
 }  // namespace vellora

@@ -15,9 +15,21 @@ namespace vellora {
 inline constexpr int kHeadingRow = -1;
 inline constexpr int kEveryRow = -2;
 
+inline constexpr int kMaxCols = 32'767;
+inline constexpr int kMaxRows = 1'000'000'000;
+
+class SheetContent;
+enum class CellProperty : std::size_t;
+
 // One page of cells: plain data, no widget. Columns and rows count from 0, column first in every
-// call. Reading outside the sheet gives empty texts and default styles, writing outside is dropped.
-// Copies share their content until one of them changes. A million rows is normal.
+// call. Reading outside the sheet gives empty texts and default styles, writing outside is dropped,
+// counts and sizes out of range are brought into it. Copies share their content until one of them
+// changes: a copy is a cheap snapshot. A million rows is normal, and rows without content cost next
+// to nothing.
+//
+// A setting of a whole column (kEveryRow) takes that setting from its cells and holds for later
+// rows too, until a cell is set again. Texts and tags of a whole column reach the present rows. The
+// heading strip keeps settings of its own; without any it is centred.
 class Sheet {
  public:
   Sheet();
@@ -29,7 +41,8 @@ class Sheet {
 
   int Cols() const;
   int Rows() const;
-  // Fewer rows drop the cells beyond; SetRows(0) and then a larger count gives empty rows.
+  // At most kMaxCols and kMaxRows. Fewer drop the cells beyond; SetRows(0) and then a larger count
+  // gives empty rows that follow their columns' settings.
   void SetCols(int count);
   void SetRows(int count);
 
@@ -39,10 +52,11 @@ class Sheet {
   // A key that is never shown; "" when none was stored.
   void SetCellTag(int col, int row, const QString& tag);
   QString CellTag(int col, int row) const;
-  // Shows any value: numbers stay numbers, dates and times show as the planner writes them.
+  // Shows any value: numbers stay numbers (a text mark on the cell goes), true is 1, dates and
+  // times show as the planner writes them, null is empty.
   void SetCellValue(int col, int row, const QVariant& value);
-  // The number of a cell that was set as a number, or whose text is the shortest form of one and
-  // that has no text mark.
+  // The number of a cell whose text is the shortest form of one and that has no text mark; so "001"
+  // has none, and a cell set as a number has one.
   std::optional<double> CellNumber(int col, int row) const;
   // Option 1 marks the cell's content as text that is never turned into a number or a date.
   void SetCellOption(int col, int row, int option);
@@ -54,11 +68,21 @@ class Sheet {
   void SetCellColors(int col, int row, PackedColour text, PackedColour back);
   void SetCellFont(int col, int row, int size, int style, const QString& face);
   void SetDefaultFont(int size, int style, const QString& face);
+  // Kind 0: all edges of every cell in the range; a width of 0 takes the border away. Other kinds
+  // do nothing.
   void SetRangeBorder(int col1, int row1, int col2, int row2, int kind, int width,
                       PackedColour colour);
+  // Valid until this sheet changes or goes.
   const CellStyle& StyleAt(int col, int row) const;
   // Small number that is the same for equal styles of this sheet.
   int StyleNumberAt(int col, int row) const;
+  // What was set on the place itself, without defaults; what carries a cell's look elsewhere. Cells
+  // with equal numbers have equal settings. Setting replaces all that was set there; of a whole
+  // column it replaces the defaults and leaves the cells' own settings.
+  CellSettings SettingsAt(int col, int row) const;
+  int SettingsNumberAt(int col, int row) const;
+  void SetCellSettings(int col, int row, const CellSettings& settings);
+  CellFont DefaultFont() const;
 
   // Sizes in pixels at 100 %; none where only the default applies.
   void SetColumnWidth(int col, int width);
@@ -67,6 +91,7 @@ class Sheet {
   std::optional<int> RowHeight(int row) const;
   void SetDefaultRowHeight(int height);
   int DefaultRowHeight() const;
+  // Rows stay hidden, whatever their index becomes, until they are deleted.
   void HideRow(int row);
   bool IsRowHidden(int row) const;
 
@@ -74,12 +99,20 @@ class Sheet {
   void InsertRows(int row, int count);
   void DeleteRows(int row, int count);
 
+  // The first row from row on that may hold anything of its own; Rows() when all from there are as
+  // new. Walks a sheet without visiting long empty stretches.
+  int NextWrittenRow(int row) const;
+
   // Grows with every change.
   quint64 revision() const;
 
  private:
-  class Cells;
-  std::shared_ptr<Cells> cells_;
+  bool has(int col, int row) const;
+  bool hasRow(int row) const { return row >= 0 && row < Rows(); }
+  SheetContent& change();
+  void set(int col, int row, CellProperty property, quint64 word);
+
+  std::shared_ptr<SheetContent> content_;
 };
 
 }  // namespace vellora

@@ -19,7 +19,9 @@ struct PageSetup {
   friend bool operator==(const PageSetup&, const PageSetup&) = default;
 };
 
-// Named sheets in order, one of them current. There is always at least one sheet.
+// Named sheets in order from 0, one of them current. There is always at least one sheet. A sheet
+// that does not exist has no name and cannot be named or made current; sheetAt() must be given one
+// that exists.
 class Workbook {
  public:
   Workbook();
@@ -43,6 +45,8 @@ class Workbook {
     QString name;
     Sheet sheet;
   };
+  bool has(int sheet) const;
+
   std::vector<Page> pages_;
   int current_ = 0;
 };

@@ -1,0 +1,90 @@
+#include "grid/sheet/cell_column.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace vellora {
+
+CellColumn::CellColumn(const CellColumn& other) : pool_(other.pool_) {
+  append(0, other);
+}
+
+CellColumn& CellColumn::operator=(CellColumn other) noexcept {
+  std::swap(pool_, other.pool_);
+  cells_.swap(other.cells_);
+  return *this;
+}
+
+CellColumn::~CellColumn() {
+  remove(0, static_cast<int>(cells_.size()));
+}
+
+const CellColumn::Cell& CellColumn::at(int index) const {
+  static constexpr Cell kEmptyCell;
+  const auto position = static_cast<std::size_t>(index);
+  return position < cells_.size() ? cells_[position] : kEmptyCell;
+}
+
+CellColumn::Cell& CellColumn::writable(int index) {
+  const auto position = static_cast<std::size_t>(index);
+  if (position >= cells_.size()) cells_.resize(position + 1);
+  return cells_[position];
+}
+
+void CellColumn::replace(TextPool::Id& id, const QString& text) {
+  const TextPool::Id old = id;
+  id = pool_->take(text);
+  pool_->release(old);
+}
+
+void CellColumn::restyle(int first, int last, const Restyle& map) {
+  if (map(StyleTable::kNothingSet) == StyleTable::kNothingSet) {
+    last = std::min(last, static_cast<int>(cells_.size()) - 1);
+  }
+  StyleTable::Number from = StyleTable::kNothingSet;
+  StyleTable::Number to = map(from);
+  for (int index = last; index >= first; --index) {
+    Cell& cell = writable(index);
+    if (cell.style != from) to = map(from = cell.style);
+    cell.style = to;
+  }
+}
+
+void CellColumn::insert(int index, int count) {
+  const auto position = static_cast<std::size_t>(index);
+  if (position >= cells_.size()) return;
+  cells_.insert(cells_.begin() + index, static_cast<std::size_t>(count), Cell());
+}
+
+void CellColumn::remove(int index, int count) {
+  const int end = std::min(index + count, static_cast<int>(cells_.size()));
+  if (index >= end) return;
+  const auto from = cells_.begin() + index;
+  const auto to = cells_.begin() + end;
+  std::for_each(from, to, [this](const Cell& cell) {
+    pool_->release(cell.text);
+    pool_->release(cell.tag);
+  });
+  cells_.erase(from, to);
+}
+
+CellColumn CellColumn::splitOff(int index) {
+  CellColumn tail(*pool_);
+  if (static_cast<std::size_t>(index) >= cells_.size()) return tail;
+  tail.cells_.assign(cells_.begin() + index, cells_.end());
+  cells_.resize(static_cast<std::size_t>(index));
+  return tail;
+}
+
+void CellColumn::append(int index, const CellColumn& other) {
+  if (other.cells_.empty()) return;
+  cells_.reserve(static_cast<std::size_t>(index) + other.cells_.size());
+  cells_.resize(static_cast<std::size_t>(index));
+  cells_.insert(cells_.end(), other.cells_.begin(), other.cells_.end());
+  for (const Cell& cell : other.cells_) {
+    pool_->retain(cell.text);
+    pool_->retain(cell.tag);
+  }
+}
+
+}  // namespace vellora

@@ -1,0 +1,140 @@
+#include "grid/sheet/sheet.h"
+
+#include "grid/sheet/sheet_content.h"
+
+#include <algorithm>
+
+namespace vellora {
+namespace {
+
+constexpr int kMaxPixels = 32'767;
+
+std::shared_ptr<SheetContent> emptyContent() {
+  static const auto kEmpty = std::make_shared<SheetContent>();
+  return kEmpty;
+}
+
+}  // namespace
+
+Sheet::Sheet() : content_(emptyContent()) {}
+Sheet::Sheet(const Sheet&) = default;
+Sheet::Sheet(Sheet&& other) noexcept : content_(std::exchange(other.content_, emptyContent())) {}
+Sheet& Sheet::operator=(const Sheet&) = default;
+Sheet::~Sheet() = default;
+
+Sheet& Sheet::operator=(Sheet&& other) noexcept {
+  content_.swap(other.content_);
+  return *this;
+}
+
+bool Sheet::has(int col, int row) const {
+  return col >= 0 && col < Cols() && row >= kEveryRow && row < Rows();
+}
+
+// Every change begins here: takes a copy for itself when the content is shared.
+SheetContent& Sheet::change() {
+  if (content_.use_count() > 1) content_ = std::make_shared<SheetContent>(*content_);
+  ++content_->revision;
+  return *content_;
+}
+
+void Sheet::set(int col, int row, CellProperty property, quint64 word) {
+  if (has(col, row)) change().set(col, row, property, word);
+}
+
+int Sheet::Cols() const {
+  return content_->cols();
+}
+
+int Sheet::Rows() const {
+  return content_->rows();
+}
+
+void Sheet::SetCols(int count) {
+  count = std::clamp(count, 0, kMaxCols);
+  if (count != Cols()) change().setCols(count);
+}
+
+void Sheet::SetRows(int count) {
+  count = std::clamp(count, 0, kMaxRows);
+  if (count != Rows()) change().blocks().resize(count);
+}
+
+void Sheet::InsertRows(int row, int count) {
+  count = std::min(count, kMaxRows - Rows());
+  if (row < 0 || row > Rows() || count <= 0) return;
+  change().blocks().insert(row, count);
+}
+
+void Sheet::DeleteRows(int row, int count) {
+  if (!hasRow(row) || count <= 0) return;
+  change().blocks().remove(row, std::min(count, Rows() - row));
+}
+
+QString Sheet::GetCellText(int col, int row) const {
+  return has(col, row) ? content_->text(col, row) : QString();
+}
+
+void Sheet::SetCellText(int col, int row, const QString& text) {
+  if (!has(col, row)) return;
+  if (row == kEveryRow || content_->text(col, row) != text) change().setText(col, row, text);
+}
+
+QString Sheet::CellTag(int col, int row) const {
+  return has(col, row) ? content_->tag(col, row) : QString();
+}
+
+void Sheet::SetCellTag(int col, int row, const QString& tag) {
+  if (!has(col, row)) return;
+  if (row == kEveryRow || content_->tag(col, row) != tag) change().setTag(col, row, tag);
+}
+
+void Sheet::SetColumnWidth(int col, int width) {
+  if (has(col, kEveryRow)) change().setWidth(col, std::clamp(width, 0, kMaxPixels));
+}
+
+std::optional<int> Sheet::ColumnWidth(int col) const {
+  return has(col, kEveryRow) ? content_->width(col) : std::nullopt;
+}
+
+void Sheet::SetRowHeight(int row, int height) {
+  if (!hasRow(row)) return;
+  const auto place = change().blocks().write(row);
+  place.block.writableLook(place.index).height = std::clamp(height, 0, kMaxPixels);
+}
+
+std::optional<int> Sheet::RowHeight(int row) const {
+  if (!hasRow(row)) return std::nullopt;
+  const auto place = content_->blocks().find(row);
+  return place.block ? place.block->look(place.index).height : std::nullopt;
+}
+
+void Sheet::SetDefaultRowHeight(int height) {
+  change().defaultRowHeight = std::clamp(height, 1, kMaxPixels);
+}
+
+int Sheet::DefaultRowHeight() const {
+  return content_->defaultRowHeight;
+}
+
+void Sheet::HideRow(int row) {
+  if (!hasRow(row)) return;
+  const auto place = change().blocks().write(row);
+  place.block.writableLook(place.index).hidden = true;
+}
+
+bool Sheet::IsRowHidden(int row) const {
+  if (!hasRow(row)) return false;
+  const auto place = content_->blocks().find(row);
+  return place.block && place.block->look(place.index).hidden;
+}
+
+int Sheet::NextWrittenRow(int row) const {
+  return content_->blocks().nextWritten(std::max(row, 0));
+}
+
+quint64 Sheet::revision() const {
+  return content_->revision;
+}
+
+}  // namespace vellora

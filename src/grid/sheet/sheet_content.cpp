@@ -1,0 +1,152 @@
+#include "grid/sheet/sheet_content.h"
+
+#include "grid/sheet/sheet.h"
+
+#include <limits>
+
+namespace vellora {
+namespace {
+
+using Number = StyleTable::Number;
+
+constexpr Number kUnknown = std::numeric_limits<Number>::max();
+
+}  // namespace
+
+SheetContent::SheetContent() {
+  setDefaultFont(CellFont());
+}
+
+void SheetContent::setCols(int count) {
+  const auto old = columns_.size();
+  if (count < cols()) rows_.keepColumns(count);
+  columns_.resize(static_cast<std::size_t>(count));
+  for (std::size_t col = old; col < columns_.size(); ++col) {
+    setDefaults(columns_[col], StyleTable::kNothingSet);
+    setHeading(columns_[col], StyleTable::kNothingSet);
+  }
+}
+
+QString SheetContent::text(int col, int row) const {
+  if (row == kHeadingRow) return column(col).headingText;
+  if (row == kEveryRow) return {};
+  const auto place = rows_.find(row);
+  const CellColumn* cells = place.block ? place.block->column(col) : nullptr;
+  return cells ? cells->text(place.index) : QString();
+}
+
+QString SheetContent::tag(int col, int row) const {
+  if (row == kHeadingRow) return column(col).headingTag;
+  if (row == kEveryRow) return {};
+  const auto place = rows_.find(row);
+  const CellColumn* cells = place.block ? place.block->column(col) : nullptr;
+  return cells ? cells->tag(place.index) : QString();
+}
+
+void SheetContent::setText(int col, int row, const QString& text) {
+  if (row == kHeadingRow) {
+    column(col).headingText = text;
+  } else if (row == kEveryRow) {
+    for (int r = 0; r < rows(); ++r) setText(col, r, text);
+  } else {
+    const auto place = rows_.write(row);
+    place.block.writableColumn(col).setText(place.index, text);
+  }
+}
+
+void SheetContent::setTag(int col, int row, const QString& tag) {
+  if (row == kHeadingRow) {
+    column(col).headingTag = tag;
+  } else if (row == kEveryRow) {
+    for (int r = 0; r < rows(); ++r) setTag(col, r, tag);
+  } else {
+    const auto place = rows_.write(row);
+    place.block.writableColumn(col).setTag(place.index, tag);
+  }
+}
+
+Number SheetContent::own(int col, int row) const {
+  if (row == kHeadingRow) return column(col).heading;
+  if (row == kEveryRow) return column(col).defaults;
+  const auto place = rows_.find(row);
+  const CellColumn* cells = place.block ? place.block->column(col) : nullptr;
+  return cells ? cells->style(place.index) : StyleTable::kNothingSet;
+}
+
+Number SheetContent::shown(int col, int row) const {
+  if (row == kHeadingRow) return column(col).headingShown;
+  return column(col).shown[row == kEveryRow ? StyleTable::kNothingSet : own(col, row)];
+}
+
+void SheetContent::set(int col, int row, CellProperty property, quint64 word) {
+  if (row < 0) {
+    setOwn(col, row, styles_.with(own(col, row), property, word));
+    if (row == kEveryRow) dropFromCells(col, property);
+    return;
+  }
+  const auto place = rows_.write(row);
+  Number& style = place.block.writableColumn(col).writableStyle(place.index);
+  style = styles_.with(style, property, word);
+  admit(column(col), style);
+}
+
+void SheetContent::setOwn(int col, int row, Number style) {
+  if (row == kHeadingRow) return setHeading(column(col), style);
+  if (row == kEveryRow) return setDefaults(column(col), style);
+  admit(column(col), style);
+  const auto place = rows_.write(row);
+  place.block.writableColumn(col).writableStyle(place.index) = style;
+}
+
+void SheetContent::setBorder(int col, int firstRow, int lastRow, quint64 word) {
+  rows_.restyle(col, firstRow, lastRow, [&](Number own) {
+    const Number style = styles_.with(own, CellProperty::Border, word);
+    admit(column(col), style);
+    return style;
+  });
+}
+
+void SheetContent::setDefaultFont(const CellFont& font) {
+  const quint64 word = styles_.fontWord(font);
+  base_ = styles_.with(StyleTable::kNothingSet, CellProperty::Font, word);
+  headingBase_ = styles_.with(base_, CellProperty::Align, StyleTable::plainWord(kAlignCentred));
+  for (Column& column : columns_) {
+    setDefaults(column, column.defaults);
+    setHeading(column, column.heading);
+  }
+}
+
+// Prepares the column for a cell with these settings, so that reading is two look-ups.
+void SheetContent::admit(Column& column, Number own) {
+  if (own >= column.shown.size()) column.shown.resize(own + 1, kUnknown);
+  if (column.shown[own] != kUnknown) return;
+  column.shown[own] = styles_.over(styles_.over(own, column.defaults), base_);
+  column.cellProperties |= styles_.properties(own);
+}
+
+void SheetContent::setDefaults(Column& column, Number defaults) {
+  column.defaults = defaults;
+  const std::vector<Number> known = std::exchange(column.shown, {});
+  admit(column, StyleTable::kNothingSet);
+  for (std::size_t own = 0; own < known.size(); ++own) {
+    if (known[own] != kUnknown) admit(column, static_cast<Number>(own));
+  }
+}
+
+void SheetContent::setHeading(Column& column, Number own) {
+  column.heading = own;
+  column.headingShown = styles_.over(own, headingBase_);
+}
+
+// A setting of the whole column replaces what single cells had.
+void SheetContent::dropFromCells(int col, CellProperty property) {
+  Column& changed = column(col);
+  if ((changed.cellProperties & bitOf(property)) == 0) return;
+  rows_.restyle(col, 0, rows() - 1, [&](Number own) {
+    const Number style = styles_.without(own, property);
+    admit(changed, style);
+    return style;
+  });
+}
+
+}  // namespace vellora

@@ -1,0 +1,73 @@
+#pragma once
+
+#include "grid/sheet/row_blocks.h"
+
+#include <QVariant>
+
+namespace vellora {
+
+// What a sheet is made of; Sheet shares it between copies and guards its bounds. Every place here
+// is one that exists: 0 <= col < columns, and a row of the sheet, kHeadingRow or kEveryRow.
+class SheetContent {
+ public:
+  SheetContent();
+
+  int cols() const { return static_cast<int>(columns_.size()); }
+  int rows() const { return rows_.count(); }
+  void setCols(int count);
+  RowBlocks& blocks() { return rows_; }
+  const RowBlocks& blocks() const { return rows_; }
+
+  QString text(int col, int row) const;
+  QString tag(int col, int row) const;
+  void setText(int col, int row, const QString& text);
+  void setTag(int col, int row, const QString& tag);
+
+  // Numbers of what was set on the place itself, and of what it looks like with the defaults below.
+  StyleTable::Number own(int col, int row) const;
+  StyleTable::Number shown(int col, int row) const;
+  StyleTable::Number shownOutside() const { return base_; }
+  StyleTable& styles() { return styles_; }
+  const StyleTable& styles() const { return styles_; }
+
+  void set(int col, int row, CellProperty property, quint64 word);
+  // Replaces everything that was set on the place. Of a column it replaces the defaults only.
+  void setOwn(int col, int row, StyleTable::Number style);
+  void setBorder(int col, int firstRow, int lastRow, quint64 word);
+  void setDefaultFont(const CellFont& font);
+  CellFont defaultFont() const { return styles_.look(base_).font; }
+
+  std::optional<int> width(int col) const { return column(col).width; }
+  void setWidth(int col, int width) { column(col).width = width; }
+
+  int defaultRowHeight = 24;
+  quint64 revision = 0;
+
+ private:
+  struct Column {
+    std::optional<int> width;
+    QString headingText;
+    QString headingTag;
+    StyleTable::Number heading = StyleTable::kNothingSet;
+    StyleTable::Number headingShown = StyleTable::kNothingSet;
+    StyleTable::Number defaults = StyleTable::kNothingSet;
+    quint32 cellProperties = 0;  // set on at least one cell, or were once
+    // By the number of what was set on a cell: what the cell looks like.
+    std::vector<StyleTable::Number> shown;
+  };
+
+  Column& column(int col) { return columns_[static_cast<std::size_t>(col)]; }
+  const Column& column(int col) const { return columns_[static_cast<std::size_t>(col)]; }
+  void admit(Column& column, StyleTable::Number own);
+  void setDefaults(Column& column, StyleTable::Number defaults);
+  void setHeading(Column& column, StyleTable::Number own);
+  void dropFromCells(int col, CellProperty property);
+
+  std::vector<Column> columns_;
+  RowBlocks rows_;
+  StyleTable styles_;
+  StyleTable::Number base_;
+  StyleTable::Number headingBase_;
+};
+
+}  // namespace vellora
