@@ -20,6 +20,7 @@ struct GridColours {
   QColor current;  // frame of the current cell
   QColor selectionText;
   QColor selectionPaper;
+  QColor today;  // marks a column; see markColumn
 };
 
 // The spreadsheet that every window draws on: shows the current sheet of a workbook and offers the
@@ -97,6 +98,9 @@ class GridSurface : public QTableView {
   void setEditable(bool on);
   void setDocumentName(const QString& name);
   void setColours(const GridColours& colours);
+  // Sets one column apart (its frozen heading and its edges) without touching its cells' colours;
+  // −1 for none.
+  void markColumn(int col);
 
   // Between the two calls every change to the sheet, the user's or the program's, becomes one undo
   // step. Rules that change several rows at once are wrapped in it.

@@ -1,0 +1,31 @@
+#include "app/platform.h"
+#include "app/start_up.h"
+#include "shell/box_prompts.h"
+#include "store/store_error.h"
+
+#include <QApplication>
+#include <QTextStream>
+
+namespace {
+
+int failToStart(vellora::Prompts& prompts, const vellora::StoreError& error) {
+  QTextStream(stderr) << error.description() << Qt::endl;
+  prompts.warn(nullptr, error.description());
+  return EXIT_FAILURE;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  QApplication application(argc, argv);
+  vellora::setUpPlatform(application);
+  vellora::BoxPrompts prompts;
+  const vellora::SystemClock clock;
+  try {
+    vellora::StartUp startUp(QApplication::applicationDirPath(), prompts, clock);
+    startUp.showBoard();
+    return QApplication::exec();
+  } catch (const vellora::StoreError& error) {
+    return failToStart(prompts, error);
+  }
+}

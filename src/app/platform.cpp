@@ -1,0 +1,40 @@
+#include "app/platform.h"
+
+#include <QApplication>
+#include <QFont>
+#include <QLibraryInfo>
+#include <QLocale>
+#include <QTranslator>
+
+namespace vellora {
+namespace {
+
+// Serif, script and sans faces, best first; the first that is installed is drawn.
+void substituteFaces() {
+  QFont::insertSubstitutions(u"宋体"_qs,
+                             {u"SimSun"_qs, u"AR PL UMing CN"_qs, u"Noto Serif CJK SC"_qs});
+  QFont::insertSubstitutions(u"楷体_GB2312"_qs,
+                             {u"KaiTi"_qs, u"AR PL UKai CN"_qs, u"AR PL KaitiM GB"_qs});
+  QFont::insertSubstitutions(u"黑体"_qs,
+                             {u"SimHei"_qs, u"WenQuanYi Zen Hei"_qs, u"Noto Sans CJK SC"_qs});
+}
+
+void translateQt(QApplication& application) {
+  auto* translator = new QTranslator(&application);
+  if (translator->load(QLocale(), u"qtbase"_qs, u"_"_qs,
+                       QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
+    QCoreApplication::installTranslator(translator);
+  }
+}
+
+}  // namespace
+
+void setUpPlatform(QApplication& application) {
+  QLocale::setDefault(QLocale(QLocale::Chinese, QLocale::China));
+  QApplication::setStyle(u"Fusion"_qs);
+  QApplication::setApplicationDisplayName(QString());
+  substituteFaces();
+  translateQt(application);
+}
+
+}  // namespace vellora

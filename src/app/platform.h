@@ -1,0 +1,11 @@
+#pragma once
+
+class QApplication;
+
+namespace vellora {
+
+// Makes the program look and speak the same on every desktop: Chinese locale and dialogs, the
+// Fusion style, and installed faces in place of the Chinese faces that the planner asks for.
+void setUpPlatform(QApplication& application);
+
+}  // namespace vellora

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "grid/sheet/sheet.h"
+#include "routine/colour.h"
+#include "store/schedule_store.h"
+
+#include <QDate>
+#include <QString>
+
+namespace vellora {
+
+// The board is a sheet of eight columns: row 0 holds the seven days, column 0 the time blocks.
+inline constexpr int kBoardCols = 8;
+inline constexpr int kBoardDays = 7;
+inline constexpr PackedColour kPlanPaper = packColour(230, 220, 255);
+
+// What the fill finds besides the cells.
+struct WeekTexts {
+  QString memo;      // of the first day
+  QString weekName;  // of the first range that holds the first day
+};
+
+// One row per time block in the order of their codes, below the row of days: hours and name in
+// column 0, the block's code as its tag.
+void BuildTimeRows(ScheduleStore& store, Sheet& sheet);
+
+// The seven days from `first`: headings with the date as tag, and in each planned cell the
+// activity, its requirement, its colour, and its name as tag. Reads one view of the database.
+WeekTexts FillWeek(ScheduleStore& store, Sheet& sheet, QDate first);
+
+// The board's caption: program, date, and the memo if there is one.
+QString boardCaption(QDate first, const QString& memo);
+
+}  // namespace vellora

@@ -1,0 +1,204 @@
+#include "board/week_board.h"
+
+#include "board/board_filler.h"
+#include "grid/files/workbook_file.h"
+#include "grid/surface/grid_surface.h"
+#include "routine/calendar_text.h"
+#include "shell/date_stepper.h"
+#include "store/statements.h"
+#include "store/store_error.h"
+
+#include <QFile>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace vellora {
+namespace {
+
+constexpr int kBoardRowHeight = 38;  // two lines of the board's font
+
+DateStepper* makeStepper(QWidget* parent) {
+  return new DateStepper({u"D1"_qs, u"Lxq"_qs, u"起始日期"_qs},
+                         {{u"Cm1"_qs, u"<<"_qs, u"上一周"_qs, -7},
+                          {u"Cm2"_qs, u"<"_qs, u"前一天"_qs, -1},
+                          {u"Cm3"_qs, u">"_qs, u"后一天"_qs, 1},
+                          {u"Cm4"_qs, u">>"_qs, u"下一周"_qs, 7}},
+                         parent);
+}
+
+}  // namespace
+
+WeekBoard::WeekBoard(ApplicationState& state)
+    : PlannerWindow(state),
+      commands_(new CommandBar(this)),
+      days_(makeStepper(this)),
+      week_name_(new QLabel(this)),
+      grid_(new GridSurface(this)) {
+  setObjectName(u"Form0"_qs);
+  setWindowTitle(programTitle());
+  grid_->setObjectName(u"Cell1"_qs);
+  grid_->setAccessibleName(u"周计划表"_qs);
+  week_name_->setObjectName(u"Lmm"_qs);
+  layOut();
+  connect(days_, &DateStepper::dateChanged, this, &WeekBoard::fillAfterStep);
+  connect(commands_, &CommandBar::triggered, this, &WeekBoard::runCommand);
+  for (int i = 0; i < kBoardCommandCount; ++i) {
+    commands_->button(static_cast<BoardCommand>(i)).setEnabled(false);
+  }
+  attachCommand(BoardCommand::Print, [this] { print(); });
+  attachCommand(BoardCommand::ClearSchedule, [this] { clearSchedule(); });
+  attachCommand(BoardCommand::Exit, [this] { close(); });
+}
+
+WeekBoard::~WeekBoard() = default;
+
+void WeekBoard::layOut() {
+  auto* top = new QHBoxLayout;
+  top->addWidget(days_);
+  top->addSpacing(top->spacing() * 2);
+  top->addWidget(week_name_, 1);
+  auto* right = new QVBoxLayout;
+  right->addLayout(top);
+  right->addWidget(grid_, 1);
+  auto* all = new QHBoxLayout(this);
+  all->addWidget(commands_);
+  all->addLayout(right, 1);
+  resize(1080, 720);
+}
+
+void WeekBoard::attachCommand(BoardCommand command, Handler handler) {
+  handlers_[command] = std::move(handler);
+  commands_->button(command).setEnabled(true);
+}
+
+QDate WeekBoard::firstDay() const {
+  return days_->date();
+}
+
+QString WeekBoard::templatePath() const {
+  return state().programFile(u"JH.ZRT"_qs);
+}
+
+void WeekBoard::load() {
+  setWindowTitle(u"Vellora日程表2.8版    "_qs + isoDate(firstDay()) + u' ');
+  setRedrawFlag();
+  const QSignalBlocker untilActivated(days_);
+  days_->setDate(state().clock.today());
+}
+
+void WeekBoard::RebuildBoard() {
+  putSkinOn();
+  if (!redraw_) return;
+  try {
+    rebuildFromDatabase();
+    redraw_ = false;
+  } catch (const StoreError& error) {
+    grid_->SetRedrawSwitch(true);
+    prompts().warn(this, error.description());
+  }
+}
+
+void WeekBoard::rebuildFromDatabase() {
+  unsetCursor();
+  openTemplate();
+  setUpGrid();
+  BuildTimeRows();
+  FillWeek();
+}
+
+// A missing or unreadable template gives an empty sheet: the board's contents come from the
+// database, only sizes and page set-up are lost.
+void WeekBoard::openTemplate() {
+  try {
+    grid_->OpenFile(templatePath());
+  } catch (const FileError&) {
+    grid_->workbook() = Workbook();
+  }
+}
+
+void WeekBoard::setUpGrid() {
+  grid_->SetCols(kBoardCols);
+  grid_->setHeadingStripVisible(false);
+  grid_->setRowNumbersVisible(false);
+  grid_->setFrozen(1, 1);
+  grid_->setSharesWidth(true);
+  grid_->setEditable(false);
+  grid_->SetRedrawSwitch(false);
+  grid_->SetDefaultRowHeight(kBoardRowHeight);
+  for (int col = 0; col < kBoardCols; ++col) {
+    grid_->SetCellFont(col, kHeadingRow, 8, kFontRegular, u"宋体"_qs);
+  }
+  grid_->SetDefaultFont(8, kFontRegular, u"宋体"_qs);
+  grid_->SetCellText(0, 0, u"时间\\日期"_qs);
+  for (int col = 0; col < kBoardCols; ++col) grid_->SetCellInput(col, kEveryRow, 1);
+}
+
+void WeekBoard::BuildTimeRows() {
+  vellora::BuildTimeRows(state().Db, grid_->sheet());
+  grid_->Redraw();
+  grid_->SetCurrentCell(0, 1);
+  grid_->SetCurrentCell(0, 0);
+}
+
+void WeekBoard::FillWeek() {
+  const QDate first = firstDay();
+  const WeekTexts texts = vellora::FillWeek(state().Db, grid_->sheet(), first);
+  // Qt reads "[*]" in a title as a mark of its own; doubled it stands for itself.
+  setWindowTitle(boardCaption(first, texts.memo).replace(u"[*]"_qs, u"[*][*]"_qs));
+  week_name_->setText(texts.weekName);
+  grid_->SetRangeBorder(0, 0, grid_->Cols() - 1, grid_->Rows() - 1, 0, 1, kBlue);
+  const qint64 untilToday = first.daysTo(state().clock.today());
+  grid_->markColumn(untilToday >= 0 && untilToday < kBoardDays ? int(untilToday) + 1 : -1);
+  grid_->Redraw();
+  grid_->SetRedrawSwitch(true);
+  grid_->SetCurrentCell(1, 1);
+}
+
+void WeekBoard::fillAfterStep() {
+  try {
+    FillWeek();
+  } catch (const StoreError& error) {
+    grid_->Redraw();
+    prompts().warn(this, error.description());
+  }
+}
+
+void WeekBoard::runCommand(BoardCommand command) {
+  handlers_.at(command)();
+  if (isVisible()) Activate();
+}
+
+// The preview comes first; the template then keeps the sizes the user dragged.
+void WeekBoard::print() {
+  grid_->PrintBoard(true);
+  try {
+    grid_->SaveFile(templatePath());
+  } catch (const FileError& error) {
+    prompts().warn(this, error.description());
+  }
+}
+
+void WeekBoard::clearSchedule() {
+  if (!prompts().ask(
+          this,
+          u"清空操作将删除所有的活动计划、备忘录和每周命名,清空前最好进行备份,真的要清空全部"
+          u"计划吗?"_qs)) {
+    return;
+  }
+  try {
+    ScheduleStore::Transaction all(state().Db);
+    for (const auto& statement : {statements::deletePlans(), statements::deleteMemos(),
+                                  statements::deleteWeekNames(), statements::deleteSkinSetting()}) {
+      state().Db.execute(statement);
+    }
+    all.commit();
+  } catch (const StoreError& error) {
+    prompts().warn(this, error.description());
+    return;
+  }
+  fillAfterStep();
+}
+
+}  // namespace vellora

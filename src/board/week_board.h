@@ -1,0 +1,64 @@
+#pragma once
+
+#include "board/command_bar.h"
+#include "shell/planner_window.h"
+
+#include <functional>
+#include <map>
+
+class QLabel;
+
+namespace vellora {
+
+class DateStepper;
+class GridSurface;
+
+// The main window: seven days from the picked date by the time blocks. It knows no other window;
+// what its commands and clicks open is attached from outside.
+class WeekBoard : public PlannerWindow {
+  Q_OBJECT
+
+ public:
+  explicit WeekBoard(ApplicationState& state);
+  ~WeekBoard() override;
+
+  // A command that nothing is attached to, and that the board does not carry out itself, is
+  // disabled. The handler opens its window over the board and returns when it has closed; the
+  // board is then activated, and rebuilt if the handler asked for that.
+  using Handler = std::function<void()>;
+  void attachCommand(BoardCommand command, Handler handler);
+
+  QDate firstDay() const;
+  void setRedrawFlag() { redraw_ = true; }
+
+  // Lays the whole board out anew from template and database.
+  void RebuildBoard();
+  void BuildTimeRows();
+  // Fills headings, labels, caption and day cells for the picked date.
+  void FillWeek();
+
+ protected:
+  void load() override;
+  void activate() override { RebuildBoard(); }
+  bool closesOnEscape() const override { return false; }
+
+ private:
+  void layOut();
+  void setUpGrid();
+  void openTemplate();
+  void rebuildFromDatabase();
+  void fillAfterStep();
+  void runCommand(BoardCommand command);
+  void print();
+  void clearSchedule();
+  QString templatePath() const;
+
+  CommandBar* commands_;
+  DateStepper* days_;
+  QLabel* week_name_;
+  GridSurface* grid_;
+  std::map<BoardCommand, Handler> handlers_;
+  bool redraw_ = false;
+};
+
+}  // namespace vellora

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "shell/prompts.h"
+
+namespace vellora {
+
+// Prompts as message boxes and file dialogs.
+class BoxPrompts final : public Prompts {
+ public:
+  void warn(QWidget* parent, const QString& text) override;
+  bool ask(QWidget* parent, const QString& question) override;
+  void inform(QWidget* parent, const QString& text) override;
+  QString chooseFile(QWidget* parent, const QString& title, const QString& filter,
+                     const QString& folder) override;
+};
+
+}  // namespace vellora

@@ -1,0 +1,72 @@
+#include "shell/date_stepper.h"
+
+#include "routine/calendar_text.h"
+
+#include <QCalendarWidget>
+#include <QDateEdit>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLocale>
+#include <QPushButton>
+
+namespace vellora {
+namespace {
+
+// The seven days from any date that can be picked still have four-digit years.
+const QDate kFirstDate(1752, 9, 14);
+const QDate kLastDate(9999, 12, 24);
+
+QDateEdit* makePicker(const DateStepper::Names& names, QWidget* parent) {
+  auto* picker = new QDateEdit(parent);
+  picker->setObjectName(names.picker);
+  picker->setAccessibleName(names.accessible);
+  picker->setDisplayFormat(u"yyyy-MM-dd"_qs);
+  picker->setDateRange(kFirstDate, kLastDate);
+  picker->setCalendarPopup(true);
+  return picker;
+}
+
+}  // namespace
+
+DateStepper::DateStepper(const Names& names, std::initializer_list<StepButton> buttons,
+                         QWidget* parent)
+    : QWidget(parent), picker_(makePicker(names, this)), weekday_(new QLabel(this)) {
+  weekday_->setObjectName(names.weekdayLabel);
+  auto* row = new QHBoxLayout(this);
+  row->setContentsMargins({});
+  const auto addButton = [&](const StepButton& step) {
+    auto* button = new QPushButton(step.caption, this);
+    button->setObjectName(step.objectName);
+    button->setToolTip(step.toolTip);
+    connect(button, &QPushButton::clicked, this,
+            [this, days = step.days] { setDate(date().addDays(days)); });
+    row->addWidget(button);
+  };
+  for (const auto& step : buttons) {
+    if (step.days < 0) addButton(step);
+  }
+  row->addWidget(picker_);
+  for (const auto& step : buttons) {
+    if (step.days > 0) addButton(step);
+  }
+  row->addWidget(weekday_);
+  connect(picker_, &QDateEdit::dateChanged, this, [this](QDate day) {
+    showWeekday();
+    emit dateChanged(day);
+  });
+  showWeekday();
+}
+
+QDate DateStepper::date() const {
+  return picker_->date();
+}
+
+void DateStepper::setDate(QDate date) {
+  picker_->setDate(qBound(kFirstDate, date, kLastDate));
+}
+
+void DateStepper::showWeekday() {
+  weekday_->setText(weekdayName(date()));
+}
+
+}  // namespace vellora

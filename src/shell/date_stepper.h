@@ -1,0 +1,49 @@
+#pragma once
+
+#include <QDate>
+#include <QWidget>
+
+#include <initializer_list>
+
+class QDateEdit;
+class QLabel;
+
+namespace vellora {
+
+// A date picker with buttons that step by days and a label that names its weekday.
+class DateStepper : public QWidget {
+  Q_OBJECT
+
+ public:
+  struct StepButton {
+    QString objectName;
+    QString caption;
+    QString toolTip;
+    int days;
+  };
+  struct Names {
+    QString picker;        // object name of the date picker
+    QString weekdayLabel;  // object name of the weekday label
+    QString accessible;    // what assistive tools call the picker
+  };
+
+  // Buttons that step back stand before the picker, the others behind it.
+  DateStepper(const Names& names, std::initializer_list<StepButton> buttons,
+              QWidget* parent = nullptr);
+
+  QDate date() const;
+  // Emits dateChanged when the date is another one.
+  void setDate(QDate date);
+  QDateEdit* picker() const { return picker_; }
+
+ signals:
+  void dateChanged(QDate date);
+
+ private:
+  void showWeekday();
+
+  QDateEdit* picker_;
+  QLabel* weekday_;
+};
+
+}  // namespace vellora

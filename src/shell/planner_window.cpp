@@ -1,0 +1,50 @@
+#include "shell/planner_window.h"
+
+#include "shell/skin.h"
+
+#include <QCloseEvent>
+#include <QEventLoop>
+#include <QKeyEvent>
+
+namespace vellora {
+
+PlannerWindow::PlannerWindow(ApplicationState& state, QWidget* parent)
+    : QWidget(parent, Qt::Window), state_(state) {}
+
+void PlannerWindow::putSkinOn() {
+  applySkin(state_.SkinPath, *this);
+}
+
+void PlannerWindow::Load() {
+  putSkinOn();
+  load();
+}
+
+void PlannerWindow::Show() {
+  show();
+  activate();
+}
+
+void PlannerWindow::ShowModal() {
+  setWindowModality(Qt::ApplicationModal);
+  QEventLoop untilClosed;
+  connect(this, &PlannerWindow::closed, &untilClosed, &QEventLoop::quit);
+  Show();
+  untilClosed.exec();
+}
+
+void PlannerWindow::closeEvent(QCloseEvent* event) {
+  unload();
+  event->accept();
+  emit closed();
+}
+
+void PlannerWindow::keyPressEvent(QKeyEvent* event) {
+  if (event->key() != Qt::Key_Escape || !closesOnEscape() || hasUnsavedTyping()) {
+    QWidget::keyPressEvent(event);
+    return;
+  }
+  close();
+}
+
+}  // namespace vellora

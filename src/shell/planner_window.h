@@ -1,0 +1,50 @@
+#pragma once
+
+#include "shell/application_state.h"
+
+#include <QWidget>
+
+namespace vellora {
+
+// A window's life: Load once before it is shown, Activate when it is opened and again when a window
+// that it opened has closed, Unload when it closes. The desktop's focus plays no part, so that
+// coming back from a box or another program never reloads what the user typed.
+class PlannerWindow : public QWidget {
+  Q_OBJECT
+
+ public:
+  explicit PlannerWindow(ApplicationState& state, QWidget* parent = nullptr);
+
+  // Puts the skin on, then runs the window's own load step.
+  void Load();
+  // Shows the window and activates it; returns at once.
+  void Show();
+  // Shows the window over its parent, activates it, and returns when it has closed.
+  void ShowModal();
+  void Activate() { activate(); }
+
+ protected:
+  virtual void load() {}
+  virtual void activate() {}
+  virtual void unload() {}
+  // True while closing would lose something typed; Escape then does not close the window.
+  virtual bool hasUnsavedTyping() const { return false; }
+  // Whether Escape may close the window at all.
+  virtual bool closesOnEscape() const { return true; }
+
+  ApplicationState& state() { return state_; }
+  const ApplicationState& state() const { return state_; }
+  Prompts& prompts() { return state_.prompts; }
+  void putSkinOn();
+
+  void closeEvent(QCloseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+
+ signals:
+  void closed();
+
+ private:
+  ApplicationState& state_;
+};
+
+}  // namespace vellora

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QString>
+
+class QWidget;
+
+namespace vellora {
+
+// Everything a window asks of the user or tells in a box. Windows get it handed over; tests script
+// it. Boxes carry the program's title.
+class Prompts {
+ public:
+  virtual ~Prompts() = default;
+
+  // 确定, with the warning icon.
+  virtual void warn(QWidget* parent, const QString& text) = 0;
+  // 是 and 否; true only for 是. Closing the box means 否.
+  virtual bool ask(QWidget* parent, const QString& question) = 0;
+  // 确定, without an icon.
+  virtual void inform(QWidget* parent, const QString& text) = 0;
+  // Path of an existing file, empty when the user cancels. A filter reads "名称|*.扩展名".
+  virtual QString chooseFile(QWidget* parent, const QString& title, const QString& filter,
+                             const QString& folder) = 0;
+};
+
+}  // namespace vellora

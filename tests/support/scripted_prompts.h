@@ -1,0 +1,30 @@
+#pragma once
+
+#include "shell/prompts.h"
+
+#include <QStringList>
+
+namespace vellora::test {
+
+// Answers from a script and keeps what was shown. A question without an answer left is answered
+// with 否, a file dialog is cancelled.
+class ScriptedPrompts final : public Prompts {
+ public:
+  QStringList warnings;
+  QStringList questions;
+  QStringList informed;
+  QList<bool> answers;
+  QStringList files;
+
+  void warn(QWidget*, const QString& text) override { warnings << text; }
+  bool ask(QWidget*, const QString& question) override {
+    questions << question;
+    return !answers.isEmpty() && answers.takeFirst();
+  }
+  void inform(QWidget*, const QString& text) override { informed << text; }
+  QString chooseFile(QWidget*, const QString&, const QString&, const QString&) override {
+    return files.isEmpty() ? QString() : files.takeFirst();
+  }
+};
+
+}  // namespace vellora::test
