@@ -1,0 +1,31 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace vellora::bench {
+
+// Times two ways of doing the same work in turn, so that a slow spell of the machine meets both,
+// and prints a table of medians: what | ours | raw | ratio.
+class SideBySide {
+ public:
+  // Both are run once unmeasured, then `repetitions` times each.
+  void compare(const std::string& what, const std::function<void()>& ours,
+               const std::function<void()>& raw, int repetitions);
+
+  // The table of everything compared, on standard output.
+  void print() const;
+
+ private:
+  struct Row {
+    std::string what;
+    double ours;  // microseconds
+    double raw;
+    double ratio;  // median of the ratios of neighbouring runs
+  };
+
+  std::vector<Row> rows_;
+};
+
+}  // namespace vellora::bench
