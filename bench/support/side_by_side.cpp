@@ -34,14 +34,18 @@ void SideBySide::compare(const std::string& what, const std::function<void()>& o
     rawTimes.push_back(microseconds(raw));
     ratios.push_back(oursTimes.back() / rawTimes.back());
   }
-  rows_.push_back({what, median(oursTimes), median(rawTimes), median(ratios)});
+  rows_.push_back({what, "us", median(oursTimes), median(rawTimes), median(ratios)});
+}
+
+void SideBySide::record(const std::string& what, const std::string& unit, double ours, double raw) {
+  rows_.push_back({what, unit, ours, raw, ours / raw});
 }
 
 void SideBySide::print() const {
-  std::printf("%-48s | %12s | %12s | %5s\n", "what", "ours [us]", "raw [us]", "ratio");
+  std::printf("%-48s | %4s | %12s | %12s | %5s\n", "what", "unit", "ours", "raw", "ratio");
   for (const Row& row : rows_) {
-    std::printf("%-48s | %12.1f | %12.1f | %5.2f\n", row.what.c_str(), row.ours, row.raw,
-                row.ratio);
+    std::printf("%-48s | %4s | %12.1f | %12.1f | %5.2f\n", row.what.c_str(), row.unit.c_str(),
+                row.ours, row.raw, row.ratio);
   }
 }
 
