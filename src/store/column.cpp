@@ -158,6 +158,18 @@ bool isSameName(QStringView one, QStringView other) {
   return true;
 }
 
+qsizetype columnPosition(const QList<Column>& columns, QStringView name) {
+  for (qsizetype i = 0; i < columns.size(); ++i) {
+    if (isSameName(columns[i].name, name)) return i;
+  }
+  throw StoreError(StoreFault::ColumnMissing, u"没有名为“%1”的列。"_qs.arg(name));
+}
+
+const Column& columnAt(const QList<Column>& columns, int position) {
+  if (position >= 0 && position < columns.size()) return columns[position];
+  throw StoreError(StoreFault::ColumnMissing, u"没有第 %1 列。"_qs.arg(position + 1));
+}
+
 OwnedCell columnCell(const Column& column, const QVariant& value) {
   if (!value.isValid() || value.isNull()) return {};
   switch (column.kind) {

@@ -16,8 +16,7 @@ struct RowEdit {
 };
 
 struct Recordset::State {
-  State(Connection& connection, const QString& tableOrSelect, RowsWanted wanted)
-      : lazy(connection, tableOrSelect, wanted) {}
+  State(Connection& connection, const QString& tableOrSelect) : lazy(connection, tableOrSelect) {}
 
   // The rows, read; a row that was added before they were read is then current.
   RowArena& rows();
@@ -25,7 +24,6 @@ struct Recordset::State {
   qsizetype currentRow();
   Cell cell(QStringView name);
   Cell cell(int index);
-  const Column& column(int index) const;
   RowWriter writer();
 
   LazyRows lazy;
