@@ -78,7 +78,7 @@ void Recordset::storeEdited() {
 }
 
 void Recordset::remove() {
-  RowWriter writer = state_->writer();
+  RowWriter& writer = state_->writer();
   const qsizetype row = state_->currentRow();
   writer.remove(state_->rows(), row);
   state_->rows().remove(row);

@@ -37,8 +37,9 @@ Cell Recordset::State::cell(int index) {
   return rows().cell(row, index);
 }
 
-RowWriter Recordset::State::writer() {
-  if (!lazy.set().table.isEmpty()) return {lazy.connection(), lazy.set()};
+RowWriter& Recordset::State::writer() {
+  if (rowWriter) return *rowWriter;
+  if (!lazy.set().table.isEmpty()) return rowWriter.emplace(lazy.connection(), lazy.set());
   throw StoreError(StoreFault::NotUpdatable, u"这些记录不是来自一个表，不能修改。"_qs);
 }
 

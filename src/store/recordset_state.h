@@ -24,11 +24,12 @@ struct Recordset::State {
   qsizetype currentRow();
   Cell cell(QStringView name);
   Cell cell(int index);
-  RowWriter writer();
+  RowWriter& writer();  // StoreFault::NotUpdatable when rows of the set cannot be changed
 
   LazyRows lazy;
   qsizetype position = 0;
   bool noMatch = false;
+  std::optional<RowWriter> rowWriter;
   std::optional<RowEdit> edit;
   std::optional<qint64> addedUnread;  // row number of the row that is current though unread
 };

@@ -9,6 +9,7 @@
 namespace vellora {
 
 class Connection;
+class PreparedStatement;
 class RowArena;
 struct PreparedSet;
 
@@ -39,11 +40,18 @@ class RowWriter {
 
  private:
   QString columnName(qsizetype column) const;
+  QString insertionOf(const ColumnChanges& changes) const;
   QString unchangedRow() const;
-  std::optional<StoredRow> run(const QString& sql, const QList<OwnedCell>& values);
+  PreparedStatement& prepared(const QString& sql) const;
+
+  struct Insertion {
+    QList<qsizetype> columns;
+    PreparedStatement* statement = nullptr;
+  };
 
   Connection& connection_;
   const PreparedSet& set_;
+  Insertion last_;  // a restore sets the same columns a million times
 };
 
 }  // namespace vellora
