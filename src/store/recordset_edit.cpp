@@ -56,14 +56,13 @@ void Recordset::update() {
 // A row added to a whole table belongs to the set by itself when the rows are read later. In any
 // other set the rows are read first, so that the new one is not read twice.
 void Recordset::storeNew() {
-  const bool staysUnread = state_->lazy.set().isWholeTable && !state_->lazy.isRead();
-  if (!staysUnread) state_->rows();
-  const StoredRow stored = state_->writer().insert(state_->edit->changes);
-  if (staysUnread) {
-    state_->addedUnread = stored.rowId;
+  const ColumnChanges& changes = state_->edit->changes;
+  if (state_->lazy.set().isWholeTable && !state_->lazy.isRead()) {
+    state_->addedUnread = state_->writer().insertUnread(changes);
     return;
   }
   RowArena& rows = state_->rows();
+  const StoredRow stored = state_->writer().insert(changes);
   begin(rows, stored);
   rows.append();
   state_->position = rows.rowCount() - 1;

@@ -10,6 +10,8 @@
 namespace vellora {
 namespace {
 
+constexpr QStringView kReturningRow = u" RETURNING _rowid_, *";
+
 OwnedCell owned(const Cell& cell) {
   return {cell.kind, cell.integer, cell.real,
           QByteArray(cell.bytes.data(), static_cast<qsizetype>(cell.bytes.size()))};
@@ -52,34 +54,44 @@ StoreError rowChanged() {
 }  // namespace
 
 StoredRow RowWriter::insert(const ColumnChanges& changes) {
-  QList<qsizetype> columns;
-  for (const ColumnChange& change : changes) columns.append(change.column);
-  if (last_.statement == nullptr || last_.columns != columns) {
-    last_ = {columns, &prepared(insertionOf(changes))};
-  }
-  return run(*last_.statement, valuesOf(changes)).value();
+  return run(insertion(changes, kReturningRow), valuesOf(changes)).value();
+}
+
+qint64 RowWriter::insertUnread(const ColumnChanges& changes) {
+  run(insertion(changes, u""), valuesOf(changes));
+  return connection_.lastInsertedRow();
 }
 
 StoredRow RowWriter::update(const RowArena& rows, qsizetype row, const ColumnChanges& changes) {
   QStringList assignments;
   for (const ColumnChange& change : changes) assignments.append(columnName(change.column) + u"=?");
   if (changes.isEmpty()) assignments.append(u"_rowid_=_rowid_"_qs);
-  const QString sql = u"UPDATE %1 SET %2 WHERE %3 RETURNING _rowid_, *"_qs.arg(
-      quotedName(set_.table), assignments.join(u','), unchangedRow());
+  const QString sql = u"UPDATE %1 SET %2 WHERE %3"_qs.arg(quotedName(set_.table),
+                                                          assignments.join(u','), unchangedRow());
   const std::optional<StoredRow> stored =
-      run(prepared(sql), valuesOf(changes) + identityOf(rows, row, set_.columns.size()));
+      run(prepared(sql + kReturningRow),
+          valuesOf(changes) + identityOf(rows, row, set_.columns.size()));
   if (!stored) throw rowChanged();
   return *stored;
 }
 
 void RowWriter::remove(const RowArena& rows, qsizetype row) {
-  const QString sql = u"DELETE FROM %1 WHERE %2 RETURNING _rowid_, *"_qs.arg(quotedName(set_.table),
-                                                                             unchangedRow());
-  if (!run(prepared(sql), identityOf(rows, row, set_.columns.size()))) throw rowChanged();
+  const QString sql = u"DELETE FROM %1 WHERE %2"_qs.arg(quotedName(set_.table), unchangedRow());
+  if (!run(prepared(sql + kReturningRow), identityOf(rows, row, set_.columns.size())))
+    throw rowChanged();
 }
 
 QString RowWriter::columnName(qsizetype column) const {
   return quotedName(set_.columns[column].name);
+}
+
+PreparedStatement& RowWriter::insertion(const ColumnChanges& changes, QStringView returning) {
+  QList<qsizetype> columns;
+  for (const ColumnChange& change : changes) columns.append(change.column);
+  if (last_.statement == nullptr || last_.columns != columns || last_.returning != returning) {
+    last_ = {columns, returning, &prepared(insertionOf(changes) + returning)};
+  }
+  return *last_.statement;
 }
 
 QString RowWriter::insertionOf(const ColumnChanges& changes) const {
@@ -92,7 +104,7 @@ QString RowWriter::insertionOf(const ColumnChanges& changes) const {
   const QString columns = names.isEmpty()
                               ? u"DEFAULT VALUES"_qs
                               : u"(%1) VALUES (%2)"_qs.arg(names.join(u','), places.join(u','));
-  return u"INSERT INTO %1 %2 RETURNING _rowid_, *"_qs.arg(quotedName(set_.table), columns);
+  return u"INSERT INTO %1 %2"_qs.arg(quotedName(set_.table), columns);
 }
 
 QString RowWriter::unchangedRow() const {
