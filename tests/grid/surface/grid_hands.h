@@ -65,7 +65,9 @@ class GridHands {
   // Null while no cell is being typed into.
   QWidget* editor() const { return grid.indexWidget(grid.currentIndex()); }
   // Everything that waits for control to return to the event loop.
-  void settle() { QCoreApplication::processEvents(); }
+  void settle() {
+    for (int turn = 0; turn < 3; ++turn) QCoreApplication::processEvents();
+  }
 
   GridSurface grid;
 };
