@@ -89,6 +89,7 @@ void GridSurface::Parts::entered(int previousRow, int row) {
 
 void GridSurface::Parts::showChanges() {
   later.stop();
+  sizes.applyDefaultHeight(book.sheet());
   sync();
   sizes.apply(book.sheet());
   if (shownRevision == book.sheet().revision()) return;

@@ -88,8 +88,13 @@ void SheetModel::sync() {
   syncRows(shownRows(sheet()));
 }
 
+// Headers take in a whole sheet several times faster by a reset than row by row.
 void SheetModel::syncRows(int rows) {
-  if (rows > rows_) {
+  if (rows_ == 0 && rows > 0) {
+    beginResetModel();
+    rows_ = rows;
+    endResetModel();
+  } else if (rows > rows_) {
     beginInsertRows({}, rows_, rows - 1);
     rows_ = rows;
     endInsertRows();
