@@ -42,7 +42,7 @@ SQLite::Database openedDatabase(const QString& path, std::chrono::milliseconds p
 
 bool lacksLeaveToWrite(sqlite3* connection, const QString& path) {
   return sqlite3_db_readonly(connection, "main") == 1 ||
-         !QFileInfo(QFileInfo(path).absolutePath()).isWritable();
+         !QFileInfo(QFileInfo(path).canonicalPath()).isWritable();
 }
 
 }  // namespace
@@ -65,6 +65,10 @@ bool Connection::isInTransaction() const {
 
 qint64 Connection::changeCount() const {
   return sqlite3_total_changes64(handle());
+}
+
+qint64 Connection::lastInsertedRow() const {
+  return sqlite3_last_insert_rowid(handle());
 }
 
 void Connection::run(const char* sql) {

@@ -1,5 +1,6 @@
 #include "grid/files/printed_text.h"
 
+#include "grid/files/installed_face.h"
 #include "routine/calendar_text.h"
 
 #include <QTextOption>
@@ -21,7 +22,7 @@ Qt::Alignment horizontal(int flags) {
 }  // namespace
 
 QFont printedFont(const CellFont& font) {
-  QFont printed(font.face);
+  QFont printed(installedFace(font.face));
   printed.setPointSize(font.size);
   printed.setBold(font.style == kFontBold);
   return printed;
@@ -45,6 +46,7 @@ PrintedText::PrintedText(const QString& text, const CellStyle& style, double wid
 
 std::vector<LineRun> PrintedText::runs(double room) const {
   std::vector<double> heights;
+  heights.reserve(static_cast<std::size_t>(layout_.lineCount()));
   for (int i = 0; i < layout_.lineCount(); ++i) heights.push_back(layout_.lineAt(i).height());
   return flowLines(heights, room);
 }
