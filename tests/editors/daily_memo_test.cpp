@@ -1,7 +1,7 @@
 #include "editors/daily_memo.h"
 
+#include "store/statements.h"
 #include "support/schedule_builder.h"
-#include "support/store_fault.h"
 #include "support/text_output.h"
 
 #include <gtest/gtest.h>
@@ -19,11 +19,6 @@ class DailyMemoTest : public testing::Test {
 
 }  // namespace
 
-TEST_F(DailyMemoTest, CaptionNamesTheDayInFull) {
-  EXPECT_EQ(memoCaption(kDay), u"备忘录  2007年3月5日 星期一"_qs);
-  EXPECT_EQ(memoCaption(QDate(2008, 2, 29)), u"备忘录  2008年2月29日 星期五"_qs);
-}
-
 TEST_F(DailyMemoTest, KeepsOneMemoForEachDay) {
   for (const auto& text : {u"第一行\n\n第三行\t'引号' #1#"_qs, QString(100'000, u'长'), u""_qs}) {
     storeMemo(store_, kDay, text);
@@ -32,19 +27,8 @@ TEST_F(DailyMemoTest, KeepsOneMemoForEachDay) {
     EXPECT_EQ(store_.open(u"BW"_qs).count(), 2);
   }
   EXPECT_EQ(memoOf(store_, kDay.addDays(-1)), QString());
-}
-
-TEST_F(DailyMemoTest, AnEmptyMemoIsStoredAsAText) {
   storeMemo(store_, kDay, QString());
-  EXPECT_TRUE(store_.open(u"BW"_qs).value(u"Memo").isValid());
-}
-
-TEST_F(DailyMemoTest, AFailedStoreLeavesTheOldMemo) {
-  schedule_.memo(kDay, u"旧"_qs);
-  ScheduleStore impatient = schedule_.store(std::chrono::milliseconds(0));
-  const ScheduleStore::Transaction other(store_);
-  EXPECT_EQ(test::faultOf([&] { storeMemo(impatient, kDay, u"新"_qs); }), StoreFault::Busy);
-  EXPECT_EQ(memoOf(store_, kDay), u"旧"_qs);
+  EXPECT_TRUE(store_.open(statements::memoOn(kDay)).value(u"Memo").isValid()) << "an empty text";
 }
 
 }  // namespace vellora

@@ -54,16 +54,13 @@ TEST_F(TimeBlocksTest, KeepsBlocksBeyondTheFiftieth) {
 }
 
 TEST_F(TimeBlocksTest, SavesOnlyCompleteRowsWhereverTheyStand) {
-  schedule_.block(u"old"_qs, u"06:00:00"_qs, u"07:00:00"_qs);
+  schedule_.fullDay(5).plan(QDate(2007, 3, 5), u"001"_qs, u"晨跑"_qs);
   typeRow(sheet_, 0, {u"12:00"_qs, u"13:00"_qs, u"n"_qs, u""_qs});
   typeRow(sheet_, 7, {u"9:00"_qs, u"９：３０"_qs, u"b"_qs, u"后来"_qs});
   typeRow(sheet_, 49, {u" 8:00 "_qs, u"08:45:59"_qs, u"a"_qs, u"先前"_qs});
   SaveTimeBlocks(store_, sheet_);
   EXPECT_EQ(stored(), QStringList({u"08:00|08:45|a|先前"_qs, u"09:00|09:30|b|后来"_qs}));
-}
-
-TEST_F(TimeBlocksTest, SavingAnEmptySheetRemovesEveryBlock) {
-  schedule_.fullDay(5).plan(QDate(2007, 3, 5), u"001"_qs, u"晨跑"_qs);
+  sheet_.SetRows(0);
   SaveTimeBlocks(store_, sheet_);
   EXPECT_EQ(stored(), QStringList());
   EXPECT_EQ(store_.open(u"JH"_qs).count(), 1) << "plans stay";
@@ -119,27 +116,6 @@ TEST_F(TimeBlocksTest, AStoredTimeThatCannotBeReadIsShownAndNotLost) {
   EXPECT_EQ(filledRows(sheet_), QStringList(u"上午|09:00|x|外来"_qs));
   EXPECT_THROW(SaveTimeBlocks(store_, sheet_), CellRefused);
   EXPECT_EQ(stored(), QStringList(u"上午|09:00|x|外来"_qs));
-}
-
-TEST_F(TimeBlocksTest, AFailedLoadLeavesTheSheetAsItWas) {
-  typeRow(sheet_, 0, {u"08:00"_qs, u"09:00"_qs, u"a"_qs, u"打字"_qs});
-  schedule_.sql(u"DROP TABLE SJ"_qs);
-  EXPECT_THROW(LoadTimeBlocks(store_, sheet_), StoreError);
-  EXPECT_EQ(filledRows(sheet_), QStringList(u"08:00|09:00|a|打字"_qs));
-}
-
-TEST_F(TimeBlocksTest, AnotherProgramThatIsSavingMakesTheSaveFailWhole) {
-  schedule_.fullDay(3);
-  ScheduleStore impatient = schedule_.store(std::chrono::milliseconds(0));
-  const ScheduleStore::Transaction other(store_);
-  typeRow(sheet_, 0, {u"08:00"_qs, u"09:00"_qs, u"a"_qs, u"新"_qs});
-  try {
-    SaveTimeBlocks(impatient, sheet_);
-    ADD_FAILURE() << "saved";
-  } catch (const StoreError& error) {
-    EXPECT_EQ(error.fault(), StoreFault::Busy);
-  }
-  EXPECT_EQ(stored().size(), 3);
 }
 
 }  // namespace vellora
