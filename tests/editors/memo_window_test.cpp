@@ -45,6 +45,9 @@ TEST_F(MemoWindowTest, StoresTheTextWithoutAMessageAndDropsItWithTheDate) {
   click(u"Cm2"_qs);
   EXPECT_EQ(box().toPlainText(), u"买票"_qs);
   EXPECT_TRUE(prompts_.warnings.isEmpty());
+  box().setFocus();
+  type(u"还有"_qs);
+  pressMnemonic(Qt::Key_U);
   press(Qt::Key_Escape);
   EXPECT_FALSE(memo_.isVisible());
 }
@@ -67,6 +70,9 @@ TEST_F(MemoWindowTest, AMemoThatCannotBeReadCannotBeOverwritten) {
   EXPECT_EQ(box().toPlainText(), QString());
   EXPECT_FALSE(box().isEnabled());
   EXPECT_FALSE(memo_.findChild<QPushButton*>(u"CmdSV"_qs)->isEnabled());
+  MemoWindow openedMeanwhile(state_);
+  openedMeanwhile.Load();
+  EXPECT_EQ(prompts_.warnings.size(), 1) << "opening says nothing";
   schedule_.sql(u"ALTER TABLE BW_away RENAME TO BW"_qs);
   click(u"Cm2"_qs);
   EXPECT_EQ(box().toPlainText(), u"交报告\n给'老王'"_qs);
