@@ -23,6 +23,9 @@ TableEditor::TableEditor(ApplicationState& state, const Kind& kind, QWidget* abo
   grid_ = new GridSurface(this);
   grid_->setObjectName(u"Cell1"_qs);
   grid_->setAccessibleName(kind.gridName);
+  grid_->setEditable(true);
+  grid_->setHeadingStripVisible(true);
+  grid_->setRowNumbersVisible(true);
   new GridKeys(*grid_, state, [name = kind.documentName] { return name; });
   column->addWidget(grid_, 1);
   if (below) column->addWidget(below);

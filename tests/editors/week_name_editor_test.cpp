@@ -43,6 +43,7 @@ TEST_F(WeekNameEditorTest, AnEmptyRowAlwaysFollowsTheList) {
   EXPECT_EQ(shown(2, 1), QString()) << "opening carries nothing";
   press(Qt::Key_Down);
   EXPECT_EQ(grid().Rows(), 3);
+  EXPECT_EQ(grid().CurrentRow(), 1);
   EXPECT_EQ(shown(2, 1), u"第一周"_qs);
   press(Qt::Key_Escape);
   EXPECT_FALSE(editor_.isVisible()) << "nothing was typed";
