@@ -53,11 +53,17 @@ void TableEditor::activate() {
   kind_.setUp(grid_->sheet());
   grid_->Redraw();
   open();
+}
+
+// A mnemonic leaves the focus in the cell that is being typed into; the grid's taking it closes the
+// cell and keeps the typed text.
+void TableEditor::closeCell() {
   grid_->Focus();
 }
 
 // A table that cannot be read leaves the grid as it was.
 void TableEditor::open() {
+  closeCell();
   try {
     kind_.load(state().Db, grid_->sheet());
   } catch (const StoreError& error) {
@@ -73,9 +79,7 @@ void TableEditor::open() {
 }
 
 void TableEditor::save() {
-  // A mnemonic leaves the focus in the cell that is being typed into; taking it away stores the
-  // typed text in the cell.
-  grid_->Focus();
+  closeCell();
   try {
     kind_.save(state().Db, grid_->sheet());
   } catch (const CellRefused& refused) {

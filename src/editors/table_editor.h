@@ -46,6 +46,7 @@ class TableEditor : public PlannerWindow {
 
  private:
   QHBoxLayout* makeButtons();
+  void closeCell();
   void open();
   void save();
   void show(const CellRefused& refused);

@@ -57,8 +57,10 @@ TEST_F(TimeBlockEditorTest, OpenDropsTypingAndEscapeDoesNot) {
   typeCells({u"7:00"_qs});
   press(Qt::Key_Escape);
   EXPECT_TRUE(editor_.isVisible());
+  type(u"7:30"_qs);
   pressMnemonic(Qt::Key_O);
   EXPECT_EQ(shown(0, 0), u"08:00"_qs);
+  EXPECT_EQ(shown(1, 0), u"09:00"_qs) << "not even what was still being typed";
   press(Qt::Key_Escape);
   EXPECT_FALSE(editor_.isVisible());
 }
