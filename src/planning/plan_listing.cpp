@@ -1,0 +1,37 @@
+#include "planning/plan_listing.h"
+
+#include "planning/plan_rows.h"
+#include "store/statements.h"
+
+namespace vellora {
+namespace {
+
+// Returns whether the entry's block was found.
+bool writeRow(Sheet& sheet, int row, Recordset& entry, const TimeBlockList& blocks) {
+  const QString code = entry.text(u"SJKH");
+  const TimeBlock* block = blocks.find(code);
+  sheet.SetCellText(kPlanDate, row, planDateCell(entry.date(u"RQ")));
+  sheet.SetCellTag(kPlanTime, row, code);
+  if (block) sheet.SetCellText(kPlanTime, row, blockCell(*block));
+  sheet.SetCellText(kPlanActivity, row, entry.text(u"HDMC"));
+  sheet.SetCellText(kPlanRequirement, row, entry.text(u"HDYQ"));
+  sheet.SetCellText(kPlanLevel, row, entry.text(u"ZYDJ"));
+  return block != nullptr;
+}
+
+}  // namespace
+
+QStringList listPlan(ScheduleStore& store, Sheet& sheet, const TimeBlockList& blocks,
+                     const QString& activity) {
+  auto entries = store.open(statements::plansOfActivity(activity));
+  const int count = static_cast<int>(entries.count());
+  sheet.SetRows(0);
+  sheet.SetRows(count + kSparePlanRows);
+  QStringList missing;
+  for (int row = 0; row < count; ++row, entries.moveNext()) {
+    if (!writeRow(sheet, row, entries, blocks)) missing << entries.text(u"SJKH");
+  }
+  return missing;
+}
+
+}  // namespace vellora

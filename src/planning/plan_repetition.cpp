@@ -1,0 +1,79 @@
+#include "planning/plan_repetition.h"
+
+#include "planning/plan_entry.h"
+#include "planning/plan_rows.h"
+#include "routine/number_text.h"
+#include "store/statements.h"
+
+#include <algorithm>
+#include <limits>
+#include <vector>
+
+namespace vellora {
+namespace {
+
+const QDate kLastDay(9999, 12, 31);
+
+using Holder = std::optional<PlanTexts>;
+
+std::vector<QDate> copyDates(QDate source, const Repetition& repetition) {
+  const qint64 room = source.daysTo(kLastDay) / repetition.stepDays;
+  std::vector<QDate> dates;
+  for (qint64 k = 1; k <= std::min<qint64>(repetition.count, room); ++k) {
+    dates.push_back(source.addDays(k * repetition.stepDays));
+  }
+  return dates;
+}
+
+// Who holds the block on each of the dates.
+std::vector<Holder> holdersOn(ScheduleStore& store, const QString& code,
+                              const std::vector<QDate>& dates) {
+  const ScheduleStore::ReadTransaction oneView(store);
+  std::vector<Holder> holders;
+  for (const QDate date : dates) {
+    auto entry = store.open(statements::planOfBlock(date, code));
+    holders.push_back(entry.isEmpty() ? Holder() : planTexts(entry));
+  }
+  return holders;
+}
+
+void showHolder(Sheet& sheet, int row, const Holder& holder) {
+  sheet.SetCellColors(kPlanActivity, row, holder ? kRed : kBlack, kWhite);
+  if (!holder) return;
+  sheet.SetCellText(kPlanActivity, row, holder->activity);
+  sheet.SetCellText(kPlanRequirement, row, holder->requirement);
+  sheet.SetCellText(kPlanLevel, row, holder->level);
+}
+
+}  // namespace
+
+int repetitionCount(const QString& text) {
+  constexpr double kMost = std::numeric_limits<int>::max();
+  return static_cast<int>(std::min(roundHalfEven(numericValue(text)), kMost));
+}
+
+QString boundedWeeks(const QString& text, int change) {
+  const double weeks = numericValue(text) + change;
+  if (weeks < kFewestWeeks) return QString::number(kFewestWeeks);
+  if (weeks > kMostWeeks) return QString::number(kMostWeeks);
+  return change == 0 ? text : numberText(weeks);
+}
+
+std::optional<int> repeatPlanRow(ScheduleStore& store, Sheet& sheet, int row,
+                                 const Repetition& repetition) {
+  const auto source = planDate(sheet, row);
+  if (sheet.GetCellText(kPlanActivity, row).isEmpty() || !source) return {};
+  const std::vector<QDate> dates = copyDates(*source, repetition);
+  const auto holders = holdersOn(store, sheet.CellTag(kPlanTime, row), dates);
+  sheet.InsertRows(row + 1, static_cast<int>(dates.size()));
+  int copy = row;
+  for (std::size_t k = 0; k < dates.size(); ++k) {
+    copyPlanRow(sheet, row, ++copy);
+    sheet.SetCellText(kPlanDate, copy, planDateCell(dates[k]));
+    showHolder(sheet, copy, holders[k]);
+  }
+  keepSparePlanRow(sheet, copy);
+  return copy + 1;
+}
+
+}  // namespace vellora
