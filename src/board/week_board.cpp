@@ -14,6 +14,8 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace vellora {
 namespace {
 
@@ -120,6 +122,7 @@ void WeekBoard::openTemplate() {
 
 void WeekBoard::setUpGrid() {
   grid_->SetCols(kBoardCols);
+  grid_->SetRows(std::max(grid_->Rows(), 1));
   grid_->setHeadingStripVisible(false);
   grid_->setRowNumbersVisible(false);
   grid_->setFrozen(1, 1);

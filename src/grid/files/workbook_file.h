@@ -1,26 +1,19 @@
 #pragma once
 
+#include "grid/files/file_error.h"
 #include "grid/sheet/workbook.h"
-
-#include <QString>
-
-#include <stdexcept>
 
 namespace vellora {
 
-// Why a file could not be read or written: one plain Chinese sentence made for the user.
-class FileError : public std::runtime_error {
- public:
-  explicit FileError(const QString& description);
-  QString description() const;
-};
+// The planner's own file of a whole workbook, used for the board template and the backup: eight
+// bytes that tell what it is, two of a version (big endian), the workbook in CBOR (RFC 8949, see
+// workbook_cbor.h), and a SHA-256 over everything before it at the end.
 
-// The planner's own file of a whole workbook: board template and backup. A magic number and
-// version, CBOR (RFC 8949), and a SHA-256 over everything before it at the end. Any flipped bit or
-// missing tail is refused with a FileError.
+// Throws FileError for a file that cannot be read, is something else, was written by a newer
+// version, or differs by as little as one bit from what was written.
 Workbook readWorkbookFile(const QString& path);
 
-// Replaces the file whole or, throwing FileError, not at all.
+// Replaces the file whole or, throwing FileError, not at all. At most 1,000 sheets.
 void writeWorkbookFile(const Workbook& workbook, const QString& path);
 
 }  // namespace vellora

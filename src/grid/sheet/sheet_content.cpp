@@ -2,14 +2,13 @@
 
 #include "grid/sheet/sheet.h"
 
-#include <limits>
+#include <algorithm>
+#include <utility>
 
 namespace vellora {
 namespace {
 
 using Number = StyleTable::Number;
-
-constexpr Number kUnknown = std::numeric_limits<Number>::max();
 
 }  // namespace
 
@@ -75,7 +74,8 @@ Number SheetContent::own(int col, int row) const {
 
 Number SheetContent::shown(int col, int row) const {
   if (row == kHeadingRow) return column(col).headingShown;
-  return column(col).shown[row == kEveryRow ? StyleTable::kNothingSet : own(col, row)];
+  const Number set = row == kEveryRow ? StyleTable::kNothingSet : own(col, row);
+  return placeOf(column(col), set)->shown;
 }
 
 void SheetContent::set(int col, int row, CellProperty property, quint64 word) {
@@ -116,21 +116,26 @@ void SheetContent::setDefaultFont(const CellFont& font) {
   }
 }
 
+std::vector<SheetContent::Shown>::const_iterator SheetContent::placeOf(const Column& column,
+                                                                       Number own) {
+  return std::lower_bound(column.shown.begin(), column.shown.end(), own,
+                          [](const Shown& entry, Number number) { return entry.own < number; });
+}
+
 // Prepares the column for a cell with these settings, so that reading is two look-ups.
 void SheetContent::admit(Column& column, Number own) {
-  if (own >= column.shown.size()) column.shown.resize(own + 1, kUnknown);
-  if (column.shown[own] != kUnknown) return;
-  column.shown[own] = styles_.over(styles_.over(own, column.defaults), base_);
+  const auto place = placeOf(column, own);
+  if (place != column.shown.end() && place->own == own) return;
+  const Number shown = styles_.over(styles_.over(own, column.defaults), base_);
+  column.shown.insert(place, {own, shown});
   column.cellProperties |= styles_.properties(own);
 }
 
 void SheetContent::setDefaults(Column& column, Number defaults) {
   column.defaults = defaults;
-  const std::vector<Number> known = std::exchange(column.shown, {});
+  const std::vector<Shown> known = std::exchange(column.shown, {});
   admit(column, StyleTable::kNothingSet);
-  for (std::size_t own = 0; own < known.size(); ++own) {
-    if (known[own] != kUnknown) admit(column, static_cast<Number>(own));
-  }
+  for (const Shown& entry : known) admit(column, entry.own);
 }
 
 void SheetContent::setHeading(Column& column, Number own) {

@@ -44,6 +44,11 @@ class SheetContent {
   quint64 revision = 0;
 
  private:
+  // What a cell with these settings looks like in its column.
+  struct Shown {
+    StyleTable::Number own;
+    StyleTable::Number shown;
+  };
   struct Column {
     std::optional<int> width;
     QString headingText;
@@ -52,12 +57,12 @@ class SheetContent {
     StyleTable::Number headingShown = StyleTable::kNothingSet;
     StyleTable::Number defaults = StyleTable::kNothingSet;
     quint32 cellProperties = 0;  // set on at least one cell, or were once
-    // By the number of what was set on a cell: what the cell looks like.
-    std::vector<StyleTable::Number> shown;
+    std::vector<Shown> shown;    // ordered by own, for the cells' settings and for none
   };
 
   Column& column(int col) { return columns_[static_cast<std::size_t>(col)]; }
   const Column& column(int col) const { return columns_[static_cast<std::size_t>(col)]; }
+  static std::vector<Shown>::const_iterator placeOf(const Column& column, StyleTable::Number own);
   void admit(Column& column, StyleTable::Number own);
   void setDefaults(Column& column, StyleTable::Number defaults);
   void setHeading(Column& column, StyleTable::Number own);

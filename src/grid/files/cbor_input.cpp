@@ -1,0 +1,109 @@
+#include "grid/files/cbor_input.h"
+
+#include <QIODevice>
+
+#include <algorithm>
+#include <cstring>
+#include <limits>
+
+namespace vellora {
+namespace {
+
+void require(bool condition) {
+  if (!condition) throw MalformedContent();
+}
+
+}  // namespace
+
+CborInput::CborInput(QIODevice& device, qint64 size)
+    : reader_(&device), start_(device.pos()), size_(size) {}
+
+qint64 CborInput::integer(qint64 min, qint64 max) {
+  require(reader_.isInteger());
+  qint64 value = 0;
+  if (reader_.isUnsignedInteger()) {
+    require(reader_.toUnsignedInteger() <= std::numeric_limits<qint64>::max());
+    value = static_cast<qint64>(reader_.toUnsignedInteger());
+  } else {
+    const auto magnitude = static_cast<quint64>(reader_.toNegativeInteger());
+    require(magnitude != 0 && magnitude <= std::numeric_limits<qint64>::max());
+    value = -static_cast<qint64>(magnitude);
+  }
+  require(value >= min && value <= max);
+  next();
+  return value;
+}
+
+int CborInput::integer32() {
+  return static_cast<int>(
+      integer(std::numeric_limits<int>::min(), std::numeric_limits<int>::max()));
+}
+
+bool CborInput::boolean() {
+  require(reader_.isBool());
+  const bool value = reader_.toBool();
+  next();
+  return value;
+}
+
+double CborInput::real(double min, double max) {
+  require(reader_.isDouble());
+  const double value = reader_.toDouble();
+  require(value >= min && value <= max);  // false for a NaN as well
+  next();
+  return value;
+}
+
+QString CborInput::text(qint64 maxBytes) {
+  if (reader_.isByteArray()) {
+    const QByteArray units = bytes(maxBytes);
+    require(units.size() % 2 == 0);
+    QString text(units.size() / 2, Qt::Uninitialized);
+    std::memcpy(text.data(), units.constData(), static_cast<std::size_t>(units.size()));
+    return text;
+  }
+  require(reader_.isString() && reader_.isLengthKnown());
+  require(reader_.length() <= static_cast<quint64>(std::min(maxBytes, size_ - offset())));
+  QString text;
+  auto piece = reader_.readString();
+  for (; piece.status == QCborStreamReader::Ok; piece = reader_.readString()) text += piece.data;
+  require(piece.status == QCborStreamReader::EndOfString);
+  return text;
+}
+
+QByteArray CborInput::bytes(qint64 maxBytes) {
+  require(reader_.isLengthKnown());
+  require(reader_.length() <= static_cast<quint64>(std::min(maxBytes, size_ - offset())));
+  QByteArray bytes;
+  auto piece = reader_.readByteArray();
+  for (; piece.status == QCborStreamReader::Ok; piece = reader_.readByteArray()) {
+    bytes += piece.data;
+  }
+  require(piece.status == QCborStreamReader::EndOfString);
+  return bytes;
+}
+
+void CborInput::null() {
+  require(reader_.isNull());
+  next();
+}
+
+void CborInput::enterArray() {
+  require(reader_.isArray() && reader_.enterContainer());
+}
+
+void CborInput::enterMap() {
+  require(reader_.isMap() && reader_.enterContainer());
+}
+
+void CborInput::leave() {
+  require(!reader_.hasNext() && reader_.leaveContainer());
+  require(reader_.lastError() == QCborError::NoError ||
+          reader_.lastError() == QCborError::EndOfFile);
+}
+
+void CborInput::next() {
+  require(reader_.next());
+}
+
+}  // namespace vellora

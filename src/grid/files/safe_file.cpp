@@ -1,0 +1,123 @@
+#include "grid/files/safe_file.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QRandomGenerator>
+
+#include <cerrno>
+#include <cstdio>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace vellora {
+namespace {
+
+constexpr qsizetype kBufferSize = 64 * 1024;
+constexpr int kAttempts = 100;
+constexpr mode_t kNewFileMode = 0666;  // less what the user's mask takes away
+
+QByteArray folderOf(const QByteArray& target) {
+  const qsizetype slash = target.lastIndexOf('/');
+  if (slash < 0) return ".";
+  return slash == 0 ? QByteArray("/") : target.first(slash);
+}
+
+// Hidden, and short whatever the target's name is, so that it never is too long itself.
+QByteArray temporaryName(const QByteArray& target) {
+  const quint64 random = QRandomGenerator::global()->generate64();
+  return folderOf(target) + "/.vellora-" + QByteArray::number(random, 36) + ".tmp";
+}
+
+// Where a chain of symbolic links leads, else the path itself.
+QByteArray followedLinks(const QString& path) {
+  const QFileInfo file(path);
+  const QString canonical = file.isSymLink() ? file.canonicalFilePath() : QString();
+  return QFile::encodeName(canonical.isEmpty() ? path : canonical);
+}
+
+int writeAll(int descriptor, const char* data, qsizetype size) {
+  while (size > 0) {
+    const ssize_t written = ::write(descriptor, data, static_cast<std::size_t>(size));
+    if (written < 0 && errno == EINTR) continue;
+    if (written < 0) return errno;
+    data += written;
+    size -= written;
+  }
+  return 0;
+}
+
+}  // namespace
+
+SafeFile::SafeFile(const QString& path) : path_(path), target_(followedLinks(path)) {
+  create();
+  open(QIODevice::WriteOnly | QIODevice::Unbuffered);
+}
+
+SafeFile::~SafeFile() {
+  discard();
+}
+
+void SafeFile::create() {
+  struct stat old {};
+  const bool replaces = ::stat(target_.constData(), &old) == 0;
+  if (replaces && !S_ISREG(old.st_mode)) fail(EISDIR);
+  if (replaces && ::access(target_.constData(), W_OK) != 0) fail(errno);
+  for (int attempt = 0; attempt < kAttempts && descriptor_ < 0; ++attempt) {
+    temporary_ = temporaryName(target_);
+    descriptor_ =
+        ::open(temporary_.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, kNewFileMode);
+    if (descriptor_ < 0 && errno != EEXIST) fail(errno);
+  }
+  if (descriptor_ < 0) fail(EEXIST);
+  if (replaces && ::fchmod(descriptor_, old.st_mode & 07777U) != 0) fail(errno);
+}
+
+void SafeFile::commit() {
+  if (!flush()) fail(error_);
+  if (::fsync(descriptor_) != 0) fail(errno);
+  if (::close(std::exchange(descriptor_, -1)) != 0) fail(errno);
+  if (std::rename(temporary_.constData(), target_.constData()) != 0) fail(errno);
+  temporary_.clear();
+  close();
+  syncFolder();
+}
+
+qint64 SafeFile::readData(char*, qint64) {
+  return -1;
+}
+
+qint64 SafeFile::writeData(const char* data, qint64 size) {
+  if (hasFailed()) return -1;
+  buffer_.append(data, size);
+  return buffer_.size() < kBufferSize || flush() ? size : -1;
+}
+
+bool SafeFile::flush() {
+  if (!hasFailed()) error_ = writeAll(descriptor_, buffer_.constData(), buffer_.size());
+  buffer_.clear();
+  return !hasFailed();
+}
+
+void SafeFile::discard() {
+  if (descriptor_ >= 0) ::close(std::exchange(descriptor_, -1));
+  if (!temporary_.isEmpty()) ::unlink(temporary_.constData());
+  temporary_.clear();
+}
+
+// The new name must be on the disk as well. Some file systems cannot sync a folder (EINVAL).
+void SafeFile::syncFolder() const {
+  const int folder = ::open(folderOf(target_).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  if (folder < 0) return;  // may be closed for reading; the new file itself is on the disk
+  const int error = ::fsync(folder) == 0 ? 0 : errno;
+  ::close(folder);
+  if (error != 0 && error != EINVAL) throw cannotWrite(path_, error);
+}
+
+void SafeFile::fail(int systemError) {
+  error_ = systemError;
+  discard();
+  throw cannotWrite(path_, systemError);
+}
+
+}  // namespace vellora

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "grid/files/cbor_input.h"
+#include "grid/sheet/workbook.h"
+
+#include <functional>
+
+class QCborStreamWriter;
+
+namespace vellora {
+
+// A workbook as one CBOR document, in the notation of RFC 8610:
+//
+//   workbook = [page-setup, current-sheet: uint, [+ sheet]]
+//   page-setup = [landscape: bool, fits-width: bool, left: float, top: float, right: float,
+//                 bottom: float]                                               ; millimetres
+//   sheet = [name: tstr, rows: uint, default-row-height: uint, default-font: font, [* column],
+//            [* row]]
+//   font = [face: tstr, points: uint, style: uint]
+//   column = [width: uint / null, heading-text: text, heading-tag: text, heading: look,
+//             every-row: look]
+//   row = [skipped-rows: uint, height: uint / null, hidden: bool, * cell]
+//   cell = (skipped-columns: uint, look, text, tag: text)
+//   look = uint / settings  ; 0: nothing set; settings get the sheet's next number, from 1
+//   settings = {? 0: font, ? 1: [text-colour: uint, back-colour: uint],
+//               ? 2: [border-width: uint, border-colour: uint], ? 3: align: int,
+//               ? 4: input-mode: int, ? 5: option: int, ? 6: wrap: bool}
+//   text = uint / tstr / bstr ; a text that is not empty gets the sheet's next number, from 0, as
+//                             ; long as there are fewer than 65,536; bstr: UTF-16, little endian,
+//                             ; of a text that is no valid Unicode
+//
+// Writing goes on until all is written or stops() is true.
+void encodeWorkbook(const Workbook& workbook, QCborStreamWriter& writer,
+                    const std::function<bool()>& stops);
+
+// Throws MalformedContent.
+Workbook decodeWorkbook(CborInput& input);
+
+inline constexpr std::size_t kMaxNumberedTexts = 65'536;
+inline constexpr int kMaxSheets = 1'000;
+
+}  // namespace vellora

@@ -1,0 +1,193 @@
+#include "grid/files/workbook_cbor.h"
+
+#include <QCborStreamWriter>
+#include <QHash>
+
+namespace vellora {
+namespace {
+
+void appendText(QCborStreamWriter& writer, const QString& text) {
+  if (text.isValidUtf16()) {
+    writer.append(QStringView(text));
+  } else {
+    writer.appendByteString(reinterpret_cast<const char*>(text.utf16()), text.size() * 2);
+  }
+}
+
+void appendSize(QCborStreamWriter& writer, const std::optional<int>& size) {
+  if (size) {
+    writer.append(*size);
+  } else {
+    writer.appendNull();
+  }
+}
+
+void appendFont(QCborStreamWriter& writer, const CellFont& font) {
+  writer.startArray(3);
+  appendText(writer, font.face);
+  writer.append(font.size);
+  writer.append(font.style);
+  writer.endArray();
+}
+
+void appendSettings(QCborStreamWriter& writer, const CellSettings& settings) {
+  const auto pair = [&writer](int key, quint64 first, quint64 second) {
+    writer.append(key);
+    writer.startArray(2);
+    writer.append(first);
+    writer.append(second);
+    writer.endArray();
+  };
+  const auto plain = [&writer](int key, auto value) {
+    if (!value) return;
+    writer.append(key);
+    writer.append(*value);
+  };
+  writer.startMap();
+  if (settings.font) {
+    writer.append(0);
+    appendFont(writer, *settings.font);
+  }
+  if (settings.colours) pair(1, settings.colours->text, settings.colours->back);
+  if (settings.border) {
+    pair(2, static_cast<quint64>(settings.border->width), settings.border->colour);
+  }
+  plain(3, settings.align);
+  plain(4, settings.inputMode);
+  plain(5, settings.option);
+  plain(6, settings.wrap);
+  writer.endMap();
+}
+
+class SheetEncoder {
+ public:
+  SheetEncoder(const Sheet& sheet, QCborStreamWriter& writer) : sheet_(sheet), writer_(writer) {}
+
+  void encode(const QString& name, const std::function<bool()>& stops);
+
+ private:
+  void column(int col);
+  void row(int row, int skipped);
+  bool isEmpty(int row) const;
+  bool isEmpty(int col, int row) const;
+  void look(int col, int row);
+  void text(const QString& text);
+
+  const Sheet& sheet_;
+  QCborStreamWriter& writer_;
+  QHash<int, int> looks_;  // by the number of what was set
+  QHash<QString, quint32> texts_;
+};
+
+void SheetEncoder::encode(const QString& name, const std::function<bool()>& stops) {
+  writer_.startArray(6);
+  appendText(writer_, name);
+  writer_.append(sheet_.Rows());
+  writer_.append(sheet_.DefaultRowHeight());
+  appendFont(writer_, sheet_.DefaultFont());
+  writer_.startArray(static_cast<quint64>(sheet_.Cols()));
+  for (int col = 0; col < sheet_.Cols(); ++col) column(col);
+  writer_.endArray();
+  writer_.startArray();
+  int next = 0;
+  for (int r = sheet_.NextWrittenRow(0); r < sheet_.Rows() && !stops();
+       r = sheet_.NextWrittenRow(r + 1)) {
+    if (isEmpty(r)) continue;
+    row(r, r - next);
+    next = r + 1;
+  }
+  writer_.endArray();
+  writer_.endArray();
+}
+
+void SheetEncoder::column(int col) {
+  writer_.startArray(5);
+  appendSize(writer_, sheet_.ColumnWidth(col));
+  text(sheet_.GetCellText(col, kHeadingRow));
+  text(sheet_.CellTag(col, kHeadingRow));
+  look(col, kHeadingRow);
+  look(col, kEveryRow);
+  writer_.endArray();
+}
+
+void SheetEncoder::row(int row, int skipped) {
+  writer_.startArray();
+  writer_.append(skipped);
+  appendSize(writer_, sheet_.RowHeight(row));
+  writer_.append(sheet_.IsRowHidden(row));
+  int next = 0;
+  for (int col = 0; col < sheet_.Cols(); ++col) {
+    if (isEmpty(col, row)) continue;
+    writer_.append(col - next);
+    look(col, row);
+    text(sheet_.GetCellText(col, row));
+    text(sheet_.CellTag(col, row));
+    next = col + 1;
+  }
+  writer_.endArray();
+}
+
+bool SheetEncoder::isEmpty(int row) const {
+  if (sheet_.RowHeight(row) || sheet_.IsRowHidden(row)) return false;
+  for (int col = 0; col < sheet_.Cols(); ++col) {
+    if (!isEmpty(col, row)) return false;
+  }
+  return true;
+}
+
+bool SheetEncoder::isEmpty(int col, int row) const {
+  return sheet_.SettingsNumberAt(col, row) == 0 && sheet_.GetCellText(col, row).isEmpty() &&
+         sheet_.CellTag(col, row).isEmpty();
+}
+
+void SheetEncoder::look(int col, int row) {
+  const int number = sheet_.SettingsNumberAt(col, row);
+  const auto known = looks_.constFind(number);
+  if (number == 0) {
+    writer_.append(0);
+  } else if (known != looks_.constEnd()) {
+    writer_.append(*known);
+  } else {
+    looks_.insert(number, static_cast<int>(looks_.size()) + 1);
+    appendSettings(writer_, sheet_.SettingsAt(col, row));
+  }
+}
+
+void SheetEncoder::text(const QString& text) {
+  const auto known = texts_.constFind(text);
+  if (known != texts_.constEnd()) {
+    writer_.append(*known);
+    return;
+  }
+  appendText(writer_, text);
+  if (text.isEmpty() || static_cast<std::size_t>(texts_.size()) >= kMaxNumberedTexts) return;
+  texts_.insert(text, static_cast<quint32>(texts_.size()));
+}
+
+void appendPageSetup(QCborStreamWriter& writer, const PageSetup& setup) {
+  writer.startArray(6);
+  writer.append(setup.landscape);
+  writer.append(setup.fitToOnePageWidth);
+  for (const double margin :
+       {setup.marginLeft, setup.marginTop, setup.marginRight, setup.marginBottom}) {
+    writer.append(margin);
+  }
+  writer.endArray();
+}
+
+}  // namespace
+
+void encodeWorkbook(const Workbook& workbook, QCborStreamWriter& writer,
+                    const std::function<bool()>& stops) {
+  writer.startArray(3);
+  appendPageSetup(writer, workbook.pageSetup);
+  writer.append(workbook.CurrentSheet());
+  writer.startArray(static_cast<quint64>(workbook.SheetCount()));
+  for (int i = 0; i < workbook.SheetCount(); ++i) {
+    SheetEncoder(workbook.sheetAt(i), writer).encode(workbook.SheetName(i), stops);
+  }
+  writer.endArray();
+  writer.endArray();
+}
+
+}  // namespace vellora

@@ -1,0 +1,97 @@
+#include "grid/files/workbook_file.h"
+
+#include "grid/files/hashing_device.h"
+#include "grid/files/safe_file.h"
+#include "grid/files/workbook_cbor.h"
+
+#include <QCborStreamWriter>
+#include <QFile>
+
+#include <algorithm>
+#include <cerrno>
+#include <fcntl.h>
+#include <sys/stat.h>
+
+namespace vellora {
+namespace {
+
+// A byte over 127, line ends of both kinds and an end-of-file mark: text transfers spoil it at
+// once.
+constexpr QByteArrayView kMagic("\x8BVWB\r\n\x1A\n", 8);
+constexpr QByteArrayView kVersion("\x00\x01", 2);
+constexpr qint64 kHeadSize = 10;
+constexpr qint64 kHashSize = 32;
+constexpr qint64 kPieceSize = 64 * 1024;
+
+FileError damaged(const QString& path) {
+  return FileError(u"文件“%1”已损坏或不完整，无法读取。"_qs.arg(path));
+}
+
+// Opened by hand for the system's own reason of a failure; a pipe must not make it wait.
+void openForReading(QFile& file, const QString& path) {
+  const int descriptor =
+      ::open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
+  if (descriptor < 0) throw cannotRead(path, errno);
+  struct stat status {};
+  const bool isPlain = ::fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode);
+  file.open(descriptor, QIODevice::ReadOnly, QFileDevice::AutoCloseHandle);
+  if (!isPlain) throw cannotRead(path, EISDIR);
+}
+
+// Whether the file ends with the hash of what comes before.
+bool hasRightHash(QFile& file) {
+  QCryptographicHash hash(QCryptographicHash::Sha256);
+  for (qint64 left = file.size() - kHashSize; left > 0;) {
+    const QByteArray piece = file.read(std::min(left, kPieceSize));
+    if (piece.isEmpty()) return false;
+    hash.addData(piece);
+    left -= piece.size();
+  }
+  return file.read(kHashSize) == hash.result();
+}
+
+void checkWhole(QFile& file, const QString& path) {
+  const QByteArray magic = file.read(kMagic.size());
+  if (magic != kMagic) {
+    throw FileError(u"文件“%1”不是日程表的数据文件，无法读取。"_qs.arg(path));
+  }
+  file.seek(0);
+  if (file.size() < kHeadSize + kHashSize || !hasRightHash(file)) throw damaged(path);
+  file.seek(kMagic.size());
+  if (file.read(kVersion.size()) != kVersion) {
+    throw FileError(u"文件“%1”由更新版本的程序写成，无法读取。"_qs.arg(path));
+  }
+}
+
+}  // namespace
+
+Workbook readWorkbookFile(const QString& path) {
+  QFile file;
+  openForReading(file, path);
+  checkWhole(file, path);
+  const qint64 size = file.size() - kHeadSize - kHashSize;
+  try {
+    CborInput input(file, size);
+    Workbook workbook = decodeWorkbook(input);
+    if (input.offset() != size) throw MalformedContent();
+    return workbook;
+  } catch (const MalformedContent&) {
+    throw FileError(u"文件“%1”的内容有误，无法读取。"_qs.arg(path));
+  }
+}
+
+void writeWorkbookFile(const Workbook& workbook, const QString& path) {
+  if (workbook.SheetCount() > kMaxSheets) {
+    throw FileError(u"无法写入文件“%1”：工作表超过 %2 张。"_qs.arg(path).arg(kMaxSheets));
+  }
+  SafeFile file(path);
+  HashingDevice hashed(file);
+  hashed.write(kMagic.data(), kMagic.size());
+  hashed.write(kVersion.data(), kVersion.size());
+  QCborStreamWriter writer(&hashed);
+  encodeWorkbook(workbook, writer, [&file] { return file.hasFailed(); });
+  file.write(hashed.finish());
+  file.commit();
+}
+
+}  // namespace vellora

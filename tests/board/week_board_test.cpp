@@ -1,0 +1,173 @@
+#include "board/week_board.h"
+
+#include "grid/surface/grid_surface.h"
+#include "store/store_error.h"
+#include "support/fixed_clock.h"
+#include "support/schedule_builder.h"
+#include "support/scripted_prompts.h"
+#include "support/text_output.h"
+
+#include <QDateEdit>
+#include <QFile>
+#include <QLabel>
+#include <QPushButton>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace vellora {
+namespace {
+
+const QDate kToday(2007, 3, 5);
+
+class WeekBoardTest : public testing::Test {
+ protected:
+  WeekBoardTest() {
+    schedule_.block(u"001"_qs, u"08:00:00"_qs, u"09:00:00"_qs)
+        .item(u"001"_qs, u"读书"_qs)
+        .plan(kToday, u"001"_qs, u"读书"_qs)
+        .plan(kToday.addDays(7), u"001"_qs, u"跑步"_qs)
+        .memo(kToday, u"交[*]报告"_qs)
+        .weekName(kToday, kToday.addDays(6), u"第一周"_qs)
+        .skin(u"KTZ9.SKN"_qs);
+  }
+
+  void open() {
+    board_.Load();
+    board_.Show();
+  }
+  void click(const QString& name) {
+    QTest::mouseClick(board_.findChild<QPushButton*>(name), Qt::LeftButton);
+  }
+  GridSurface& grid() { return *board_.findChild<GridSurface*>(u"Cell1"_qs); }
+  QString label(const QString& name) { return board_.findChild<QLabel*>(name)->text(); }
+  QString shown(int col, int row) { return grid().GetCellText(col, row); }
+  qsizetype rowsOf(const QString& table) { return store_.open(table).count(); }
+
+  test::ScheduleBuilder schedule_;
+  ScheduleStore store_{schedule_.path(), std::chrono::milliseconds(50)};
+  test::ScriptedPrompts prompts_;
+  test::FixedClock clock_{kToday};
+  ApplicationState state_{
+      store_,   prompts_, clock_, schedule_.folder(), schedule_.folder() + u"/none.skn"_qs,
+      QString()};
+  WeekBoard board_{state_};
+};
+
+}  // namespace
+
+TEST_F(WeekBoardTest, OpensAtTodayWithPlansWeekNameAndMemo) {
+  open();
+  EXPECT_EQ(board_.firstDay(), kToday);
+  EXPECT_EQ(shown(1, 1), u"读书\r要求"_qs);
+  EXPECT_EQ(shown(0, 0), u"时间\\日期"_qs);
+  EXPECT_EQ(label(u"Lxq"_qs), u"星期一"_qs);
+  EXPECT_EQ(label(u"Lmm"_qs), u"第一周"_qs);
+  EXPECT_EQ(board_.windowTitle(), u"   Vellora日程表2.8版   2007-03-05        交[*][*]报告"_qs);
+  EXPECT_TRUE(grid().RedrawSwitch());
+  EXPECT_TRUE(prompts_.warnings.isEmpty());
+}
+
+TEST_F(WeekBoardTest, StepsByDayAndByWeek) {
+  open();
+  click(u"Cm4"_qs);
+  EXPECT_EQ(shown(1, 1), u"跑步\r要求"_qs);
+  EXPECT_EQ(label(u"Lmm"_qs), QString());
+  EXPECT_EQ(board_.windowTitle(), u"   Vellora日程表2.8版   2007-03-12"_qs);
+  click(u"Cm2"_qs);
+  EXPECT_EQ(shown(2, 1), u"跑步\r要求"_qs);
+  EXPECT_EQ(label(u"Lxq"_qs), u"星期日"_qs);
+  click(u"Cm3"_qs);
+  click(u"Cm1"_qs);
+  EXPECT_EQ(board_.firstDay(), kToday);
+  board_.findChild<QDateEdit*>(u"D1"_qs)->setDate(kToday.addDays(1));
+  EXPECT_EQ(shown(7, 1), u"跑步\r要求"_qs);
+}
+
+TEST_F(WeekBoardTest, DisablesCommandsThatNothingIsAttachedTo) {
+  EXPECT_FALSE(board_.findChild<QPushButton*>(u"Command1"_qs)->isEnabled());
+  EXPECT_TRUE(board_.findChild<QPushButton*>(u"Command99"_qs)->isEnabled());
+}
+
+TEST_F(WeekBoardTest, RebuildsAfterAWindowOnlyWhenTheFlagIsSet) {
+  open();
+  board_.attachCommand(BoardCommand::Statistics, [&] { store_.execute(u"DELETE * FROM JH"_qs); });
+  board_.attachCommand(BoardCommand::DailyPlan, [&] { board_.setRedrawFlag(); });
+  click(u"Command3"_qs);
+  EXPECT_EQ(shown(1, 1), u"读书\r要求"_qs);
+  click(u"Command1"_qs);
+  EXPECT_EQ(shown(1, 1), QString());
+}
+
+TEST_F(WeekBoardTest, ClearsPlansMemosWeekNamesAndSkinOnlyAfterYes) {
+  open();
+  click(u"Command9"_qs);
+  EXPECT_EQ(rowsOf(u"JH"_qs), 2);
+  EXPECT_EQ(prompts_.questions,
+            QStringList{u"清空操作将删除所有的活动计划、备忘录和每周命名,清空前最好进行备份,"
+                        u"真的要清空全部计划吗?"_qs});
+  prompts_.answers << true;
+  click(u"Command9"_qs);
+  for (const auto& table : {u"JH"_qs, u"BW"_qs, u"MM"_qs, u"JM"_qs}) EXPECT_EQ(rowsOf(table), 0);
+  for (const auto& table : {u"SJ"_qs, u"HD"_qs}) EXPECT_EQ(rowsOf(table), 1);
+  EXPECT_EQ(shown(1, 1), QString());
+  EXPECT_EQ(label(u"Lmm"_qs), QString());
+  EXPECT_EQ(board_.windowTitle(), u"   Vellora日程表2.8版   2007-03-05"_qs);
+}
+
+TEST_F(WeekBoardTest, ClearsNothingWhileAnotherProgramIsSaving) {
+  open();
+  {
+    ScheduleStore other(schedule_.path());
+    const ScheduleStore::Transaction saving(other);
+    prompts_.answers << true;
+    click(u"Command9"_qs);
+  }
+  EXPECT_EQ(prompts_.warnings.size(), 1);
+  EXPECT_EQ(shown(1, 1), u"读书\r要求"_qs);
+  EXPECT_EQ(rowsOf(u"JH"_qs), 2);
+}
+
+TEST_F(WeekBoardTest, WarnsAndKeepsTheRedrawFlagWhenARebuildFails) {
+  schedule_.sql(u"ALTER TABLE SJ RENAME TO SJ_away"_qs);
+  open();
+  ASSERT_EQ(prompts_.warnings.size(), 1);
+  EXPECT_TRUE(prompts_.warnings[0].contains(u"SJ"_qs)) << prompts_.warnings[0].toStdString();
+  EXPECT_TRUE(grid().RedrawSwitch());
+  schedule_.sql(u"ALTER TABLE SJ_away RENAME TO SJ"_qs);
+  board_.Activate();
+  EXPECT_EQ(shown(1, 1), u"读书\r要求"_qs);
+}
+
+TEST_F(WeekBoardTest, WarnsWhenAStepFailsAndStaysUsable) {
+  open();
+  schedule_.sql(u"ALTER TABLE JH RENAME TO JH_away"_qs);
+  click(u"Cm3"_qs);
+  EXPECT_EQ(prompts_.warnings.size(), 1);
+  schedule_.sql(u"ALTER TABLE JH_away RENAME TO JH"_qs);
+  click(u"Cm2"_qs);
+  EXPECT_EQ(shown(1, 1), u"读书\r要求"_qs);
+  EXPECT_EQ(prompts_.warnings.size(), 1);
+}
+
+TEST_F(WeekBoardTest, TakesColumnWidthsFromItsTemplate) {
+  GridSurface saved;
+  saved.SetCols(20);
+  saved.SetColumnWidth(3, 222);
+  saved.SaveFile(schedule_.folder() + u"/JH.ZRT"_qs);
+  open();
+  EXPECT_EQ(grid().sheet().ColumnWidth(3), 222);
+  EXPECT_EQ(grid().Cols(), 8);
+}
+
+TEST_F(WeekBoardTest, GoesOnFromAnEmptySheetWhenTheTemplateIsBroken) {
+  QFile file(schedule_.folder() + u"/JH.ZRT"_qs);
+  ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+  file.write("no workbook");
+  file.close();
+  open();
+  EXPECT_EQ(shown(1, 1), u"读书\r要求"_qs);
+  EXPECT_TRUE(prompts_.warnings.isEmpty());
+}
+
+}  // namespace vellora

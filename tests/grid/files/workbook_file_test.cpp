@@ -1,0 +1,311 @@
+#include "grid/files/workbook_file.h"
+
+#include "file_messages.h"
+#include "sample_workbook.h"
+#include "sheet_comparison.h"
+#include "support/file_size_limit.h"
+#include "support/temporary_folder.h"
+#include "support/text_output.h"
+
+#include <QCborStreamWriter>
+#include <QCryptographicHash>
+
+#include <functional>
+#include <gtest/gtest.h>
+#include <random>
+
+namespace vellora {
+namespace {
+
+constexpr qsizetype kHeadSize = 10;
+constexpr qsizetype kHashSize = 32;
+
+class WorkbookFile : public testing::Test {
+ protected:
+  Workbook roundTrip(const Workbook& workbook) const {
+    writeWorkbookFile(workbook, path);
+    return readWorkbookFile(path);
+  }
+  QByteArray sampleBytes() const {
+    writeWorkbookFile(test::sampleWorkbook(), path);
+    return test::bytesOf(path);
+  }
+  // What reading a file of these bytes says; "" when it is read.
+  QString messageFor(const QByteArray& bytes) const {
+    test::writeBytes(path, bytes);
+    return test::messageOf([this] { readWorkbookFile(path); });
+  }
+  QString damaged() const { return u"文件“%1”已损坏或不完整，无法读取。"_qs.arg(path); }
+  QString foreign() const { return u"文件“%1”不是日程表的数据文件，无法读取。"_qs.arg(path); }
+  QString malformed() const { return u"文件“%1”的内容有误，无法读取。"_qs.arg(path); }
+
+  test::TemporaryFolder folder;
+  const QString path = folder.path(u"JH.ZRT"_qs);
+};
+
+// The content between head and hash replaced, and the hash made right again.
+QByteArray withContent(const QByteArray& file, const QByteArray& content) {
+  const QByteArray whole = file.first(kHeadSize) + content;
+  return whole + QCryptographicHash::hash(whole, QCryptographicHash::Sha256);
+}
+
+QByteArray contentOf(const QByteArray& file) {
+  return file.sliced(kHeadSize, file.size() - kHeadSize - kHashSize);
+}
+
+using Write = std::function<void(QCborStreamWriter&)>;
+
+QByteArray cbor(const Write& write) {
+  QByteArray bytes;
+  QCborStreamWriter writer(&bytes);
+  write(writer);
+  return bytes;
+}
+
+// A workbook whose only sheet has one column and two rows; the rows are written by the caller.
+QByteArray contentWithRows(const Write& rows) {
+  return cbor([&rows](QCborStreamWriter& w) {
+    w.startArray(3);
+    w.startArray(6);
+    for (int i = 0; i < 2; ++i) w.append(false);
+    for (int i = 0; i < 4; ++i) w.append(10.0);
+    w.endArray();
+    w.append(0);
+    w.startArray(1);
+    w.startArray(6);
+    w.append(QStringView(u"表"));
+    for (const int number : {2, 24}) w.append(number);
+    w.startArray(3);
+    w.append(QStringView(u"宋体"));
+    for (const int number : {8, 0}) w.append(number);
+    w.endArray();
+    w.startArray(1);
+    w.startArray(5);
+    w.appendNull();
+    for (int i = 0; i < 2; ++i) w.append(QStringView(u""));
+    for (int i = 0; i < 2; ++i) w.append(0);
+    w.endArray();
+    w.endArray();
+    w.startArray();
+    rows(w);
+    w.endArray();
+    w.endArray();
+    w.endArray();
+    w.endArray();
+  });
+}
+
+void startRow(QCborStreamWriter& writer, qint64 skipped) {
+  writer.startArray();
+  writer.append(skipped);
+  writer.appendNull();
+  writer.append(false);
+}
+
+}  // namespace
+
+TEST_F(WorkbookFile, KeepsEverythingOfAWorkbook) {
+  EXPECT_EQ(test::difference(test::sampleWorkbook(), roundTrip(test::sampleWorkbook())), QString());
+}
+
+TEST_F(WorkbookFile, KeepsDefaultsApartFromCellsSoThatTheyGoOnHolding) {
+  Workbook read = roundTrip(test::sampleWorkbook());
+  read.sheet().SetRows(41);
+  EXPECT_EQ(read.sheet().StyleAt(0, 40).align, kAlignCentred);
+  read.sheet().SetDefaultFont(20, kFontRegular, u"宋体"_qs);
+  EXPECT_EQ(read.sheet().StyleAt(0, 0).font.size, 20);
+  EXPECT_EQ(read.sheet().StyleAt(2, 0).font.size, 12);
+}
+
+TEST_F(WorkbookFile, KeepsTextsOfEveryKind) {
+  Workbook workbook;
+  Sheet& sheet = workbook.sheet();
+  sheet.SetCols(1);
+  const QString texts[]{QString(1, QChar(0)), QString(QChar(0xD800)),
+                        u"\U0001F600"_qs,     QString(QChar(0xDC00)) + u"a",
+                        u"'\"#[%\t\n\r"_qs,   QString(300'000, u'长'),
+                        QString(70'000, u'x')};
+  for (const QString& text : texts) {
+    sheet.SetRows(sheet.Rows() + 1);
+    sheet.SetCellText(0, sheet.Rows() - 1, text);
+  }
+  EXPECT_EQ(test::difference(workbook, roundTrip(workbook)), QString());
+}
+
+TEST_F(WorkbookFile, KeepsMoreDistinctTextsThanItNumbers) {
+  Workbook workbook;
+  workbook.sheet().SetCols(2);
+  workbook.sheet().SetRows(70'000);
+  for (int row = 0; row < 70'000; ++row) {
+    workbook.sheet().SetCellText(0, row, QString::number(row));
+    workbook.sheet().SetCellTag(1, row, QString::number(69'999 - row));
+  }
+  EXPECT_EQ(test::difference(workbook, roundTrip(workbook)), QString());
+}
+
+TEST_F(WorkbookFile, KeepsASheetWithoutAnythingAndOneOfABillionRows) {
+  Workbook workbook;
+  workbook.AddSheet(QString());
+  workbook.sheetAt(1).SetCols(2);
+  workbook.sheetAt(1).SetRows(kMaxRows);
+  workbook.sheetAt(1).SetCellText(1, kMaxRows - 1, u"x"_qs);
+  const Workbook read = roundTrip(workbook);
+  EXPECT_EQ(test::difference(read.sheetAt(0), Sheet()), QString());
+  EXPECT_EQ(read.sheetAt(1).GetCellText(1, kMaxRows - 1), u"x"_qs);
+  EXPECT_LT(test::bytesOf(path).size(), 300);
+}
+
+TEST_F(WorkbookFile, RefusesEveryTruncation) {
+  const QByteArray whole = sampleBytes();
+  ASSERT_EQ(messageFor(whole), QString());
+  for (qsizetype size = 0; size < whole.size(); ++size) {
+    ASSERT_EQ(messageFor(whole.first(size)), size < 8 ? foreign() : damaged()) << size;
+  }
+  EXPECT_EQ(messageFor(whole + '\0'), damaged());
+}
+
+TEST_F(WorkbookFile, RefusesEveryFlippedBit) {
+  const QByteArray whole = sampleBytes();
+  for (qsizetype bit = 0; bit < whole.size() * 8; ++bit) {
+    QByteArray flipped = whole;
+    flipped[bit / 8] = static_cast<char>(flipped[bit / 8] ^ 1 << bit % 8);
+    ASSERT_EQ(messageFor(flipped), bit < 64 ? foreign() : damaged()) << bit;
+  }
+}
+
+TEST_F(WorkbookFile, SaysThatAFileIsMissingNoFileOrNewer) {
+  const QString missing = folder.path(u"没有"_qs);
+  EXPECT_EQ(test::messageOf([&] { readWorkbookFile(missing); }),
+            u"无法读取文件“%1”：文件或文件夹不存在。"_qs.arg(missing));
+  const QString directory = folder.path(u"."_qs);
+  EXPECT_EQ(test::messageOf([&] { readWorkbookFile(directory); }),
+            u"无法读取文件“%1”：路径有误，该处不是普通文件。"_qs.arg(directory));
+  QByteArray newer = sampleBytes();
+  newer[9] = 2;
+  EXPECT_EQ(messageFor(withContent(newer, contentOf(newer))),
+            u"文件“%1”由更新版本的程序写成，无法读取。"_qs.arg(path));
+}
+
+TEST_F(WorkbookFile, RefusesHostileContentWithARightHash) {
+  const QByteArray sample = sampleBytes();
+  const Write good = [](QCborStreamWriter& w) {
+    startRow(w, 1);
+    for (const int number : {0, 0}) w.append(number);
+    w.append(QStringView(u"text"));
+    w.append(0);
+    w.endArray();
+  };
+  ASSERT_EQ(messageFor(withContent(sample, contentWithRows(good))), QString());
+  const struct {
+    const char* what;
+    Write rows;
+  } cases[]{
+      {"a row beyond the last",
+       [](auto& w) {
+         startRow(w, 2);
+         w.endArray();
+       }},
+      {"a negative number of skipped rows",
+       [](auto& w) {
+         startRow(w, -1);
+         w.endArray();
+       }},
+      {"an overflowing number of skipped rows",
+       [](auto& w) {
+         startRow(w, std::numeric_limits<qint64>::max());
+         w.endArray();
+       }},
+      {"a column beyond the last",
+       [](auto& w) {
+         startRow(w, 0);
+         for (const int number : {1, 0}) w.append(number);
+         for (int i = 0; i < 2; ++i) w.append(QStringView(u"x"));
+         w.endArray();
+       }},
+      {"the number of a text that does not exist",
+       [](auto& w) {
+         startRow(w, 0);
+         for (const int number : {0, 0, 0, 0}) w.append(number);
+         w.endArray();
+       }},
+      {"the number of a look that does not exist",
+       [](auto& w) {
+         startRow(w, 0);
+         for (const int number : {0, 1}) w.append(number);
+         for (int i = 0; i < 2; ++i) w.append(QStringView(u"x"));
+         w.endArray();
+       }},
+      {"half a cell",
+       [](auto& w) {
+         startRow(w, 0);
+         w.append(0);
+         w.endArray();
+       }},
+      {"rows that are no arrays", [](auto& w) { w.append(1); }},
+  };
+  for (const auto& c : cases) {
+    EXPECT_EQ(messageFor(withContent(sample, contentWithRows(c.rows))), malformed()) << c.what;
+  }
+}
+
+TEST_F(WorkbookFile, RefusesContentThatNestsDeeplyOrClaimsMoreThanThereIs) {
+  const QByteArray sample = sampleBytes();
+  const QByteArray text = QByteArray::fromHex("7b7fffffffffffffff");   // 2^63 − 1 bytes of text
+  const QByteArray array = QByteArray::fromHex("9b00ffffffffffffff");  // as many items
+  const QByteArray pieces = QByteArray::fromHex("7f7a7fffffff61");     // in pieces
+  const QByteArray bytes = QByteArray::fromHex("5b00000000ffffffff61");
+  const QByteArray start = contentOf(sample).first(contentOf(sample).indexOf("SJ") - 1);
+  const QByteArray contents[]{QByteArray(),   QByteArray(1'000'000, '\x81'),
+                              text,           QByteArray(1'000'000, '\x9F'),
+                              array,          start + text,
+                              start + pieces, start + bytes,
+                              start + array,  contentOf(sample) + contentOf(sample)};
+  for (const QByteArray& content : contents) {
+    EXPECT_EQ(messageFor(withContent(sample, content)), malformed())
+        << content.left(80).toHex().toStdString();
+  }
+}
+
+TEST_F(WorkbookFile, ReadsOrRefusesAnyContentWithARightHash) {
+  const QByteArray sample = sampleBytes();
+  const QByteArray content = contentOf(sample);
+  std::mt19937 random(7);
+  int refused = 0;
+  for (int turn = 0; turn < 4'000; ++turn) {
+    QByteArray changed = content;
+    for (unsigned i = 0; i < 1 + random() % 3; ++i) {
+      changed[static_cast<qsizetype>(random() % static_cast<unsigned>(content.size()))] =
+          static_cast<char>(random());
+    }
+    const QString message = messageFor(withContent(sample, changed));
+    ASSERT_TRUE(message.isEmpty() || message == malformed()) << turn;
+    refused += message.isEmpty() ? 0 : 1;
+  }
+  EXPECT_GT(refused, 1'000);
+}
+
+TEST_F(WorkbookFile, StaysWholeWhenTheDiskFillsUpAtAnyByte) {
+  const QByteArray old = sampleBytes();
+  Workbook changed = test::sampleWorkbook();
+  changed.sheet().SetCellText(1, 1, u"新"_qs);
+  for (rlim_t limit = 0; limit < static_cast<rlim_t>(old.size()); limit += 7) {
+    const QString message = test::messageOf([&] {
+      const test::FileSizeLimit full(limit);
+      writeWorkbookFile(changed, path);
+    });
+    ASSERT_EQ(message, u"无法写入文件“%1”：文件超过了系统允许的大小。"_qs.arg(path)) << limit;
+    ASSERT_EQ(test::bytesOf(path), old);
+    ASSERT_EQ(folder.names().size(), 1);
+  }
+}
+
+TEST_F(WorkbookFile, RefusesToWriteMoreSheetsThanItReads) {
+  Workbook workbook;
+  for (int i = 1; i < 1'000; ++i) workbook.AddSheet(QString::number(i));
+  EXPECT_EQ(roundTrip(workbook).SheetCount(), 1'000);
+  workbook.AddSheet(u"1000"_qs);
+  EXPECT_EQ(test::messageOf([&] { writeWorkbookFile(workbook, path); }),
+            u"无法写入文件“%1”：工作表超过 1000 张。"_qs.arg(path));
+}
+
+}  // namespace vellora
