@@ -12,11 +12,11 @@ namespace {
 // Serif, script and sans faces, best first; the first that is installed is drawn.
 void substituteFaces() {
   QFont::insertSubstitutions(u"宋体"_qs,
-                             {u"SimSun"_qs, u"AR PL UMing CN"_qs, u"Noto Serif CJK SC"_qs});
+                             {u"SimSun"_qs, u"Noto Serif CJK SC"_qs, u"AR PL UMing CN"_qs});
   QFont::insertSubstitutions(u"楷体_GB2312"_qs,
-                             {u"KaiTi"_qs, u"AR PL UKai CN"_qs, u"AR PL KaitiM GB"_qs});
+                             {u"KaiTi"_qs, u"AR PL KaitiM GB"_qs, u"AR PL UKai CN"_qs});
   QFont::insertSubstitutions(u"黑体"_qs,
-                             {u"SimHei"_qs, u"WenQuanYi Zen Hei"_qs, u"Noto Sans CJK SC"_qs});
+                             {u"SimHei"_qs, u"Noto Sans CJK SC"_qs, u"WenQuanYi Micro Hei"_qs});
 }
 
 void translateQt(QApplication& application) {
@@ -34,6 +34,8 @@ void setUpPlatform(QApplication& application) {
   QApplication::setStyle(u"Fusion"_qs);
   QApplication::setApplicationDisplayName(QString());
   substituteFaces();
+  // A Chinese face of its own spares every text the search for fallback faces.
+  QApplication::setFont(QFont(u"黑体"_qs, 9));
   translateQt(application);
 }
 

@@ -153,7 +153,7 @@ Column describedColumn(const QString& name, const QString& declaredType) {
 bool isSameName(QStringView one, QStringView other) {
   if (one.size() != other.size()) return false;
   for (qsizetype i = 0; i < one.size(); ++i) {
-    if (folded(one[i]) != folded(other[i])) return false;
+    if (one[i] != other[i] && folded(one[i]) != folded(other[i])) return false;
   }
   return true;
 }

@@ -11,19 +11,23 @@
 namespace vellora {
 namespace {
 
-// The engine takes an empty file for a new database, and beside an empty file it deletes the
-// journal of an unfinished save: both are refused before it sees them.
+constexpr qint64 kSmallestFile = 512;  // one page of the smallest size
+
+StoreError notASchedule(const QString& reason, const QString& path) {
+  return {StoreFault::NotADatabase, u"%1：%2。"_qs.arg(reason, path)};
+}
+
+// The engine takes an empty or tiny file for a new database, and beside it deletes the journal of
+// an unfinished save: such files are refused before it sees them. The file is not opened here,
+// because closing it would drop the locks of any other connection of this process.
 void requireSchedule(const QString& path) {
-  const QFileInfo file(path);
-  if (!file.exists()) {
+  const QFileInfo info(path);
+  if (!info.exists()) {
     throw StoreError(StoreFault::FileMissing, u"找不到日程文件：%1。"_qs.arg(path));
   }
-  if (!file.isFile()) {
-    throw StoreError(StoreFault::NotADatabase, u"这不是日程文件：%1。"_qs.arg(path));
-  }
-  if (file.size() == 0) {
-    throw StoreError(StoreFault::NotADatabase, u"日程文件是空的：%1。"_qs.arg(path));
-  }
+  if (!info.isFile()) throw notASchedule(u"这不是日程文件"_qs, path);
+  if (info.size() == 0) throw notASchedule(u"日程文件是空的"_qs, path);
+  if (info.size() < kSmallestFile) throw notASchedule(u"日程文件不完整"_qs, path);
 }
 
 SQLite::Database openedDatabase(const QString& path, std::chrono::milliseconds patience) {
@@ -67,6 +71,11 @@ void Connection::run(const char* sql) {
   if (sqlite3_exec(handle(), sql, nullptr, nullptr, nullptr) != SQLITE_OK) {
     throw engineError(handle());
   }
+}
+
+qint64 Connection::numberFrom(const char* sql) {
+  PreparedStatement statement(handle(), sql);
+  return statement.step() ? statement.cell(0).integer : 0;
 }
 
 void Connection::tryRun(const char* sql) noexcept {

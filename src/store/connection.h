@@ -25,6 +25,8 @@ class Connection {
   void run(const char* sql);
   // The same where nothing can be done about a failure.
   void tryRun(const char* sql) noexcept;
+  // The number that one of the program's own statements gives.
+  qint64 numberFrom(const char* sql);
 
  private:
   SQLite::Database database_;

@@ -14,8 +14,4 @@ QString textLiteral(QStringView text);
 // #2007-03-05#. An invalid date gives ##, which every statement refuses.
 QString dateLiteral(QDate date);
 
-// The same, appended to a statement without a text between.
-void appendTextLiteral(QString& statement, QStringView text);
-void appendDateLiteral(QString& statement, QDate date);
-
 }  // namespace vellora

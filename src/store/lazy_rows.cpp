@@ -17,9 +17,13 @@ QString selectOf(const QString& tableOrSelect) {
   return u"SELECT * FROM ["_qs + QStringView(tableOrSelect).trimmed() + u']';
 }
 
-LazyRows::LazyRows(Connection& connection, const QString& tableOrSelect) : connection_(connection) {
-  const StatementShape shape = slicedStatement(selectOf(tableOrSelect), literals_);
-  set_ = &connection_.statements().setOf({shape.data(), shape.size()});
+LazyRows::LazyRows(Connection& connection, const QString& tableOrSelect, RowsWanted wanted)
+    : connection_(connection),
+      set_(&connection.statements().setOf(selectOf(tableOrSelect), literals_)),
+      wanted_(wanted) {}
+
+bool LazyRows::isWholeTable() const {
+  return set_->isWholeTable && wanted_ == RowsWanted::All;
 }
 
 RowArena& LazyRows::rows() {
@@ -37,6 +41,7 @@ void LazyRows::read() {
       const Cells cells = currentCells(*set_);
       const qint64 rowId = set_->table.isEmpty() ? 0 : statement.cell(0).integer;
       rows.append(rowId, {cells.data(), static_cast<std::size_t>(cells.size())});
+      if (wanted_ == RowsWanted::First) break;
     }
   } catch (...) {
     rows_.reset();

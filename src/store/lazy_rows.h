@@ -1,7 +1,8 @@
 #pragma once
 
+#include "store/literals.h"
+#include "store/recordset.h"
 #include "store/row_arena.h"
-#include "store/statement_slices.h"
 
 #include <QStringView>
 
@@ -16,10 +17,12 @@ struct PreparedSet;
 class LazyRows {
  public:
   // A table by its name or a SELECT statement. Throws StoreError when it cannot be prepared.
-  LazyRows(Connection& connection, const QString& tableOrSelect);
+  LazyRows(Connection& connection, const QString& tableOrSelect, RowsWanted wanted);
 
   Connection& connection() { return connection_; }
   const PreparedSet& set() const { return *set_; }
+  // True when a row added to the table is sure to be among the rows that are read later.
+  bool isWholeTable() const;
   bool isRead() const { return rows_.has_value(); }
 
   // Reads the rows when that has not been done. A failure leaves them unread.
@@ -31,6 +34,7 @@ class LazyRows {
   Connection& connection_;
   Literals literals_;
   PreparedSet* set_;
+  RowsWanted wanted_;
   std::optional<RowArena> rows_;
 };
 

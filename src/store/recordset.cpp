@@ -5,8 +5,8 @@
 
 namespace vellora {
 
-Recordset::Recordset(Connection& connection, const QString& tableOrSelect)
-    : state_(std::make_unique<State>(connection, tableOrSelect)) {}
+Recordset::Recordset(Connection& connection, const QString& tableOrSelect, RowsWanted wanted)
+    : state_(std::make_unique<State>(connection, tableOrSelect, wanted)) {}
 
 Recordset::Recordset(Recordset&&) noexcept = default;
 Recordset& Recordset::operator=(Recordset&&) noexcept = default;

@@ -60,7 +60,7 @@ void Recordset::update() {
 // A row added to a whole table belongs to the set by itself when the rows are read later. In any
 // other set the rows are read first, so that the new one is not read twice.
 void Recordset::storeNew() {
-  const bool staysUnread = state_->lazy.set().isWholeTable && !state_->lazy.isRead();
+  const bool staysUnread = state_->lazy.isWholeTable() && !state_->lazy.isRead();
   if (!staysUnread) state_->rows();
   const StoredRow stored = state_->writer().insert(state_->edit->changes);
   if (staysUnread) {

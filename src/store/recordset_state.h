@@ -16,7 +16,8 @@ struct RowEdit {
 };
 
 struct Recordset::State {
-  State(Connection& connection, const QString& tableOrSelect) : lazy(connection, tableOrSelect) {}
+  State(Connection& connection, const QString& tableOrSelect, RowsWanted wanted)
+      : lazy(connection, tableOrSelect, wanted) {}
 
   // The rows, read; a row that was added before they were read is then current.
   RowArena& rows();

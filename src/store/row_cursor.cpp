@@ -2,15 +2,18 @@
 
 #include "store/connection.h"
 #include "store/lazy_rows.h"
-#include "store/statement_slices.h"
+#include "store/literals.h"
 #include "store/store_error.h"
 
 namespace vellora {
 namespace {
 
 PreparedSet slicedSet(Connection& connection, const QString& tableOrSelect, Literals& literals) {
-  const StatementShape shape = slicedStatement(selectOf(tableOrSelect), literals);
-  return preparedSet(connection.handle(), {shape.data(), shape.size()});
+  const QString select = selectOf(tableOrSelect);
+  const StatementShape shape(select);
+  PreparedSet set = preparedSet(connection.handle(), shape);
+  shape.takeLiterals(select, literals);
+  return set;
 }
 
 }  // namespace

@@ -1,15 +1,19 @@
 #include "store/schedule_store.h"
 
 #include "store/connection.h"
+#include "store/engine_error.h"
+#include "store/literals.h"
 #include "store/schema.h"
-#include "store/statement_slices.h"
 #include "store/store_error.h"
+
+#include <sqlite3.h>
 
 namespace vellora {
 
 ScheduleStore::ScheduleStore(const QString& path, std::chrono::milliseconds patience)
     : connection_(std::make_unique<Connection>(path, patience)) {
   requireSchema(*connection_);
+  requireWholeFile(*connection_, path);
   addMissingIndices(*connection_);
 }
 
@@ -17,9 +21,7 @@ ScheduleStore::~ScheduleStore() = default;
 
 qint64 ScheduleStore::execute(const QString& statement) {
   Literals literals;
-  const StatementShape shape = slicedStatement(statement, literals);
-  PreparedStatement& prepared =
-      connection_->statements().setOf({shape.data(), shape.size()}).statement;
+  PreparedStatement& prepared = connection_->statements().setOf(statement, literals).statement;
   const StatementRun run(prepared);
   literals.bindTo(prepared);
   const qint64 before = connection_->changeCount();
@@ -29,7 +31,11 @@ qint64 ScheduleStore::execute(const QString& statement) {
 }
 
 Recordset ScheduleStore::open(const QString& tableOrSelect) {
-  return {*connection_, tableOrSelect};
+  return {*connection_, tableOrSelect, RowsWanted::All};
+}
+
+Recordset ScheduleStore::openFirst(const QString& tableOrSelect) {
+  return {*connection_, tableOrSelect, RowsWanted::First};
 }
 
 RowCursor ScheduleStore::readOnce(const QString& tableOrSelect) {
@@ -45,6 +51,7 @@ ScheduleStore::Transaction::Transaction(ScheduleStore& store)
   if (connection_->isInTransaction()) {
     throw StoreError(StoreFault::Other, u"上一次保存还没有结束，不能开始新的保存。"_qs);
   }
+  if (connection_->isReadOnly()) throw engineError(SQLITE_READONLY, {});  // BEGIN would not mind
   connection_->run("BEGIN IMMEDIATE");
 }
 

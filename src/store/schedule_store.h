@@ -31,6 +31,10 @@ class ScheduleStore {
   // Opens the rows of a table, by its name, or of a SELECT statement.
   Recordset open(const QString& tableOrSelect);
 
+  // Opens the first of these rows alone, for the look-ups behind a board: whether there is a second
+  // one is not even asked.
+  Recordset openFirst(const QString& tableOrSelect);
+
   // Opens the same rows for one pass in constant memory: backups of a large schedule.
   RowCursor readOnce(const QString& tableOrSelect);
 

@@ -4,6 +4,7 @@
 #include "store/engine_error.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QStringList>
 
 #include <SQLiteCpp/Exception.h>
@@ -122,6 +123,12 @@ void requireSchema(const Connection& connection) {
     }
     requireColumns(connection, table);
   }
+}
+
+void requireWholeFile(Connection& connection, const QString& path) {
+  const qint64 size =
+      connection.numberFrom("PRAGMA page_count") * connection.numberFrom("PRAGMA page_size");
+  if (QFileInfo(path).size() < size) throw engineError(SQLITE_CORRUPT, {});
 }
 
 void addMissingIndices(Connection& connection) {

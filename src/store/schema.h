@@ -29,6 +29,10 @@ void createSchedule(const QString& path);
 // columns that is not there. A schedule may have more.
 void requireSchema(const Connection& connection);
 
+// Throws StoreFault::Damaged when the end of the file is cut off. The engine itself does not notice
+// when only a part of the last page is missing.
+void requireWholeFile(Connection& connection, const QString& path);
+
 // Adds the planner's indices that are missing. They only speed look-ups up: where they cannot be
 // written the schedule is used without them.
 void addMissingIndices(Connection& connection);

@@ -1,11 +1,14 @@
 #include "store/statement_cache.h"
 
+#include "store/literals.h"
 #include "store/translation.h"
+
+#include <algorithm>
 
 namespace vellora {
 
-PreparedSet preparedSet(sqlite3* connection, QStringView statement) {
-  const Translation translation = translated(statement);
+PreparedSet preparedSet(sqlite3* connection, const StatementShape& shape) {
+  const Translation translation = translated(shape.text());
   PreparedSet set{PreparedStatement(connection, translation.sql),
                   {},
                   translation.table,
@@ -17,11 +20,20 @@ PreparedSet preparedSet(sqlite3* connection, QStringView statement) {
   return set;
 }
 
-PreparedSet& StatementCache::setOf(QStringView shape) {
-  const std::u16string_view key(shape.utf16(), static_cast<std::size_t>(shape.size()));
-  const auto known = sets_.find(key);
-  if (known != sets_.end()) return known->second;
-  return sets_.emplace(std::u16string(key), preparedSet(connection_, shape)).first->second;
+PreparedSet& StatementCache::setOf(QStringView statement, Literals& literals) {
+  const auto fits = [&](const auto& known) {
+    return known->shape.takeLiterals(statement, literals);
+  };
+  auto found = std::find_if(known_.begin(), known_.end(), fits);
+  if (found == known_.end()) {
+    const StatementShape shape(statement);
+    PreparedSet set = preparedSet(connection_, shape);
+    shape.takeLiterals(statement, literals);
+    known_.push_back(std::make_unique<Known>(Known{shape, std::move(set)}));
+    found = known_.end() - 1;
+  }
+  std::rotate(known_.begin(), found, found + 1);
+  return known_.front()->set;
 }
 
 PreparedStatement& StatementCache::native(const QByteArray& sql) {

@@ -2,14 +2,17 @@
 
 #include "store/column.h"
 #include "store/prepared_statement.h"
+#include "store/statement_shape.h"
 
 #include <QHash>
 #include <QList>
 
-#include <string>
-#include <unordered_map>
+#include <memory>
+#include <vector>
 
 namespace vellora {
+
+class Literals;
 
 // A prepared statement and what its rows look like.
 struct PreparedSet {
@@ -22,32 +25,32 @@ struct PreparedSet {
   int firstColumn() const { return table.isEmpty() ? 0 : 1; }
 };
 
+// Prepares the statements of a shape. Throws StoreError.
+PreparedSet preparedSet(sqlite3* connection, const StatementShape& shape);
+
 // Every statement that was used on a connection, ready to run again. The planner has a few dozen
 // shapes, so nothing is ever thrown away and references stay valid.
 class StatementCache {
  public:
   explicit StatementCache(sqlite3* connection) : connection_(connection) {}
 
-  // A statement of the dialect, by its shape. Throws StoreError when it cannot be prepared.
-  PreparedSet& setOf(QStringView shape);
+  // A statement of the dialect; its literals are put into `literals`. Throws StoreError.
+  PreparedSet& setOf(QStringView statement, Literals& literals);
 
   // A statement in the engine's own words.
   PreparedStatement& native(const QByteArray& sql);
 
  private:
-  struct ShapeHash {
-    using is_transparent = void;
-    std::size_t operator()(std::u16string_view shape) const {
-      return qHashBits(shape.data(), shape.size() * sizeof(char16_t));
-    }
+  struct Known {
+    StatementShape shape;
+    PreparedSet set;
   };
 
   sqlite3* connection_;
-  std::unordered_map<std::u16string, PreparedSet, ShapeHash, std::equal_to<>> sets_;
+  // The one used last comes first: a board fill goes to and fro between two, which are found faster
+  // by comparing than by any hash.
+  std::vector<std::unique_ptr<Known>> known_;
   QHash<QByteArray, std::shared_ptr<PreparedStatement>> native_;
 };
-
-// Prepares a statement of the dialect or its shape outside any cache.
-PreparedSet preparedSet(sqlite3* connection, QStringView statement);
 
 }  // namespace vellora

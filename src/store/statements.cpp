@@ -1,52 +1,18 @@
 #include "store/statements.h"
 
-#include "store/dialect.h"
+#include "store/statement_pieces.h"
 
 namespace vellora::statements {
-namespace {
 
-// A text value among the pieces of a statement; a QDate stands for itself.
-struct Text {
-  const QString& value;
-};
-
-qsizetype roomFor(QStringView piece) {
-  return piece.size();
-}
-qsizetype roomFor(Text text) {
-  return text.value.size() + 4;
-}
-qsizetype roomFor(QDate) {
-  return 12;
-}
-
-void append(QString& statement, QStringView piece) {
-  statement += piece;
-}
-void append(QString& statement, Text text) {
-  appendTextLiteral(statement, text.value);
-}
-void append(QString& statement, QDate date) {
-  appendDateLiteral(statement, date);
-}
-
-// Joins the pieces of a statement in one allocation: the board builds hundreds at a time.
-template <typename... Pieces>
-QString joined(const Pieces&... pieces) {
-  QString statement;
-  statement.reserve((roomFor(pieces) + ...));
-  (append(statement, pieces), ...);
-  return statement;
-}
-
-}  // namespace
+using namespace std::string_view_literals;
 
 QString allItems() {
   return u"select * from hd"_qs;
 }
 
 QString itemsOfCategory(const QString& category) {
-  return joined(u"select * from hd WHERE hdlb = ", Text{category}, u" order by hdbh");
+  return joinedPieces(u"select * from hd WHERE hdlb = "sv, TextLiteral{category},
+                      u" order by hdbh"sv);
 }
 
 QString openItems() {
@@ -54,15 +20,15 @@ QString openItems() {
 }
 
 QString itemNamed(const QString& name) {
-  return joined(u"SELECT * FROM HD  WHERE HDMC=", Text{name});
+  return joinedPieces(u"SELECT * FROM HD  WHERE HDMC="sv, TextLiteral{name});
 }
 
 QString itemNumberIs(const QString& number) {
-  return joined(u"HDBH=", Text{number});
+  return joinedPieces(u"HDBH="sv, TextLiteral{number});
 }
 
 QString itemNameIs(const QString& name) {
-  return joined(u"HDMC=", Text{name});
+  return joinedPieces(u"HDMC="sv, TextLiteral{name});
 }
 
 QString blocksByStart() {
@@ -74,11 +40,11 @@ QString blocksByCode() {
 }
 
 QString blockWithCode(const QString& code) {
-  return joined(u"SELECT * FROM SJ WHERE SJKH=", Text{code});
+  return joinedPieces(u"SELECT * FROM SJ WHERE SJKH="sv, TextLiteral{code});
 }
 
 QString blockCodeIs(const QString& code) {
-  return joined(u"SJKH=", Text{code});
+  return joinedPieces(u"SJKH="sv, TextLiteral{code});
 }
 
 QString allBlocks() {
@@ -90,20 +56,21 @@ QString deleteBlocks() {
 }
 
 QString plansOn(QDate date) {
-  return joined(u"SELECT * FROM JH WHERE RQ=", date);
+  return joinedPieces(u"SELECT * FROM JH WHERE RQ="sv, date);
 }
 
 QString planOfBlock(QDate date, const QString& code) {
-  return joined(u"SELECT * FROM JH  WHERE JH.SJKH=", Text{code}, u" AND JH.RQ=", date);
+  return joinedPieces(u"SELECT * FROM JH  WHERE JH.SJKH="sv, TextLiteral{code}, u" AND JH.RQ="sv,
+                      date);
 }
 
 QString plansOfActivity(const QString& name) {
-  return joined(u"SELECT * FROM JH WHERE HDMC=", Text{name}, u" ORDER BY RQ,SJKH");
+  return joinedPieces(u"SELECT * FROM JH WHERE HDMC="sv, TextLiteral{name}, u" ORDER BY RQ,SJKH"sv);
 }
 
 QString planOfActivityInBlock(const QString& name, QDate date, const QString& code) {
-  return joined(u"SELECT * FROM JH WHERE HDMC=", Text{name}, u" AND RQ=", date, u" AND SJKH=",
-                Text{code});
+  return joinedPieces(u"SELECT * FROM JH WHERE HDMC="sv, TextLiteral{name}, u" AND RQ="sv, date,
+                      u" AND SJKH="sv, TextLiteral{code});
 }
 
 QString allPlans() {
@@ -111,11 +78,11 @@ QString allPlans() {
 }
 
 QString deletePlansOfActivity(const QString& name) {
-  return joined(u"DELETE * FROM JH WHERE HDMC=", Text{name});
+  return joinedPieces(u"DELETE * FROM JH WHERE HDMC="sv, TextLiteral{name});
 }
 
 QString deletePlanOfBlock(QDate date, const QString& code) {
-  return joined(u"DELETE * FROM JH WHERE SJKH=", Text{code}, u" AND RQ=", date);
+  return joinedPieces(u"DELETE * FROM JH WHERE SJKH="sv, TextLiteral{code}, u" AND RQ="sv, date);
 }
 
 QString deletePlans() {
@@ -123,7 +90,7 @@ QString deletePlans() {
 }
 
 QString memoOn(QDate date) {
-  return joined(u"SELECT * FROM BW WHERE RQ=", date);
+  return joinedPieces(u"SELECT * FROM BW WHERE RQ="sv, date);
 }
 
 QString deleteMemos() {
@@ -131,7 +98,7 @@ QString deleteMemos() {
 }
 
 QString weekNamesAt(QDate date) {
-  return joined(u"SELECT * FROM MM WHERE ", date, u">=KSRQ AND ", date, u"<=JSRQ");
+  return joinedPieces(u"SELECT * FROM MM WHERE "sv, date, u">=KSRQ AND "sv, date, u"<=JSRQ"sv);
 }
 
 QString weekNamesByStart() {
@@ -155,21 +122,21 @@ QString deleteSkinSetting() {
 }
 
 QString minutesByCategory(QDate start, QDate end) {
-  return joined(
+  return joinedPieces(
       u"SELECT HD.HDLB,Sum(Hour([SJ1])*60+Minute([SJ1])-Hour([SJ0])*60-Minute([SJ0])) AS SJ"
       u" FROM HD INNER JOIN (SJ INNER JOIN JH ON SJ.SJKH = JH.SJKH) ON HD.HDMC = JH.HDMC"
-      u" WHERE JH.RQ>=",
-      start, u" AND JH.RQ <=", end, u" GROUP BY HD.HDLB");
+      u" WHERE JH.RQ>="sv,
+      start, u" AND JH.RQ <="sv, end, u" GROUP BY HD.HDLB"sv);
 }
 
 QString minutesByActivity(QDate start, QDate end) {
-  return joined(
+  return joinedPieces(
       u"SELECT HD.HDLB,JH.HDMC,"
       u" Sum(Hour([SJ1])*60+Minute([SJ1])-Hour([SJ0])*60-Minute([SJ0])) AS SJ,"
       u" Count(JH.HDMC) AS CS"
       u" FROM HD INNER JOIN (SJ INNER JOIN JH ON SJ.SJKH = JH.SJKH) ON HD.HDMC = JH.HDMC"
-      u" WHERE JH.RQ>=",
-      start, u" AND JH.RQ <=", end, u" GROUP BY HD.HDLB,JH.HDMC");
+      u" WHERE JH.RQ>="sv,
+      start, u" AND JH.RQ <="sv, end, u" GROUP BY HD.HDLB,JH.HDMC"sv);
 }
 
 QString deleteAllFrom(const QString& table) {

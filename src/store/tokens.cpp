@@ -3,6 +3,8 @@
 #include "store/column.h"
 #include "store/store_error.h"
 
+#include <algorithm>
+
 namespace vellora {
 namespace {
 
@@ -85,8 +87,8 @@ Token TokenReader::next() {
 
 qsizetype textLiteralEnd(QStringView text, qsizetype from) {
   for (;;) {
-    const qsizetype quote = text.indexOf(u'\'', from);
-    if (quote < 0) return -1;
+    const qsizetype quote = std::find(text.begin() + from, text.end(), u'\'') - text.begin();
+    if (quote == text.size()) return -1;
     if (quote + 1 == text.size() || text[quote + 1] != u'\'') return quote + 1;
     from = quote + 2;
   }

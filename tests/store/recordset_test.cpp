@@ -186,6 +186,39 @@ TEST_F(RecordsetTest, TellsColumnsByPositionWithNameAndKind) {
   EXPECT_EQ(sums.columnName(3), u"CS"_qs);
 }
 
+TEST_F(RecordsetTest, TheFirstRowAloneIsASetOfOneRowThatCanBeEdited) {
+  Recordset first = store.openFirst(statements::openItems());
+  EXPECT_EQ(first.count(), 1);
+  first.edit();
+  first.set(u"HDMC", u"慢跑"_qs);
+  first.update();
+  EXPECT_EQ(store.openFirst(statements::itemNamed(u"慢跑"_qs)).text(u"HDBH"), u"001"_qs);
+  EXPECT_TRUE(store.openFirst(statements::itemNamed(u"晨跑"_qs)).isEmpty());
+}
+
+TEST_F(RecordsetTest, TwoSetsOfOneStatementDoNotDisturbEachOther) {
+  Recordset one = store.open(statements::itemNamed(u"晨跑"_qs));
+  Recordset other = store.open(statements::itemNamed(u"读书"_qs));
+  EXPECT_EQ(one.text(u"HDBH"), u"001"_qs);
+  EXPECT_EQ(other.text(u"HDBH"), u"003"_qs);
+}
+
+TEST_F(RecordsetTest, ACursorReadsEveryRowOnceThroughSavesOfItsOwnStore) {
+  RowCursor cursor = store.readOnce(u"hd"_qs);
+  EXPECT_EQ(faultOf([&] { cursor.text(0); }), StoreFault::NoCurrentRow);
+  EXPECT_EQ(cursor.columnName(1), u"HDMC"_qs);
+  EXPECT_EQ(cursor.columnKind(3), ColumnKind::Int16);
+  QStringList names;
+  while (cursor.next()) {
+    names.append(cursor.text(1));
+    EXPECT_EQ(store.open(u"HD"_qs).count(), 3) << "the same statement, open twice";
+    store.execute(statements::deleteMemos());
+  }
+  EXPECT_EQ(names, QStringList({u"晨跑"_qs, u"O'Neil"_qs, u"读书"_qs}));
+  EXPECT_FALSE(cursor.next());
+  EXPECT_EQ(faultOf([&] { cursor.number(3); }), StoreFault::NoCurrentRow);
+}
+
 TEST_F(RecordsetTest, KeepsAMillionCharactersAndEveryRowOfALargeTable) {
   const QString longText(1'000'000, u'长');
   builder.memo(kDay, longText).fullPlan(kDay, 200, 50, 7);

@@ -67,5 +67,79 @@ TEST_F(Catalogue, EverySelectStatementFindsItsRows) {
   }
 }
 
+TEST_F(Catalogue, DeletesOnlyTheRowsThatItNames) {
+  using namespace statements;
+  EXPECT_EQ(store.execute(deletePlanOfBlock(kDay, u"B"_qs)), 1);
+  EXPECT_EQ(store.execute(deletePlanOfBlock(kDay, u"B"_qs)), 0);
+  EXPECT_EQ(store.execute(deletePlansOfActivity(u"晨跑 "_qs)), 0);
+  EXPECT_EQ(store.execute(deletePlansOfActivity(u"晨跑"_qs)), 2);
+  for (const QString& statement : {deleteMemos(), deleteWeekNames(), deleteSkinSetting()}) {
+    store.execute(statement);
+  }
+  EXPECT_TRUE(store.open(memoOn(kDay)).isEmpty());
+  EXPECT_TRUE(store.open(allWeekNames()).isEmpty());
+  EXPECT_EQ(store.open(allBlocks()).count(), 2);
+  EXPECT_EQ(store.execute(deleteBlocks()), 2);
+  EXPECT_EQ(store.execute(deleteAllFrom(u"HD"_qs)), 2);
+}
+
+TEST_F(Catalogue, SortsAsItsWindowsShowTheRows) {
+  using namespace statements;
+  EXPECT_EQ(store.open(blocksByStart()).text(u"SJKH"), u"B"_qs);
+  EXPECT_EQ(store.open(blocksByCode()).text(u"SJKH"), u"A"_qs);
+  Recordset plan = store.open(plansOfActivity(u"晨跑"_qs));
+  EXPECT_EQ(plan.date(u"RQ"), kDay);
+  plan.moveLast();
+  EXPECT_EQ(plan.date(u"RQ"), kDay.addDays(1));
+}
+
+TEST_F(Catalogue, SumsThePlannedMinutesOfEveryEntryThatHasBlockAndItem) {
+  builder.plan(kDay, u"C"_qs, u"晨跑"_qs).plan(kDay, u"A"_qs, u"不在目录"_qs);
+  Recordset categories = store.open(statements::minutesByCategory(kDay, kDay.addDays(1)));
+  ASSERT_EQ(categories.count(), 2);
+  EXPECT_EQ(categories.text(u"HDLB"), u"1-工作"_qs);
+  EXPECT_EQ(categories.number(u"SJ"), 20);
+  categories.moveNext();
+  EXPECT_EQ(categories.number(u"SJ"), 180);
+  Recordset activities = store.open(statements::minutesByActivity(kDay, kDay.addDays(1)));
+  activities.moveLast();
+  EXPECT_EQ(activities.text(u"HDMC"), u"晨跑"_qs);
+  EXPECT_EQ(activities.number(u"SJ"), 180);
+  EXPECT_EQ(activities.number(u"CS"), 2);
+}
+
+TEST_F(Catalogue, ReadsValuesByTheKindOfTheirColumn) {
+  Recordset block = store.open(statements::blockWithCode(u"A"_qs));
+  EXPECT_EQ(block.value(u"SJ0"), QVariant(QTime(8, 0)));
+  EXPECT_EQ(block.time(u"sj1"), QTime(9, 30));
+  EXPECT_FALSE(block.date(u"SJ0").isValid());
+  EXPECT_EQ(store.open(statements::plansOn(kDay)).value(u"RQ"), QVariant(kDay));
+  EXPECT_EQ(store.open(statements::memoOn(kDay)).text(u"memo"), u"第一行\n第二行"_qs);
+}
+
+TEST(ScheduleStore, CopesWithNumberedRows) {
+  ScheduleBuilder builder;
+  builder.sql(u"DROP TABLE MM"_qs)
+      .sql(
+          u"CREATE TABLE MM (ID INTEGER PRIMARY KEY AUTOINCREMENT, KSRQ DATETIME, JSRQ DATETIME,"
+          u" MM VARCHAR(255))"_qs);
+  ScheduleStore store(builder.path());
+  Recordset names = store.open(statements::allWeekNames());
+  for (const QString& name : {u"第一周"_qs, u"第二周"_qs}) {
+    names.addNew();
+    names.set(u"KSRQ", kDay);
+    names.set(u"MM", name);
+    names.update();
+  }
+  EXPECT_EQ(names.number(u"ID"), 2);
+  names.edit();
+  names.set(u"MM", u"改名"_qs);
+  names.update();
+  Recordset stored = store.open(statements::weekNamesByStart());
+  EXPECT_EQ(stored.text(u"MM"), u"第一周"_qs);
+  stored.moveNext();
+  EXPECT_EQ(stored.text(u"MM"), u"改名"_qs);
+}
+
 }  // namespace
 }  // namespace vellora

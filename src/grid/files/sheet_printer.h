@@ -1,23 +1,25 @@
 #pragma once
 
-#include "grid/sheet/sheet.h"
+#include "grid/files/file_error.h"
 #include "grid/sheet/workbook.h"
 
-class QPrinter;
-class QWidget;
+class QPageLayout;
+class QPagedPaintDevice;
 
 namespace vellora {
 
 // What repeats on every page: the heading strip of a list, or row 0 of the board.
 enum class PrintHeadings { HeadingStrip, FirstRow };
 
-// Prints a sheet as text on as many pages as it needs, always in the light colours of paper:
-// headings repeated, pages numbered, long texts wrapped, nothing cut.
-void printSheet(const Sheet& sheet, const PageSetup& setup, PrintHeadings headings,
-                QPrinter& printer);
+// A4 paper with the orientation and margins of the set-up.
+QPageLayout paperOf(const PageSetup& setup);
 
-// Shows a preview from which the user prints or saves a PDF file.
-void previewSheet(const Sheet& sheet, const PageSetup& setup, PrintHeadings headings,
-                  const QString& documentName, QWidget* parent);
+// Prints a sheet as text on as many pages of the device as it needs, always in the light colours of
+// paper: headings repeated, pages numbered, texts wrapped, rows made higher or continued on further
+// pages, nothing cut. Hidden rows and empty rows at the end are left out. The paper is the
+// device's own; of the set-up only fitToOnePageWidth counts. Throws FileError when the device
+// does not take the pages.
+void printSheet(const Sheet& sheet, const PageSetup& setup, PrintHeadings headings,
+                QPagedPaintDevice& device);
 
 }  // namespace vellora

@@ -1,0 +1,37 @@
+# Shared by ./run, ./test and ./bench: packages of Debian 12, and the build.
+
+build_packages=(
+  build-essential cmake ninja-build ccache
+  qt6-base-dev qt6-translations-l10n libsqlitecpp-dev libsqlite3-dev
+)
+font_packages=(fonts-noto-cjk fonts-arphic-gkai00mp)
+check_packages=(clang-format clang-tidy)
+test_packages=(libgtest-dev poppler-utils)
+bench_packages=(libgtest-dev libbenchmark-dev)
+picture_packages=(xvfb xdotool imagemagick)
+
+as_root() {
+  if [[ $(id -u) == 0 ]]; then "$@"; else sudo "$@"; fi
+}
+
+apt_install() {
+  as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y -q --no-install-recommends "$@"
+}
+
+# Installs those of the packages that are not there; quick and offline when all are.
+need_packages() {
+  local package missing=()
+  for package in "$@"; do
+    [[ $(dpkg-query -W -f='${db:Status-Status}' "$package" 2>/dev/null) == installed ]] ||
+      missing+=("$package")
+  done
+  ((${#missing[@]} == 0)) && return
+  echo "Installing: ${missing[*]}"
+  apt_install "${missing[@]}" || { as_root apt-get update -q && apt_install "${missing[@]}"; }
+}
+
+# Configures and builds a preset of CMakePresets.json.
+build_preset() {
+  cmake --preset "$1"
+  cmake --build --preset "$1"
+}

@@ -1,0 +1,119 @@
+#include "grid/files/print_preview.h"
+
+#include "grid/files/pdf_text.h"
+#include "grid/files/safe_file.h"
+
+#include <QAction>
+#include <QBuffer>
+#include <QDir>
+#include <QFileDialog>
+#include <QGuiApplication>
+#include <QMessageBox>
+#include <QPageLayout>
+#include <QPdfWriter>
+#include <QPrintPreviewDialog>
+#include <QPrinter>
+#include <QPushButton>
+#include <QScreen>
+#include <QStandardPaths>
+#include <QToolBar>
+
+#include <functional>
+
+namespace vellora {
+namespace {
+
+PageSetup pageSetupOf(const QPrinter& printer, PageSetup setup) {
+  const QPageLayout layout = printer.pageLayout();
+  const QMarginsF margins = layout.margins(QPageLayout::Millimeter);
+  setup.landscape = layout.orientation() == QPageLayout::Landscape;
+  setup.marginLeft = margins.left();
+  setup.marginTop = margins.top();
+  setup.marginRight = margins.right();
+  setup.marginBottom = margins.bottom();
+  return setup;
+}
+
+// Runs the action; its failure is told and otherwise changes nothing.
+void withWarning(QWidget* parent, const std::function<void()>& action) {
+  try {
+    action();
+  } catch (const FileError& error) {
+    QMessageBox box(QMessageBox::Warning, u"打印"_qs, error.description(), QMessageBox::Ok, parent);
+    box.button(QMessageBox::Ok)->setText(u"确定"_qs);
+    box.exec();
+  }
+}
+
+QString proposedPath(QString documentName) {
+  static const QString kForbidden = u"\\/:*?\"<>|"_qs;
+  for (QChar& character : documentName) {
+    if (kForbidden.contains(character) || character.unicode() < 32) character = u'_';
+  }
+  const QString folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+  return QDir(folder).filePath(documentName + u".pdf");
+}
+
+QString askForPdfPath(const QString& documentName, QWidget* parent) {
+  QFileDialog dialog(parent, u"保存为 PDF"_qs, QString(), u"PDF 文件 (*.pdf)"_qs);
+  dialog.setAcceptMode(QFileDialog::AcceptSave);
+  dialog.setDefaultSuffix(u"pdf"_qs);
+  const QFileInfo proposed(proposedPath(documentName));
+  dialog.setDirectory(proposed.path());
+  dialog.selectFile(proposed.fileName());
+  return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().constFirst() : QString();
+}
+
+QPushButton* addPdfButton(QPrintPreviewDialog& dialog) {
+  auto* button = new QPushButton(u"保存为 PDF(&S)"_qs);
+  button->setObjectName(u"cmdPdf"_qs);
+  button->setAutoDefault(false);
+  auto* bar = dialog.findChild<QToolBar*>();
+  bar->insertWidget(bar->actions().constFirst(), button);
+  return button;
+}
+
+void takeMostOfTheScreen(QPrintPreviewDialog& dialog) {
+  const QScreen* screen = dialog.screen();
+  if (screen) dialog.resize(screen->availableSize() * 4 / 5);
+}
+
+}  // namespace
+
+void savePdf(const Sheet& sheet, const PageSetup& setup, PrintHeadings headings,
+             const QPageLayout& paper, const QString& documentName, const QString& path) {
+  SafeFile file(path);
+  QBuffer pdf;
+  pdf.open(QIODevice::WriteOnly);
+  {
+    QPdfWriter writer(&pdf);
+    writer.setTitle(documentName);
+    writer.setPageLayout(paper);
+    printSheet(sheet, setup, headings, writer);
+  }
+  file.write(withReadableText(pdf.data()));
+  file.commit();
+}
+
+PageSetup previewSheet(const Sheet& sheet, const PageSetup& setup, PrintHeadings headings,
+                       const QString& documentName, QWidget* parent) {
+  QPrinter printer(QPrinter::HighResolution);
+  printer.setDocName(documentName);
+  printer.setPageLayout(paperOf(setup));
+  QPrintPreviewDialog dialog(&printer, parent);
+  dialog.setWindowTitle(u"打印预览 "_qs + documentName);
+  takeMostOfTheScreen(dialog);
+  QObject::connect(&dialog, &QPrintPreviewDialog::paintRequested, &dialog, [&](QPrinter* paper) {
+    withWarning(&dialog, [&] { printSheet(sheet, setup, headings, *paper); });
+  });
+  QObject::connect(addPdfButton(dialog), &QPushButton::clicked, &dialog, [&] {
+    const QString path = askForPdfPath(documentName, &dialog);
+    if (path.isEmpty()) return;
+    withWarning(&dialog,
+                [&] { savePdf(sheet, setup, headings, printer.pageLayout(), documentName, path); });
+  });
+  dialog.exec();
+  return pageSetupOf(printer, setup);
+}
+
+}  // namespace vellora

@@ -1,0 +1,115 @@
+#include "grid/files/sheet_pages.h"
+
+#include <QPaintDevice>
+
+#include <algorithm>
+
+namespace vellora {
+namespace {
+
+constexpr double kScreenDotsPerInch = 96;
+// In pixels at 100 %.
+constexpr double kLeastColumnWidth = 60;
+constexpr double kPaddingX = 4;
+constexpr double kPaddingY = 3;
+// A heading may take this part of a page, so that rows always find room.
+constexpr double kLargestHeading = 0.75;
+
+}  // namespace
+
+SheetPages::SheetPages(const Sheet& sheet, PrintHeadings headings, bool mustFit,
+                       QPaintDevice& device)
+    : sheet_(sheet),
+      device_(device),
+      heading_{headings == PrintHeadings::FirstRow ? 0 : kHeadingRow, 0, 0} {
+  measureColumns(mustFit);
+  measureHeading();
+  measureRows();
+}
+
+double SheetPages::pixels(double screenPixels) const {
+  return screenPixels * device_.logicalDpiX() / kScreenDotsPerInch;
+}
+
+QPointF SheetPages::padding() const {
+  return {pixels(kPaddingX), pixels(kPaddingY)};
+}
+
+double SheetPages::cellRoom() const {
+  return roomHeight_ - 2 * padding().y();
+}
+
+void SheetPages::measureColumns(bool mustFit) {
+  std::vector<std::optional<double>> own;
+  for (int col = 0; col < sheet_.Cols(); ++col) {
+    const auto width = sheet_.ColumnWidth(col);
+    if (width == 0) continue;
+    columns_.push_back({col, 0});
+    own.push_back(width ? std::optional(pixels(*width)) : std::nullopt);
+  }
+  std::vector<double> widths = sharedWidths(own, device_.width(), pixels(kLeastColumnWidth));
+  double total = 0;
+  for (const double width : widths) total += width;
+  scale_ = printScale(total, device_.width(), mustFit);
+  roomWidth_ = device_.width() / scale_;
+  roomHeight_ = (device_.height() - pixels(kFooterHeight)) / scale_;
+  for (std::size_t i = 0; i < widths.size(); ++i) {
+    columns_[i].width = widths[i] = std::min(widths[i], roomWidth_);
+  }
+  spans_ = spanColumns(widths, roomWidth_);
+  if (spans_.empty()) spans_.push_back({0, 0});
+}
+
+void SheetPages::measureHeading() {
+  if (heading_.row == kHeadingRow ? !hasText(kHeadingRow) : sheet_.Rows() == 0) return;
+  heading_.height = std::min(measured(heading_.row).height, roomHeight_ * kLargestHeading);
+  roomHeight_ -= heading_.height;
+}
+
+void SheetPages::measureRows() {
+  std::vector<PrintedRow> rows;
+  const int last = lastRowWithText();
+  for (int row = heading_.row + 1; row <= last; ++row) {
+    if (!sheet_.IsRowHidden(row) && sheet_.RowHeight(row) != 0) rows.push_back(measured(row));
+  }
+  pages_ = layOutRows(rows, roomHeight_);
+}
+
+PrintedRow SheetPages::measured(int row) const {
+  const double usual = pixels(sheet_.RowHeight(row).value_or(sheet_.DefaultRowHeight()));
+  PrintedRow printed{row, 1, std::min(usual, roomHeight_)};
+  for (const Column& column : columns_) {
+    const auto laidOut = text(row, column);
+    if (!laidOut) continue;
+    const std::vector<LineRun> runs = laidOut->runs(cellRoom());
+    const auto pieces = static_cast<int>(runs.size());
+    if (pieces > printed.pieces) printed = {row, pieces, 0};
+    if (pieces < printed.pieces) continue;
+    printed.height = std::max(printed.height, runs.back().height + 2 * padding().y());
+  }
+  return printed;
+}
+
+std::optional<PrintedText> SheetPages::text(int row, const Column& column) const {
+  const QString shown = sheet_.GetCellText(column.col, row);
+  if (shown.isEmpty()) return std::nullopt;
+  return std::make_optional<PrintedText>(shown, sheet_.StyleAt(column.col, row),
+                                         column.width - 2 * padding().x(), &device_);
+}
+
+bool SheetPages::hasText(int row) const {
+  return std::any_of(columns_.begin(), columns_.end(), [&](const Column& column) {
+    return !sheet_.GetCellText(column.col, row).isEmpty();
+  });
+}
+
+int SheetPages::lastRowWithText() const {
+  int last = -1;
+  for (int row = sheet_.NextWrittenRow(0); row < sheet_.Rows();
+       row = sheet_.NextWrittenRow(row + 1)) {
+    if (hasText(row)) last = row;
+  }
+  return last;
+}
+
+}  // namespace vellora

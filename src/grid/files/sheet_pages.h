@@ -1,0 +1,56 @@
+#pragma once
+
+#include "grid/files/page_layout.h"
+#include "grid/files/printed_text.h"
+#include "grid/files/sheet_printer.h"
+
+namespace vellora {
+
+// A sheet measured for the paper of one device: which part of it goes on which page. Lengths are in
+// device pixels before scale() is applied.
+class SheetPages {
+ public:
+  struct Column {
+    int col;
+    double width;
+  };
+
+  SheetPages(const Sheet& sheet, PrintHeadings headings, bool mustFit, QPaintDevice& device);
+
+  double scale() const { return scale_; }
+  // Device pixels for a length on the screen at 100 %.
+  double pixels(double screenPixels) const;
+  const std::vector<Column>& columns() const { return columns_; }
+  // Each page of rows is printed once for each span of columns.
+  const std::vector<ColumnSpan>& spans() const { return spans_; }
+  const std::vector<std::vector<RowPiece>>& pages() const { return pages_; }
+  // The row on top of every page; its height is 0 when there are no headings.
+  const RowPiece& heading() const { return heading_; }
+
+  double cellRoom() const;  // for the text of a cell, from padding to padding
+  QPointF padding() const;
+  std::optional<PrintedText> text(int row, const Column& column) const;
+
+ private:
+  void measureColumns(bool mustFit);
+  void measureHeading();
+  void measureRows();
+  PrintedRow measured(int row) const;
+  bool hasText(int row) const;
+  int lastRowWithText() const;
+
+  const Sheet& sheet_;
+  QPaintDevice& device_;
+  double scale_ = 1;
+  double roomWidth_ = 0;
+  double roomHeight_ = 0;  // for the rows below the heading
+  RowPiece heading_;
+  std::vector<Column> columns_;
+  std::vector<ColumnSpan> spans_;
+  std::vector<std::vector<RowPiece>> pages_;
+};
+
+// Kept free at the lower end of every page, in pixels at 100 %.
+inline constexpr double kFooterHeight = 24;
+
+}  // namespace vellora

@@ -1,0 +1,78 @@
+#include "store/literals.h"
+
+#include "store/moment.h"
+#include "store/prepared_statement.h"
+#include "store/store_error.h"
+#include "store/tokens.h"
+
+#include <QStringEncoder>
+
+#include <algorithm>
+
+namespace vellora {
+namespace {
+
+// True for an existing day written as 2007-03-05, the form of nearly every date in a statement.
+bool isStoredDate(QStringView text) {
+  if (text.size() != 10 || text[4] != u'-' || text[7] != u'-') return false;
+  int value[10];
+  for (const int i : {0, 1, 2, 3, 5, 6, 8, 9}) {
+    value[i] = text[i].unicode() - u'0';
+    if (value[i] < 0 || value[i] > 9) return false;
+  }
+  return QDate::isValid(value[0] * 1000 + value[1] * 100 + value[2] * 10 + value[3],
+                        value[5] * 10 + value[6], value[8] * 10 + value[9]);
+}
+
+// Writes the ASCII text that a code or date mostly is; null for any other text.
+char* writeAscii(char* to, QStringView text) {
+  char16_t all = 0;
+  for (const QChar character : text) {
+    all = static_cast<char16_t>(all | character.unicode());
+    *to++ = static_cast<char>(character.unicode());
+  }
+  return all < 0x80 ? to : nullptr;
+}
+
+char* writeUtf8(char* to, QStringView text) {
+  if (char* const end = writeAscii(to, text)) return end;
+  QStringEncoder encoder(QStringEncoder::Utf8, QStringEncoder::Flag::Stateless);
+  return encoder.appendToBuffer(to, text);
+}
+
+}  // namespace
+
+void Literals::clear() {
+  bytes_.clear();
+  slices_.clear();
+}
+
+void Literals::append(QStringView text) {
+  const qsizetype begin = bytes_.size();
+  bytes_.resize(begin + text.size() * 3);
+  bytes_.resize(writeUtf8(bytes_.data() + begin, text) - bytes_.data());
+  slices_.append({begin, bytes_.size()});
+}
+
+void Literals::addText(QStringView inside) {
+  const bool hasQuote = std::find(inside.begin(), inside.end(), u'\'') != inside.end();
+  hasQuote ? append(unquoted(inside)) : append(inside);
+}
+
+void Literals::addMoment(QStringView inside) {
+  if (isStoredDate(inside)) return append(inside);
+  const std::optional<Moment> moment = readMoment(inside);
+  if (moment) return append(storedText(*moment));
+  throw StoreError(StoreFault::NotADateOrTime,
+                   u"语句中的“%1”不是日期或时间。"_qs.arg(inside.left(30)));
+}
+
+void Literals::bindTo(PreparedStatement& statement) const {
+  for (qsizetype i = 0; i < slices_.size(); ++i) {
+    const auto [begin, end] = slices_[i];
+    statement.bindText(static_cast<int>(i) + 1,
+                       {bytes_.data() + begin, static_cast<std::size_t>(end - begin)});
+  }
+}
+
+}  // namespace vellora
