@@ -25,12 +25,15 @@ std::vector<QDate> copyDates(QDate source, const Repetition& repetition) {
   return dates;
 }
 
-// Who holds the block on each of the dates.
-std::vector<Holder> holdersOn(ScheduleStore& store, const QString& code,
-                              const std::vector<QDate>& dates) {
+// Who holds the block on each of the dates; nothing when cancelled.
+std::optional<std::vector<Holder>> holdersOn(ScheduleStore& store, const QString& code,
+                                             const std::vector<QDate>& dates,
+                                             const PlanProgress& progress) {
   const ScheduleStore::ReadTransaction oneView(store);
   std::vector<Holder> holders;
   for (const QDate date : dates) {
+    const int done = static_cast<int>(holders.size());
+    if (progress && !progress(done, static_cast<int>(dates.size()))) return {};
     auto entry = store.open(statements::planOfBlock(date, code));
     holders.push_back(entry.isEmpty() ? Holder() : planTexts(entry));
   }
@@ -60,17 +63,18 @@ QString boundedWeeks(const QString& text, int change) {
 }
 
 std::optional<int> repeatPlanRow(ScheduleStore& store, Sheet& sheet, int row,
-                                 const Repetition& repetition) {
+                                 const Repetition& repetition, const PlanProgress& progress) {
   const auto source = planDate(sheet, row);
   if (sheet.GetCellText(kPlanActivity, row).isEmpty() || !source) return {};
   const std::vector<QDate> dates = copyDates(*source, repetition);
-  const auto holders = holdersOn(store, sheet.CellTag(kPlanTime, row), dates);
+  const auto holders = holdersOn(store, sheet.CellTag(kPlanTime, row), dates, progress);
+  if (!holders) return {};
   sheet.InsertRows(row + 1, static_cast<int>(dates.size()));
   int copy = row;
   for (std::size_t k = 0; k < dates.size(); ++k) {
     copyPlanRow(sheet, row, ++copy);
     sheet.SetCellText(kPlanDate, copy, planDateCell(dates[k]));
-    showHolder(sheet, copy, holders[k]);
+    showHolder(sheet, copy, (*holders)[k]);
   }
   keepSparePlanRow(sheet, copy);
   return copy + 1;

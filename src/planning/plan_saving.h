@@ -1,12 +1,11 @@
 #pragma once
 
 #include "grid/sheet/sheet.h"
+#include "planning/plan_progress.h"
 #include "store/schedule_store.h"
 
 #include <QList>
 #include <QString>
-
-#include <functional>
 
 namespace vellora {
 
@@ -25,9 +24,6 @@ struct PlanSaveOutcome {
   QString failure;          // what went wrong, and in which row; empty when all was saved
   bool isCancelled = false;
 };
-
-// Told how many rows are done; false cancels.
-using PlanProgress = std::function<bool(int done, int total)>;
 
 // Makes the saved plan of the activity what the grid's rows say. Of two rows for one block and date
 // the later wins; what no row says any more is deleted.
