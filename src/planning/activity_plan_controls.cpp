@@ -23,13 +23,18 @@ QLineEdit* makeChosen(QWidget* window) {
   return chosen;
 }
 
+// Four narrow buttons leave the room to the grid.
 DateStepper* makeStepper(QWidget* window) {
-  return new DateStepper({u"DTP1"_qs, u"Lxq"_qs, u"计划日期"_qs},
-                         {{u"Command3"_qs, u"<<"_qs, u"上一周"_qs, -7},
-                          {u"Command1"_qs, u"<"_qs, u"前一天"_qs, -1},
-                          {u"Command2"_qs, u">"_qs, u"后一天"_qs, 1},
-                          {u"Command4"_qs, u">>"_qs, u"下一周"_qs, 7}},
-                         window);
+  auto* stepper = new DateStepper({u"DTP1"_qs, u"Lxq"_qs, u"计划日期"_qs},
+                                  {{u"Command3"_qs, u"<<"_qs, u"上一周"_qs, -7},
+                                   {u"Command1"_qs, u"<"_qs, u"前一天"_qs, -1},
+                                   {u"Command2"_qs, u">"_qs, u"后一天"_qs, 1},
+                                   {u"Command4"_qs, u">>"_qs, u"下一周"_qs, 7}},
+                                  window);
+  for (auto* button : stepper->findChildren<QPushButton*>()) {
+    button->setMaximumWidth(button->fontMetrics().horizontalAdvance(u"<<<<<"_qs));
+  }
+  return stepper;
 }
 
 QPlainTextEdit* makeSummary(QWidget* window) {
@@ -135,9 +140,11 @@ ActivityPlanControls::ActivityPlanControls(QWidget* window)
       close(makeButton(u"CmdEND"_qs, u"关  闭(&Q) "_qs, window)) {
   auto* all = new QHBoxLayout(window);
   all->addLayout(layActivities(*this), 2);
+  all->addSpacing(all->spacing());
   all->addLayout(layDay(*this, window), 3);
+  all->addSpacing(all->spacing());
   all->addLayout(layPlan(*this, window), 7);
-  window->resize(1180, 700);
+  window->resize(1120, 720);
 }
 
 }  // namespace vellora

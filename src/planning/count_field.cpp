@@ -22,22 +22,21 @@ CountField::CountField(const QString& words, const QString& objectName,
   widenGap();
 }
 
-// The words keep their text; the blanks between them are drawn as wide as the box needs.
+// The words keep their text; they and the blanks between them are drawn so far apart that the box
+// fits into the gap.
 void CountField::widenGap() {
-  QFont wide = font();
-  wide.setWordSpacing(0);
-  const QFontMetrics metrics(wide);
-  const auto blanks = text().count(u' ');
-  const int gap = metrics.horizontalAdvance(QString(kDigits, u'0')) + metrics.averageCharWidth();
-  wide.setWordSpacing(static_cast<qreal>(gap) / static_cast<qreal>(blanks) -
-                      metrics.horizontalAdvance(u' '));
+  QFont plain = font();
+  plain.setLetterSpacing(QFont::AbsoluteSpacing, 0);
+  box_->setFont(plain);
+  const QFontMetrics metrics(plain);
+  const QString blanks(text().count(u' '), u' ');
+  const int box =
+      metrics.horizontalAdvance(QString(kDigits, u'0')) + 4 * metrics.averageCharWidth();
+  const int missing = box - metrics.horizontalAdvance(blanks);
+  QFont wide = plain;
+  wide.setLetterSpacing(QFont::AbsoluteSpacing,
+                        static_cast<qreal>(missing) / static_cast<qreal>(blanks.size() + 1));
   if (wide != font()) setFont(wide);
-  box_->setFont(parentWidget() ? parentWidget()->font() : QFont());
-}
-
-int CountField::wordWidth(int section) const {
-  const QString word = text().section(u' ', section, section);
-  return fontMetrics().horizontalAdvance(word);
 }
 
 QSize CountField::sizeHint() const {
@@ -46,12 +45,12 @@ QSize CountField::sizeHint() const {
 
 void CountField::resizeEvent(QResizeEvent* event) {
   QLabel::resizeEvent(event);
-  const int words = fontMetrics().horizontalAdvance(text());
-  const int space = fontMetrics().averageCharWidth() / 2;
-  const int left = wordWidth(0) + space;
-  const int right = words - wordWidth(-1) - space;
-  const int height = box_->sizeHint().height();
-  box_->setGeometry(left, (this->height() - height) / 2, right - left, height);
+  const QFontMetrics metrics(box_->font());
+  const int gap = metrics.averageCharWidth() / 2;
+  const int left = metrics.horizontalAdvance(text().section(u' ', 0, 0)) + gap;
+  const int right = fontMetrics().horizontalAdvance(text().chopped(1)) - gap;
+  const int boxHeight = box_->sizeHint().height();
+  box_->setGeometry(left, (height() - boxHeight) / 2, right - left, boxHeight);
 }
 
 void CountField::changeEvent(QEvent* event) {

@@ -26,7 +26,6 @@ class CountField : public QLabel {
 
  private:
   void widenGap();
-  int wordWidth(int section) const;
 
   QLineEdit* box_;
 };

@@ -55,13 +55,13 @@ void DailyPlanWindow::layOut() {
   top->addWidget(day_);
   top->addStretch();
   auto* middle = new QHBoxLayout;
-  middle->addWidget(grid_, 3);
-  middle->addLayout(layItems(), 1);
+  middle->addWidget(grid_, 5);
+  middle->addLayout(layItems(), 2);
   auto* all = new QVBoxLayout(this);
   all->addLayout(top);
   all->addLayout(middle, 1);
   all->addLayout(layButtons());
-  resize(820, 680);
+  resize(800, 700);
 }
 
 QVBoxLayout* DailyPlanWindow::layItems() {

@@ -16,18 +16,6 @@ bool hasText(const Sheet& sheet, int row, int cols) {
   return false;
 }
 
-bool isMarked(const CellSettings& settings) {
-  return settings.colours && settings.colours->back == kUnsavedPaper;
-}
-
-void setMarked(Sheet& sheet, int row, bool marked) {
-  CellSettings settings = sheet.SettingsAt(0, row);
-  if (isMarked(settings) == marked) return;
-  settings.colours.reset();
-  if (marked) settings.colours = CellColours{kBlack, kUnsavedPaper};
-  sheet.SetCellSettings(0, row, settings);
-}
-
 }  // namespace
 
 SavedEntries::SavedEntries(ScheduleStore& store, const QString& activity) {
@@ -70,14 +58,12 @@ bool isUnsavedDayRow(const Sheet& sheet, int row, QDate date, const SavedEntries
   return !areStoredAlike(texts, {}) || !texts.level.isEmpty();
 }
 
-int markUnsavedRows(Sheet& sheet, const std::function<bool(int row)>& isUnsaved) {
-  int count = 0;
+std::vector<int> unsavedRows(const Sheet& sheet, const std::function<bool(int row)>& isUnsaved) {
+  std::vector<int> rows;
   for (int row = 0; row < sheet.Rows(); row = sheet.NextWrittenRow(row + 1)) {
-    const bool unsaved = isUnsaved(row);
-    setMarked(sheet, row, unsaved);
-    count += unsaved ? 1 : 0;
+    if (isUnsaved(row)) rows.push_back(row);
   }
-  return count;
+  return rows;
 }
 
 }  // namespace vellora

@@ -10,10 +10,9 @@
 
 #include <functional>
 #include <utility>
+#include <vector>
 
 namespace vellora {
-
-inline constexpr PackedColour kUnsavedPaper = packColour(255, 244, 190);
 
 // What the schedule held when it was last read or saved, to tell which rows of a grid are not in it
 // yet.
@@ -41,7 +40,7 @@ bool isUnsavedPlanRow(const Sheet& sheet, int row, const QString& activity,
 // A row of the daily grid that differs from the entry of its block.
 bool isUnsavedDayRow(const Sheet& sheet, int row, QDate date, const SavedEntries& saved);
 
-// Sets the first cell of every unsaved row apart and counts them.
-int markUnsavedRows(Sheet& sheet, const std::function<bool(int row)>& isUnsaved);
+// The unsaved rows of a sheet, in ascending order.
+std::vector<int> unsavedRows(const Sheet& sheet, const std::function<bool(int row)>& isUnsaved);
 
 }  // namespace vellora

@@ -1,6 +1,7 @@
 #include "planning/unsaved_watch.h"
 
 #include "grid/surface/grid_surface.h"
+#include "planning/unsaved_marks.h"
 #include "planning/unsaved_rows.h"
 
 #include <QLabel>
@@ -8,7 +9,11 @@
 namespace vellora {
 
 UnsavedWatch::UnsavedWatch(GridSurface& grid, QLabel& notice, Question isUnsaved)
-    : QObject(&grid), grid_(grid), notice_(notice), is_unsaved_(std::move(isUnsaved)) {
+    : QObject(&grid),
+      grid_(grid),
+      marks_(new UnsavedMarks(grid)),
+      notice_(notice),
+      is_unsaved_(std::move(isUnsaved)) {
   later_.setSingleShot(true);
   connect(&later_, &QTimer::timeout, this, &UnsavedWatch::catchUp);
   const auto start = qOverload<>(&QTimer::start);
@@ -20,16 +25,16 @@ UnsavedWatch::UnsavedWatch(GridSurface& grid, QLabel& notice, Question isUnsaved
 }
 
 void UnsavedWatch::lookAgain() {
-  count_ =
-      markUnsavedRows(grid_.sheet(), [this](int row) { return is_unsaved_(grid_.sheet(), row); });
-  seen_revision_ = grid_.sheet().revision();
-  grid_.Redraw();
-  notice_.setText(count_ == 0 ? QString() : u"浅黄色的 %1 行还没有保存"_qs.arg(count_));
+  const Sheet& sheet = grid_.sheet();
+  marks_->setRows(unsavedRows(sheet, [&](int row) { return is_unsaved_(sheet, row); }));
+  seen_revision_ = sheet.revision();
+  const auto count = marks_->rows().size();
+  notice_.setText(count == 0 ? QString() : u"左边有橙色标记的 %1 行还没有保存"_qs.arg(count));
 }
 
 bool UnsavedWatch::hasUnsaved() {
   catchUp();
-  return count_ > 0;
+  return !marks_->rows().empty();
 }
 
 void UnsavedWatch::catchUp() {

@@ -12,9 +12,9 @@ class QLabel;
 namespace vellora {
 
 class GridSurface;
+class UnsavedMarks;
 
-// Keeps the unsaved rows of a grid set apart, and tells how many they are, whatever changes the
-// grid.
+// Keeps the unsaved rows of a grid marked, and tells how many they are, whatever changes the grid.
 class UnsavedWatch : public QObject {
   Q_OBJECT
 
@@ -23,7 +23,7 @@ class UnsavedWatch : public QObject {
 
   UnsavedWatch(GridSurface& grid, QLabel& notice, Question isUnsaved);
 
-  // Looks again at every row: after a listing or a save, when the answers may be others.
+  // Looks at every row again: after a listing or a save, when the answers may be others.
   void lookAgain();
   bool hasUnsaved();
 
@@ -31,11 +31,11 @@ class UnsavedWatch : public QObject {
   void catchUp();
 
   GridSurface& grid_;
+  UnsavedMarks* marks_;
   QLabel& notice_;
   Question is_unsaved_;
   QTimer later_;  // several changes are looked at once
   quint64 seen_revision_ = 0;
-  int count_ = 0;
 };
 
 }  // namespace vellora

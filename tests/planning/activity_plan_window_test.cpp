@@ -16,10 +16,6 @@ class ActivityPlanWindowTest : public test::WindowTest {
     window_.Load();
     WindowTest::open(window_);
   }
-  bool isMarked(int row) {
-    QCoreApplication::processEvents();
-    return grid(window_).sheet().StyleAt(0, row).backColour == kUnsavedPaper;
-  }
   void setCount(const QString& box, const QString& count) {
     window_.findChild<QLineEdit*>(box)->setText(count);
   }
@@ -78,8 +74,8 @@ TEST_F(ActivityPlanWindowTest, PlacesTheActivityInTheCurrentRowAndGoesOnAtTheReq
   EXPECT_EQ(row(window_, 2), u"2007-03-06/星期二|20:00-21:00/晚间|读书||"_qs);
   EXPECT_EQ(grid(window_).CurrentCol(), 3);
   EXPECT_EQ(grid(window_).CurrentRow(), 2);
-  EXPECT_TRUE(isMarked(2));
-  EXPECT_FALSE(isMarked(0));
+  EXPECT_TRUE(isMarked(window_, 2));
+  EXPECT_FALSE(isMarked(window_, 0));
 }
 
 TEST_F(ActivityPlanWindowTest, RefusesABlockThatIsTakenAndChangesNothing) {
@@ -103,8 +99,8 @@ TEST_F(ActivityPlanWindowTest, SavingTellsOfEachTakenBlockAndThenThatItIsDone) {
   EXPECT_EQ(prompts_.warnings,
             (QStringList{u"2007-03-05 当前时间已经排为跑步"_qs, u"保存完毕!"_qs}));
   EXPECT_EQ(saved(), (QStringList{u"2007-03-05|001|跑步|要求|1"_qs, u"2007-03-05|002|读书||0"_qs}));
-  EXPECT_FALSE(isMarked(0));
-  EXPECT_TRUE(isMarked(1));
+  EXPECT_FALSE(isMarked(window_, 0));
+  EXPECT_TRUE(isMarked(window_, 1));
 }
 
 TEST_F(ActivityPlanWindowTest, AFailedSaveKeepsTheGridAndNamesTheRow) {
@@ -132,8 +128,8 @@ TEST_F(ActivityPlanWindowTest, RepeatsTheCurrentRowByDayAndByWeek) {
   click(window_, u"CmdJH"_qs);
   EXPECT_EQ(planDateText(grid(window_).sheet(), 1), u"2007-03-12"_qs);
   EXPECT_EQ(planDateText(grid(window_).sheet(), 2), u"2007-03-06"_qs);
-  EXPECT_TRUE(isMarked(1));
-  EXPECT_FALSE(isMarked(3));
+  EXPECT_TRUE(isMarked(window_, 1));
+  EXPECT_FALSE(isMarked(window_, 3));
 }
 
 TEST_F(ActivityPlanWindowTest, TheWeekCountStepsWithTheArrowsAndStaysWithinItsBounds) {
@@ -176,7 +172,7 @@ TEST_F(ActivityPlanWindowTest, ListingAgainDropsWhatWasNotSaved) {
   open();
   for (const bool byButton : {true, false}) {
     doubleClick(window_, u"List2"_qs, 0);
-    EXPECT_TRUE(isMarked(0));
+    EXPECT_TRUE(isMarked(window_, 0));
     if (byButton) click(window_, u"cmdOP"_qs);
     if (!byButton) doubleClick(window_, u"List1"_qs, 0);
     EXPECT_EQ(row(window_, 0), u"||||"_qs);

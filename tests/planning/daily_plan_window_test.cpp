@@ -1,6 +1,5 @@
 #include "planning/daily_plan_window.h"
 
-#include "planning/unsaved_rows.h"
 #include "window_fixture.h"
 
 namespace vellora {
@@ -12,10 +11,6 @@ class DailyPlanWindowTest : public test::WindowTest {
   void open() {
     window_.Load();
     WindowTest::open(window_);
-  }
-  bool isMarked(int row) {
-    QCoreApplication::processEvents();
-    return grid(window_).sheet().StyleAt(0, row).backColour == kUnsavedPaper;
   }
 
   DailyPlanWindow window_{state_, kToday};
@@ -47,15 +42,15 @@ TEST_F(DailyPlanWindowTest, ADoubleClickedActivityTakesARequirementAndALevelAndI
   EXPECT_EQ(row(window_, 1), u"20:00-21:00/晚间|跑步||"_qs);
   EXPECT_EQ(grid(window_).CurrentCol(), 2);
   EXPECT_EQ(grid(window_).CurrentRow(), 1);
-  EXPECT_TRUE(isMarked(1));
-  EXPECT_FALSE(isMarked(0));
+  EXPECT_TRUE(isMarked(window_, 1));
+  EXPECT_FALSE(isMarked(window_, 0));
   type(window_, 2, 1, u"五公里"_qs);
   type(window_, 3, 1, u"3级"_qs);
   EXPECT_EQ(saved(), QStringList());
   click(window_, u"cmdSV"_qs);
   EXPECT_EQ(saved(), QStringList{u"2007-03-05|001|跑步|五公里|3"_qs});
   EXPECT_EQ(prompts_.warnings, QStringList{u"保存完毕!"_qs});
-  EXPECT_FALSE(isMarked(1));
+  EXPECT_FALSE(isMarked(window_, 1));
 }
 
 TEST_F(DailyPlanWindowTest, EnterOnAnActivityPlacesItToo) {
@@ -78,7 +73,7 @@ TEST_F(DailyPlanWindowTest, MovingTheDateDropsWhatWasNotSaved) {
     click(window_, button);
     EXPECT_EQ(window_.date(), kToday.addDays(days));
     EXPECT_EQ(grid(window_).GetCellText(1, 0), days == 7 ? u"读书"_qs : QString());
-    EXPECT_FALSE(isMarked(0));
+    EXPECT_FALSE(isMarked(window_, 0));
   }
 }
 
@@ -98,7 +93,7 @@ TEST_F(DailyPlanWindowTest, AFailedSaveSaysWhereAndKeepsWhatWasTyped) {
   ASSERT_EQ(prompts_.warnings.size(), 1);
   EXPECT_TRUE(prompts_.warnings[0].startsWith(u"08:00-09:30 早读："));
   EXPECT_EQ(row(window_, 0), u"08:00-09:30/早读|读书||99999999999"_qs);
-  EXPECT_TRUE(isMarked(0));
+  EXPECT_TRUE(isMarked(window_, 0));
 }
 
 TEST_F(DailyPlanWindowTest, EscapeDoesNotThrowAwayAPlan) {

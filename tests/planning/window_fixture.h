@@ -1,6 +1,7 @@
 #pragma once
 
 #include "grid/surface/grid_surface.h"
+#include "planning/unsaved_marks.h"
 #include "shell/planner_window.h"
 #include "support/fixed_clock.h"
 #include "support/schedule_builder.h"
@@ -17,6 +18,7 @@
 #include <QPushButton>
 #include <QTest>
 
+#include <algorithm>
 #include <gtest/gtest.h>
 
 namespace vellora::test {
@@ -78,6 +80,12 @@ class WindowTest : public testing::Test {
     commit(*editor, text);
     QTest::keyClick(editor, Qt::Key_Return);
     QCoreApplication::processEvents();
+  }
+  // Whether a row is shown as not saved yet.
+  static bool isMarked(QWidget& window, int row) {
+    QCoreApplication::processEvents();
+    const auto& rows = window.findChild<UnsavedMarks*>()->rows();
+    return std::find(rows.begin(), rows.end(), row) != rows.end();
   }
   // Text as an input method hands it over.
   static void commit(QWidget& editor, const QString& text) {
