@@ -52,6 +52,7 @@ GridSurface* makeGrid(QWidget* window) {
   auto* grid = new GridSurface(window);
   grid->setObjectName(u"Cell1"_qs);
   grid->setAccessibleName(u"项目计划表"_qs);
+  grid->setRowNumbersVisible(true);
   return grid;
 }
 
