@@ -53,6 +53,7 @@ GridSurface* makeGrid(QWidget* window) {
   grid->setObjectName(u"Cell1"_qs);
   grid->setAccessibleName(u"项目计划表"_qs);
   grid->setRowNumbersVisible(true);
+  grid->setEditable(true);
   return grid;
 }
 

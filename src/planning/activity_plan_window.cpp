@@ -89,6 +89,8 @@ void ActivityPlanWindow::connectGrid() {
   connect(grid, &GridSurface::CellEditStart, this, [this, grid](int col, int row) {
     proposePlanDate(grid->sheet(), col, row, controls_.day->date());
   });
+  connect(grid, &GridSurface::PasteCut, this,
+          [this](int rows, int cols) { prompts().warn(this, pasteCutText(rows, cols)); });
   connect(grid, &GridSurface::RowDuplicate, this, &ActivityPlanWindow::duplicateRow);
 }
 

@@ -180,21 +180,55 @@ TEST_F(ActivityPlanWindowTest, ListingAgainDropsWhatWasNotSaved) {
   }
 }
 
-TEST_F(ActivityPlanWindowTest, TheGridAlwaysHasASpareRowAndProposesThePickedDate) {
+TEST_F(ActivityPlanWindowTest, TheGridAlwaysHasASpareRow) {
   open();
-  pick(kToday.addDays(1));
   grid(window_).SetCurrentCell(0, kSparePlanRows - 1);
   EXPECT_EQ(grid(window_).Rows(), kSparePlanRows + 1);
-  emit grid(window_).CellEditStart(0, 4);
-  EXPECT_EQ(grid(window_).GetCellText(0, 4), u"2007-03-06"_qs);
 }
 
-TEST_F(ActivityPlanWindowTest, DuplicatesARowBelowItself) {
+TEST_F(ActivityPlanWindowTest, ARepetitionIsUndoneInOneStepAndTypingStaysUndoable) {
   open();
   doubleClick(window_, u"List2"_qs, 0);
-  emit grid(window_).RowDuplicate(0);
+  type(window_, kPlanRequirement, 0, u"第一章"_qs);
+  const QString before = row(window_, 0);
+  grid(window_).SetCurrentCell(0, 0);
+  click(window_, u"CmdDAY"_qs);
+  EXPECT_EQ(grid(window_).Rows(), kSparePlanRows + 60);
+  grid(window_).Focus();
+  QTest::keyClick(&grid(window_), Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(row(window_, 0), before);
+  EXPECT_EQ(row(window_, 1), u"||||"_qs);
+  EXPECT_FALSE(isMarked(window_, 1));
+  EXPECT_TRUE(isMarked(window_, 0));
+  QTest::keyClick(&grid(window_), Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(row(window_, 0), u"2007-03-05/星期一|08:00-09:30/早读|读书||"_qs);
+}
+
+TEST_F(ActivityPlanWindowTest, ACopiedColumnOfRequirementsIsPastedIntoTheListedRows) {
+  for (int day = 0; day < 2; ++day) schedule_.plan(kToday.addDays(day), u"002"_qs, u"读书"_qs);
+  open();
+  QGuiApplication::clipboard()->setText(u"第一章\n第二章\n"_qs);
+  grid(window_).SetCurrentCell(kPlanRequirement, 0);
+  grid(window_).Focus();
+  QTest::keyClick(&grid(window_), Qt::Key_V, Qt::ControlModifier);
+  click(window_, u"cmdSV"_qs);
+  EXPECT_EQ(saved(),
+            (QStringList{u"2007-03-05|002|读书|第一章|1"_qs, u"2007-03-06|002|读书|第二章|1"_qs}));
+}
+
+TEST_F(ActivityPlanWindowTest, CtrlDDuplicatesTheCurrentRow) {
+  open();
+  doubleClick(window_, u"List2"_qs, 0);
+  QTest::keyClick(&grid(window_), Qt::Key_D, Qt::ControlModifier);
   EXPECT_EQ(row(window_, 1), row(window_, 0));
   EXPECT_EQ(grid(window_).CellTag(kPlanTime, 1), u"002"_qs);
+}
+
+TEST_F(ActivityPlanWindowTest, BeginningADateProposesThePickedOne) {
+  open();
+  pick(kToday.addDays(1));
+  QTest::keyClick(edit(window_, kPlanDate, 4), Qt::Key_Return);
+  EXPECT_EQ(row(window_, 4), u"2007-03-06||||"_qs);
 }
 
 }  // namespace vellora
