@@ -42,8 +42,8 @@ std::vector<PlanTexts> entriesOfRows(ScheduleStore& store, const Sheet& sheet, Q
   const ScheduleStore::ReadTransaction oneView(store);
   std::vector<PlanTexts> entries;
   for (int row = 0; row < sheet.Rows(); ++row) {
-    auto entry = store.open(statements::planOfBlock(date, sheet.CellTag(kDayBlock, row)));
-    entries.push_back(entry.isEmpty() ? PlanTexts() : planTexts(entry));
+    auto entry = store.readOnce(statements::planOfBlock(date, sheet.CellTag(kDayBlock, row)));
+    entries.push_back(entry.next() ? planTexts(entry) : PlanTexts());
   }
   return entries;
 }

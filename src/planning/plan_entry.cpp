@@ -31,6 +31,10 @@ PlanTexts planTexts(Recordset& entry) {
   return {entry.text(u"HDMC"), entry.text(u"HDYQ"), entry.text(u"ZYDJ")};
 }
 
+PlanTexts planTexts(RowCursor& entry) {
+  return {entry.text(u"HDMC"), entry.text(u"HDYQ"), entry.text(u"ZYDJ")};
+}
+
 void editPlan(Recordset& entry, const PlanTexts& texts) {
   if (isFilled(entry) && areStoredAlike(planTexts(entry), texts)) return;
   entry.edit();

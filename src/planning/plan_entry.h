@@ -1,6 +1,7 @@
 #pragma once
 
 #include "store/recordset.h"
+#include "store/row_cursor.h"
 #include "store/store_error.h"
 
 #include <QDate>
@@ -18,8 +19,9 @@ struct PlanTexts {
 // Whether two texts are stored alike: "3x" and "3" are one level.
 bool areStoredAlike(const PlanTexts& one, const PlanTexts& other);
 
-// Reads the current row of a set of plan entries.
+// Read the current one of several plan entries.
 PlanTexts planTexts(Recordset& entry);
+PlanTexts planTexts(RowCursor& entry);
 
 // Changes the current row to the texts, or leaves it alone when it says the same already. Throws
 // StoreError when a text is too long or a level too large.

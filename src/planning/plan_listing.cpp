@@ -7,7 +7,7 @@ namespace vellora {
 namespace {
 
 // Returns whether the entry's block was found.
-bool writeRow(Sheet& sheet, int row, Recordset& entry, const TimeBlockList& blocks) {
+bool writeRow(Sheet& sheet, int row, RowCursor& entry, const TimeBlockList& blocks) {
   const QString code = entry.text(u"SJKH");
   const TimeBlock* block = blocks.find(code);
   sheet.SetCellText(kPlanDate, row, planDateCell(entry.date(u"RQ")));
@@ -23,14 +23,17 @@ bool writeRow(Sheet& sheet, int row, Recordset& entry, const TimeBlockList& bloc
 
 QStringList listPlan(ScheduleStore& store, Sheet& sheet, const TimeBlockList& blocks,
                      const QString& activity) {
-  auto entries = store.open(statements::plansOfActivity(activity));
-  const int count = static_cast<int>(entries.count());
-  sheet.SetRows(0);
-  sheet.SetRows(count + kSparePlanRows);
+  auto entries = store.readOnce(statements::plansOfActivity(activity));
+  Sheet listed = sheet;
+  listed.SetRows(0);
   QStringList missing;
-  for (int row = 0; row < count; ++row, entries.moveNext()) {
-    if (!writeRow(sheet, row, entries, blocks)) missing << entries.text(u"SJKH");
+  int count = 0;
+  while (entries.next()) {
+    if (count == listed.Rows()) listed.SetRows(2 * count + kSparePlanRows);
+    if (!writeRow(listed, count++, entries, blocks)) missing << entries.text(u"SJKH");
   }
+  listed.SetRows(count + kSparePlanRows);
+  sheet = listed;
   return missing;
 }
 

@@ -34,8 +34,8 @@ std::optional<std::vector<Holder>> holdersOn(ScheduleStore& store, const QString
   for (const QDate date : dates) {
     const int done = static_cast<int>(holders.size());
     if (progress && !progress(done, static_cast<int>(dates.size()))) return {};
-    auto entry = store.open(statements::planOfBlock(date, code));
-    holders.push_back(entry.isEmpty() ? Holder() : planTexts(entry));
+    auto entry = store.readOnce(statements::planOfBlock(date, code));
+    holders.push_back(entry.next() ? planTexts(entry) : Holder());
   }
   return holders;
 }

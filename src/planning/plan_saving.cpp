@@ -72,8 +72,8 @@ void PlanSaver::saveRow(const Sheet& sheet, int row, QList<TakenBlock>& taken) {
 }
 
 std::optional<QString> PlanSaver::otherHolder(const BlockOnDate& place) {
-  auto entries = store_.open(statements::planOfBlock(place.first, place.second));
-  for (; !entries.atEnd(); entries.moveNext()) {
+  auto entries = store_.readOnce(statements::planOfBlock(place.first, place.second));
+  while (entries.next()) {
     if (const QString holder = entries.text(u"HDMC"); holder != activity_) return holder;
   }
   return {};

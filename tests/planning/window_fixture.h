@@ -72,7 +72,7 @@ class WindowTest : public testing::Test {
     grid(window).SetCurrentCell(col, row);
     grid(window).Focus();
     QTest::keyClick(&grid(window), Qt::Key_F2);
-    return QApplication::focusWidget();
+    return grid(window).indexWidget(grid(window).currentIndex());
   }
   static void type(QWidget& window, int col, int row, const QString& text) {
     QWidget* editor = edit(window, col, row);
