@@ -106,7 +106,7 @@ void ActivityPlanWindow::load() {
 void ActivityPlanWindow::loadBlocks() {
   blocks_ = TimeBlockList(state().Db);
   controls_.blocks->clear();
-  for (const TimeBlock& block : blocks_) controls_.blocks->addItem(blockLine(block));
+  for (const TimeBlock& block : blocks_) controls_.blocks->addItem(block.line);
   controls_.blocks->setCurrentRow(0);
 }
 

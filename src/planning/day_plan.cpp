@@ -104,7 +104,7 @@ void layOutBlockRows(Sheet& sheet, const TimeBlockList& blocks) {
   sheet.SetRows(static_cast<int>(blocks.size()));
   int row = 0;
   for (const TimeBlock& block : blocks) {
-    sheet.SetCellText(kDayBlock, row, blockCell(block));
+    sheet.SetCellText(kDayBlock, row, block.cell);
     sheet.SetCellTag(kDayBlock, row++, block.code);
   }
 }

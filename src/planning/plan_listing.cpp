@@ -7,13 +7,14 @@ namespace vellora {
 namespace {
 
 // Returns whether the entry's block was found.
-bool writeRow(Sheet& sheet, int row, RowCursor& entry, const TimeBlockList& blocks) {
+bool writeRow(Sheet& sheet, int row, RowCursor& entry, const TimeBlockList& blocks,
+              const QString& activity) {
   const QString code = entry.text(u"SJKH");
   const TimeBlock* block = blocks.find(code);
   sheet.SetCellText(kPlanDate, row, planDateCell(entry.date(u"RQ")));
   sheet.SetCellTag(kPlanTime, row, code);
-  if (block) sheet.SetCellText(kPlanTime, row, blockCell(*block));
-  sheet.SetCellText(kPlanActivity, row, entry.text(u"HDMC"));
+  if (block) sheet.SetCellText(kPlanTime, row, block->cell);
+  sheet.SetCellText(kPlanActivity, row, activity);
   sheet.SetCellText(kPlanRequirement, row, entry.text(u"HDYQ"));
   sheet.SetCellText(kPlanLevel, row, entry.text(u"ZYDJ"));
   return block != nullptr;
@@ -30,7 +31,7 @@ QStringList listPlan(ScheduleStore& store, Sheet& sheet, const TimeBlockList& bl
   int count = 0;
   while (entries.next()) {
     if (count == listed.Rows()) listed.SetRows(2 * count + kSparePlanRows);
-    if (!writeRow(listed, count++, entries, blocks)) missing << entries.text(u"SJKH");
+    if (!writeRow(listed, count++, entries, blocks, activity)) missing << entries.text(u"SJKH");
   }
   listed.SetRows(count + kSparePlanRows);
   sheet = listed;

@@ -40,12 +40,15 @@ std::optional<std::vector<Holder>> holdersOn(ScheduleStore& store, const QString
   return holders;
 }
 
-void showHolder(Sheet& sheet, int row, const Holder& holder) {
-  sheet.SetCellColors(kPlanActivity, row, holder ? kRed : kBlack, kWhite);
-  if (!holder) return;
-  sheet.SetCellText(kPlanActivity, row, holder->activity);
-  sheet.SetCellText(kPlanRequirement, row, holder->requirement);
-  sheet.SetCellText(kPlanLevel, row, holder->level);
+// A copy says the same on its date; where another entry holds the block it shows that one.
+void writeCopy(Sheet& sheet, int row, PlanRowCopy copy, const Holder& holder) {
+  copy.settings(kPlanActivity).colours = CellColours{holder ? kRed : kBlack, kWhite};
+  if (holder) {
+    copy.setText(kPlanActivity, holder->activity);
+    copy.setText(kPlanRequirement, holder->requirement);
+    copy.setText(kPlanLevel, holder->level);
+  }
+  copy.writeTo(sheet, row);
 }
 
 }  // namespace
@@ -69,15 +72,14 @@ std::optional<int> repeatPlanRow(ScheduleStore& store, Sheet& sheet, int row,
   const std::vector<QDate> dates = copyDates(*source, repetition);
   const auto holders = holdersOn(store, sheet.CellTag(kPlanTime, row), dates, progress);
   if (!holders) return {};
+  PlanRowCopy copy(sheet, row);
   sheet.InsertRows(row + 1, static_cast<int>(dates.size()));
-  int copy = row;
   for (std::size_t k = 0; k < dates.size(); ++k) {
-    copyPlanRow(sheet, row, ++copy);
-    sheet.SetCellText(kPlanDate, copy, planDateCell(dates[k]));
-    showHolder(sheet, copy, (*holders)[k]);
+    copy.setText(kPlanDate, planDateCell(dates[k]));
+    writeCopy(sheet, ++row, copy, (*holders)[k]);
   }
-  keepSparePlanRow(sheet, copy);
-  return copy + 1;
+  keepSparePlanRow(sheet, row);
+  return row + 1;
 }
 
 }  // namespace vellora

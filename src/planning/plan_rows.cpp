@@ -40,16 +40,17 @@ QString planDateCell(QDate date) {
   return isoDate(date) + kLineBreak + weekdayName(date);
 }
 
+std::optional<QDate> planDate(const Sheet& sheet, int row) {
+  const QString cell = sheet.GetCellText(kPlanDate, row);
+  if (const auto date = readDate(QStringView(cell).left(kDateLength))) return date;
+  return readDate(QStringView(cell).left(cell.indexOf(kLineBreak)));
+}
+
 QString planDateText(const Sheet& sheet, int row) {
   const QString cell = sheet.GetCellText(kPlanDate, row);
   const QString front = cell.left(kDateLength);
-  if (readDate(front)) return front;
   const QString firstLine = cell.section(kLineBreak, 0, 0);
-  return readDate(firstLine) ? firstLine : front;
-}
-
-std::optional<QDate> planDate(const Sheet& sheet, int row) {
-  return readDate(planDateText(sheet, row));
+  return !readDate(front) && readDate(firstLine) ? firstLine : front;
 }
 
 void placePlanRow(Sheet& sheet, int row, QDate date, const TimeBlock& block,
@@ -57,7 +58,7 @@ void placePlanRow(Sheet& sheet, int row, QDate date, const TimeBlock& block,
   sheet.SetCellText(kPlanDate, row, planDateCell(date));
   sheet.SetCellTag(kPlanTime, row, block.code);
   sheet.SetCellText(kPlanActivity, row, activity);
-  sheet.SetCellText(kPlanTime, row, blockCell(block));
+  sheet.SetCellText(kPlanTime, row, block.cell);
 }
 
 bool keepSparePlanRow(Sheet& sheet, int row) {
@@ -72,19 +73,26 @@ void proposePlanDate(Sheet& sheet, int col, int row, QDate date) {
   }
 }
 
-void copyPlanRow(Sheet& sheet, int from, int to) {
+PlanRowCopy::PlanRowCopy(const Sheet& sheet, int row) {
   for (int col = 0; col < kPlanCols; ++col) {
-    sheet.SetCellText(col, to, sheet.GetCellText(col, from));
-    sheet.SetCellTag(col, to, sheet.CellTag(col, from));
-    if (sheet.SettingsNumberAt(col, from) != sheet.SettingsNumberAt(col, to)) {
-      sheet.SetCellSettings(col, to, sheet.SettingsAt(col, from));
-    }
+    cells_[static_cast<std::size_t>(col)] = {sheet.GetCellText(col, row), sheet.CellTag(col, row),
+                                             sheet.SettingsAt(col, row)};
+  }
+}
+
+void PlanRowCopy::writeTo(Sheet& sheet, int row) const {
+  for (int col = 0; col < kPlanCols; ++col) {
+    const Cell& cell = cells_[static_cast<std::size_t>(col)];
+    if (!cell.text.isEmpty()) sheet.SetCellText(col, row, cell.text);
+    if (!cell.tag.isEmpty()) sheet.SetCellTag(col, row, cell.tag);
+    if (cell.settings != CellSettings()) sheet.SetCellSettings(col, row, cell.settings);
   }
 }
 
 void duplicatePlanRow(Sheet& sheet, int row) {
+  const PlanRowCopy copy(sheet, row);
   sheet.InsertRows(row + 1, 1);
-  copyPlanRow(sheet, row, row + 1);
+  copy.writeTo(sheet, row + 1);
 }
 
 }  // namespace vellora

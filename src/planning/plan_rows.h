@@ -5,6 +5,7 @@
 
 #include <QDate>
 
+#include <array>
 #include <optional>
 
 // The plan grid: one row per entry of one activity, spare rows below. The block's code is the tag
@@ -42,8 +43,25 @@ bool keepSparePlanRow(Sheet& sheet, int row);
 // Writes the date into an empty date cell, for a user who begins to edit it.
 void proposePlanDate(Sheet& sheet, int col, int row, QDate date);
 
-// Texts, tags and looks of a whole row.
-void copyPlanRow(Sheet& sheet, int from, int to);
+// A row as it was, to be written into new rows: texts, tags and looks.
+class PlanRowCopy {
+ public:
+  PlanRowCopy(const Sheet& sheet, int row);
+
+  CellSettings& settings(PlanColumn col) { return cells_[col].settings; }
+  void setText(PlanColumn col, const QString& text) { cells_[col].text = text; }
+  // The row must be empty.
+  void writeTo(Sheet& sheet, int row) const;
+
+ private:
+  struct Cell {
+    QString text;
+    QString tag;
+    CellSettings settings;
+  };
+  std::array<Cell, kPlanCols> cells_;
+};
+
 // A copy of the row directly below it.
 void duplicatePlanRow(Sheet& sheet, int row);
 

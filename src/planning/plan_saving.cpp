@@ -6,9 +6,9 @@
 #include "store/store_error.h"
 
 #include <QHash>
-#include <QSet>
 
 #include <utility>
+#include <vector>
 
 namespace vellora {
 namespace {
@@ -37,31 +37,35 @@ class PlanSaver {
   void deleteUnwritten();
 
  private:
+  bool isWritten(const BlockOnDate& place) const;
   std::optional<QString> otherHolder(const BlockOnDate& place);
   void write(const BlockOnDate& place, const PlanTexts& texts);
+
+  static constexpr qsizetype kAdded = -1;
 
   ScheduleStore& store_;
   QString activity_;
   Recordset old_;
-  Recordset all_;  // never read: only added to
-  QHash<BlockOnDate, qsizetype> old_position_;
-  QSet<BlockOnDate> written_;
+  Recordset all_;                           // never read: only added to
+  std::vector<bool> kept_;                  // by position in old_
+  QHash<BlockOnDate, qsizetype> position_;  // in old_, or kAdded
 };
 
 PlanSaver::PlanSaver(ScheduleStore& store, const QString& activity)
     : store_(store),
       activity_(activity),
       old_(store.open(statements::plansOfActivity(activity))),
-      all_(store.open(statements::allPlans())) {
+      all_(store.open(statements::allPlans())),
+      kept_(static_cast<std::size_t>(old_.count()), false) {
   for (; !old_.atEnd(); old_.moveNext()) {
     const BlockOnDate place{old_.date(u"RQ"), old_.text(u"SJKH")};
-    if (!old_position_.contains(place)) old_position_[place] = old_.position();
+    if (!position_.contains(place)) position_[place] = old_.position();
   }
 }
 
 void PlanSaver::saveRow(const Sheet& sheet, int row, QList<TakenBlock>& taken) {
   const BlockOnDate place{requiredDate(sheet, row), sheet.CellTag(kPlanTime, row)};
-  if (!written_.contains(place)) {
+  if (!isWritten(place)) {
     if (const auto holder = otherHolder(place)) {
       taken.append({planDateText(sheet, row), *holder});
       return;
@@ -69,6 +73,13 @@ void PlanSaver::saveRow(const Sheet& sheet, int row, QList<TakenBlock>& taken) {
   }
   write(place,
         {activity_, sheet.GetCellText(kPlanRequirement, row), sheet.GetCellText(kPlanLevel, row)});
+}
+
+// By this save.
+bool PlanSaver::isWritten(const BlockOnDate& place) const {
+  const auto position = position_.constFind(place);
+  if (position == position_.cend()) return false;
+  return *position == kAdded || kept_[static_cast<std::size_t>(*position)];
 }
 
 std::optional<QString> PlanSaver::otherHolder(const BlockOnDate& place) {
@@ -80,25 +91,27 @@ std::optional<QString> PlanSaver::otherHolder(const BlockOnDate& place) {
 }
 
 void PlanSaver::write(const BlockOnDate& place, const PlanTexts& texts) {
-  if (const auto old = old_position_.constFind(place); old != old_position_.cend()) {
-    old_.moveTo(*old);
-    editPlan(old_, texts);
-  } else if (written_.contains(place)) {
+  const auto position = position_.constFind(place);
+  if (position == position_.cend()) {
+    addPlan(all_, place.first, place.second, texts);
+    position_[place] = kAdded;
+  } else if (*position == kAdded) {
     auto earlier =
         store_.open(statements::planOfActivityInBlock(activity_, place.first, place.second));
     editPlan(earlier, texts);
   } else {
-    addPlan(all_, place.first, place.second, texts);
+    old_.moveTo(*position);
+    editPlan(old_, texts);
+    kept_[static_cast<std::size_t>(*position)] = true;
   }
-  written_.insert(place);
 }
 
 // From the last entry on, so that the positions before it stay.
 void PlanSaver::deleteUnwritten() {
   for (qsizetype position = old_.count() - 1; position >= 0; --position) {
+    if (kept_[static_cast<std::size_t>(position)]) continue;
     old_.moveTo(position);
-    const BlockOnDate place{old_.date(u"RQ"), old_.text(u"SJKH")};
-    if (!written_.contains(place) || old_position_[place] != position) old_.remove();
+    old_.remove();
   }
 }
 
@@ -121,7 +134,8 @@ void saveRows(PlanSaver& saver, const Sheet& sheet, const QString& activity,
 
 bool takesPartInSave(const Sheet& sheet, int row, const QString& activity) {
   return !sheet.CellTag(kPlanTime, row).isEmpty() &&
-         sheet.GetCellText(kPlanActivity, row) == activity && !planDateText(sheet, row).isEmpty();
+         sheet.GetCellText(kPlanActivity, row) == activity &&
+         !sheet.GetCellText(kPlanDate, row).isEmpty();
 }
 
 PlanSaveOutcome savePlan(ScheduleStore& store, const Sheet& sheet, const QString& activity,

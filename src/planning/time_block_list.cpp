@@ -5,19 +5,12 @@
 
 namespace vellora {
 
-QString blockCell(const TimeBlock& block) {
-  return block.hours + kLineBreak + block.name;
-}
-
-QString blockLine(const TimeBlock& block) {
-  return block.hours + u' ' + block.name;
-}
-
 TimeBlockList::TimeBlockList(ScheduleStore& store) {
   auto rows = store.open(statements::blocksByStart());
   for (; !rows.atEnd(); rows.moveNext()) {
-    const TimeBlock block{rows.text(u"SJKH"), rows.text(u"sjkm"),
-                          blockHours(rows.time(u"SJ0"), rows.time(u"SJ1"))};
+    const QString hours = blockHours(rows.time(u"SJ0"), rows.time(u"SJ1"));
+    const QString name = rows.text(u"sjkm");
+    const TimeBlock block{rows.text(u"SJKH"), hours + kLineBreak + name, hours + u' ' + name};
     if (!position_by_code_.contains(block.code)) position_by_code_[block.code] = blocks_.size();
     blocks_.append(block);
   }

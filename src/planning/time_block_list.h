@@ -11,14 +11,9 @@ namespace vellora {
 // One division of the day. Its code is its key; the rest is shown.
 struct TimeBlock {
   QString code;
-  QString name;
-  QString hours;  // "08:00-09:30"
+  QString cell;  // "08:00-09:30", line break, name: how a grid shows it
+  QString line;  // "08:00-09:30 name": how a list shows it
 };
-
-// "08:00-09:30", line break, name: how a grid shows a block.
-QString blockCell(const TimeBlock& block);
-// "08:00-09:30 name": how a list shows it.
-QString blockLine(const TimeBlock& block);
 
 // The time blocks in ascending start time, as they were when the list was made.
 class TimeBlockList {

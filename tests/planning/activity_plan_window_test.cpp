@@ -231,4 +231,27 @@ TEST_F(ActivityPlanWindowTest, BeginningADateProposesThePickedOne) {
   EXPECT_EQ(row(window_, 4), u"2007-03-06||||"_qs);
 }
 
+TEST_F(ActivityPlanWindowTest, PastingMoreThanTheGridHoldsSaysWhatWasLeftOut) {
+  open();
+  QGuiApplication::clipboard()->setText(u"甲\t乙\n"_qs.repeated(2));
+  grid(window_).SetCurrentCell(kPlanLevel, 0);
+  grid(window_).Focus();
+  QTest::keyClick(&grid(window_), Qt::Key_V, Qt::ControlModifier);
+  EXPECT_EQ(prompts_.warnings,
+            QStringList{u"粘贴的内容比表格多出 0 行、1 列，多出的部分没有粘贴。"_qs});
+}
+
+TEST_F(ActivityPlanWindowTest, AScheduleThatCannotBeReadIsReportedAndNothingTypedIsLost) {
+  open();
+  doubleClick(window_, u"List2"_qs, 0);
+  const QString typed = row(window_, 0);
+  schedule_.sql(u"DROP TABLE JH"_qs);
+  for (const QString& button : {u"cmdSV"_qs, u"CmdDAY"_qs, u"cmdOP"_qs, u"Command1"_qs}) {
+    prompts_.warnings.clear();
+    click(window_, button);
+    EXPECT_TRUE(prompts_.warnings.contains(u"日程文件中没有表“JH”。"_qs)) << button.toStdString();
+    EXPECT_EQ(row(window_, 0), typed);
+  }
+}
+
 }  // namespace vellora

@@ -67,9 +67,9 @@ TEST_F(PlanRows, BlocksComeByStartAndTheFirstOfACodeIsFound) {
   builder_.block(u"002"_qs, u"23:00:00"_qs, u"23:30:00"_qs, u"重复"_qs);
   const TimeBlockList blocks(*store_);
   ASSERT_EQ(blocks.size(), 3);
-  EXPECT_EQ(blockLine(*blocks.at(0)), u"08:00-09:30 早读"_qs);
+  EXPECT_EQ(blocks.at(0)->line, u"08:00-09:30 早读"_qs);
   EXPECT_EQ(blocks.at(1)->code, u"001"_qs);
-  EXPECT_EQ(blocks.find(u"002"_qs)->name, u"早读"_qs);
+  EXPECT_EQ(blocks.find(u"002"_qs)->cell, u"08:00-09:30\r早读"_qs);
   EXPECT_EQ(blocks.find(u"2"_qs), nullptr);
   EXPECT_EQ(blocks.at(3), nullptr);
 }
