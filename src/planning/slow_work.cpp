@@ -6,16 +6,17 @@
 namespace vellora {
 namespace {
 
-constexpr int kPatience = 150;  // milliseconds without a bar
-constexpr int kRefresh = 30;    // milliseconds between two looks at the cancel button
+constexpr int kPatience = 50;  // milliseconds without a bar
+constexpr int kRefresh = 20;   // milliseconds between two looks at the cancel button
 
 }  // namespace
 
 void runShowingProgress(QWidget* parent, const QString& title,
                         const std::function<void(const PlanProgress&)>& work) {
-  QProgressDialog dialog(title, u"取消"_qs, 0, 0, parent);
+  QProgressDialog dialog(title, u"取消"_qs, 0, 1, parent);
   dialog.setWindowModality(Qt::WindowModal);
   dialog.setMinimumDuration(kPatience);
+  dialog.setValue(0);
   QElapsedTimer sinceRefresh;
   sinceRefresh.start();
   work([&](int done, int total) {
