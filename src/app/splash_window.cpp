@@ -22,8 +22,11 @@ QLabel* makeTitle(QWidget* parent) {
 QLabel* makeIcon(QWidget* parent) {
   auto* icon = new QLabel(parent);
   // A picture of one size, read as what it is: QIcon would load every image plug-in to find out.
-  QPixmap picture(u":/vellora/vellora-256.png"_qs, "PNG");
-  icon->setPixmap(picture.scaledToHeight(kIconSize, Qt::SmoothTransformation));
+  const QPixmap whole(u":/vellora/vellora-256.png"_qs, "PNG");
+  const double scale = icon->devicePixelRatioF();
+  QPixmap picture = whole.scaledToHeight(qRound(kIconSize * scale), Qt::SmoothTransformation);
+  picture.setDevicePixelRatio(scale);
+  icon->setPixmap(picture);
   return icon;
 }
 
