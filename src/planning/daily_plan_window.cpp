@@ -3,6 +3,7 @@
 #include "grid/surface/grid_surface.h"
 #include "planning/day_plan.h"
 #include "planning/plan_controls.h"
+#include "planning/undo_step.h"
 #include "planning/unsaved_watch.h"
 #include "routine/calendar_text.h"
 #include "shell/date_stepper.h"
@@ -128,8 +129,10 @@ void DailyPlanWindow::loadItems() {
 }
 
 void DailyPlanWindow::LoadDayPlan() {
+  shown_day_ = QDate();
   setWindowTitle(dayPlanCaption(date()));
   loadDayPlan(state().Db, grid_->sheet(), date(), items_);
+  shown_day_ = date();
   grid_->clearUndo();
   grid_->Redraw();
   readSaved();
@@ -147,15 +150,21 @@ void DailyPlanWindow::placeItem(int position) {
   finishTyping(*grid_);
   const int row = grid_->CurrentRow();
   if (position < 0 || position >= items_.size() || row < 0) return;
-  grid_->beginUndoStep(u"安排活动"_qs);
-  placeDayActivity(grid_->sheet(), row, items_[position]);
-  grid_->endUndoStep();
+  {
+    const UndoStep step(*grid_, u"安排活动"_qs);
+    placeDayActivity(grid_->sheet(), row, items_[position]);
+  }
   grid_->Redraw();
   grid_->SetCurrentCell(kDayRequirement, row);
   grid_->Focus();
 }
 
+// Another date's rows in the grid, after a failed reading, must not overwrite this date's plan.
 void DailyPlanWindow::SaveDayPlan() {
+  if (shown_day_ != date()) {
+    prompts().warn(this, u"%1的计划没有读出来，不能保存，请先打开。"_qs.arg(longDate(date())));
+    return;
+  }
   finishTyping(*grid_);
   const QString failure = saveDayPlan(state().Db, grid_->sheet(), date());
   try {
