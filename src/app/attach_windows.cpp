@@ -1,6 +1,9 @@
 #include "app/attach_windows.h"
 
+#include "app/about_window.h"
+#include "app/usage_notes_window.h"
 #include "board/week_board.h"
+#include "editors/activity_item_editor.h"
 #include "editors/memo_window.h"
 #include "editors/time_block_editor.h"
 #include "editors/week_name_editor.h"
@@ -56,9 +59,12 @@ void attachPlanning(WeekBoard& board, ApplicationState& state) {
 
 void attachWindows(WeekBoard& board, ApplicationState& state) {
   attachPlanning(board, state);
+  attach<ActivityItemEditor>(board, state, BoardCommand::ActivityItems);
   attach<TimeBlockEditor>(board, state, BoardCommand::TimeBlocks);
   attach<WeekNameEditor>(board, state, BoardCommand::WeekNames);
   attach<MemoWindow>(board, state, BoardCommand::Memo);
+  attach<UsageNotesWindow>(board, state, BoardCommand::UsageNotes);
+  attach<AboutWindow>(board, state, BoardCommand::About);
 }
 
 }  // namespace vellora
