@@ -43,7 +43,8 @@ ActivityPlanWindow::ActivityPlanWindow(ApplicationState& state, QWidget* parent)
                               })) {
   setObjectName(u"FormXMJH"_qs);
   setWindowTitle(u"项目活动计划"_qs);
-  new GridKeys(*controls_.grid, state, [this] { return chosenActivity() + u" 活动计划"; });
+  new GridKeys(*controls_.grid, state,
+               [this]() -> QString { return chosenActivity() + u" 活动计划"; });
   connectControls();
   connectGrid();
 }

@@ -43,7 +43,7 @@ DailyPlanWindow::DailyPlanWindow(ApplicationState& state, QDate firstDay, QWidge
   grid_->setObjectName(u"Cell1"_qs);
   grid_->setAccessibleName(u"每日计划表"_qs);
   grid_->setEditable(true);
-  new GridKeys(*grid_, state, [this] { return isoDate(date()) + u" 活动计划"; });
+  new GridKeys(*grid_, state, [this]() -> QString { return isoDate(date()) + u" 活动计划"; });
   connect(day_, &DateStepper::dateChanged, this, &DailyPlanWindow::openDay);
   placeFromList(*items_list_, [this](int position) { placeItem(position); });
   connect(grid_, &GridSurface::PasteCut, this,
