@@ -16,10 +16,11 @@ constexpr QColor kBarColour(224, 122, 0);  // seen on light and on dark cells
 
 }  // namespace
 
-UnsavedMarks::UnsavedMarks(QTableView& grid) : QWidget(&grid), grid_(grid) {
+UnsavedMarks::UnsavedMarks(QTableView& grid)
+    : QWidget(&grid), grid_(grid), viewport_(*grid.viewport()) {
   setAttribute(Qt::WA_TransparentForMouseEvents);
   setFocusPolicy(Qt::NoFocus);
-  grid.viewport()->installEventFilter(this);
+  viewport_.installEventFilter(this);
   const auto repaint = qOverload<>(&QWidget::update);
   connect(grid.verticalScrollBar(), &QScrollBar::valueChanged, this, repaint);
   connect(grid.verticalHeader(), &QHeaderView::sectionResized, this, repaint);
@@ -32,7 +33,7 @@ void UnsavedMarks::setRows(std::vector<int> rows) {
 }
 
 void UnsavedMarks::cover() {
-  QRect edge = grid_.viewport()->geometry();
+  QRect edge = viewport_.geometry();
   edge.setWidth(kBarWidth);
   setGeometry(edge);
   raise();
@@ -41,7 +42,7 @@ void UnsavedMarks::cover() {
 bool UnsavedMarks::eventFilter(QObject* watched, QEvent* event) {
   const bool hasMoved = event->type() == QEvent::Resize || event->type() == QEvent::Move ||
                         event->type() == QEvent::Show;
-  if (watched == grid_.viewport() && hasMoved) cover();
+  if (watched == &viewport_ && hasMoved) cover();
   return QWidget::eventFilter(watched, event);
 }
 

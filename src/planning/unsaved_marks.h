@@ -28,6 +28,7 @@ class UnsavedMarks : public QWidget {
   void cover();
 
   QTableView& grid_;
+  QWidget& viewport_;  // still sends events when the grid around it is half destroyed
   std::vector<int> rows_;
 };
 
