@@ -22,8 +22,8 @@ int lineHeightOf(const QFont& font) {
   return static_cast<int>(std::ceil(std::min(metrics.height(), info.pixelSize() * 1.4)));
 }
 
-QString withSeparators(QString text) {
-  return text.replace(kLineBreak, QChar::LineSeparator);
+QString withSeparators(const QString& text) {
+  return text.left(kMostDrawn).replace(kLineBreak, QChar::LineSeparator);
 }
 
 QTextOption optionFor(bool wraps) {
@@ -52,7 +52,8 @@ LaidOutText laidOut(const QString& text, const QFont& font, const TextRoom& room
                     Qt::Alignment align, int lineHeight) {
   QTextLayout layout(withSeparators(text), font);
   layout.setTextOption(optionFor(room.wraps));
-  if (breakLines(layout, room)) return placed(layout, room.width, align, lineHeight);
+  const bool isWhole = text.size() <= kMostDrawn;
+  if (breakLines(layout, room) && isWhole) return placed(layout, room.width, align, lineHeight);
   QTextLayout shortened(elidedLines(layout, room), font);
   shortened.setTextOption(optionFor(false));
   breakLines(shortened, {kEndless, room.lines, false});
@@ -89,7 +90,7 @@ const LaidOutText& TextLayouts::layOut(const Request& request) {
 int TextLayouts::naturalWidth(const QString& text, int number) const {
   const QFontMetricsF metrics(font(number));
   qreal widest = 0;
-  for (const QString& line : text.split(kLineBreak)) {
+  for (const QString& line : text.left(kMostDrawn).split(kLineBreak)) {
     widest = std::max(widest, metrics.horizontalAdvance(line));
   }
   return static_cast<int>(std::ceil(widest));

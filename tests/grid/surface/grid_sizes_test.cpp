@@ -35,7 +35,7 @@ TEST_F(GridSizes, FollowTheSheetWhereverTheyAreSet) {
 }
 
 TEST_F(GridSizes, RowsAreNeverTooLowForTheirText) {
-  grid.SetDefaultFont(30, kFontRegular, u"宋体"_qs);
+  grid.SetCellFont(2, kEveryRow, 30, kFontRegular, u"宋体"_qs);
   grid.SetDefaultRowHeight(10);
   grid.SetRowHeight(1, 3);
   grid.Redraw();
