@@ -24,7 +24,7 @@ bool isEnter(int key) {
 void GridSurface::keyPressEvent(QKeyEvent* event) {
   parts_->keepTypedText();
   event->ignore();
-  parts_->edits.raise([this, event] { emit GridKeyDown(event); });
+  emit GridKeyDown(event);
   if (event->isAccepted() || parts_->isEditing()) return;
   const bool isUsed =
       parts_->useCommandKey(*event) || parts_->useEditKey(*event) || parts_->useMoveKey(*event);
@@ -56,7 +56,7 @@ bool GridSurface::Parts::useEditKey(QKeyEvent& event) {
   if (cell.isNone()) return false;
   if (!look.isEditable) {
     if (!isEnter(event.key()) && event.key() != Qt::Key_Space) return false;
-    edits.raise([&] { emit grid.CellActivated(cell.col, cell.row); });
+    emit grid.CellActivated(cell.col, cell.row);
     return true;
   }
   if (event.key() == Qt::Key_F2) {

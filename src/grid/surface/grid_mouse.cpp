@@ -60,7 +60,7 @@ void GridSurface::mouseReleaseEvent(QMouseEvent* event) {
   const CellPlace cell = std::exchange(parts_->pressed, {});
   if (!std::exchange(parts_->isClick, false)) return;
   if (parts_->cellAt(event->position().toPoint()) != cell) return;
-  parts_->edits.raise([&] { emit CellClick(cell.col, cell.row); });
+  emit CellClick(cell.col, cell.row);
 }
 
 void GridSurface::mouseDoubleClickEvent(QMouseEvent* event) {

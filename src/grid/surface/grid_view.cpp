@@ -18,9 +18,10 @@ QRect wholeCell(const FrozenAxis& cols, const FrozenAxis& rows, CellPlace cell) 
   return {col.start, row.start, col.size, row.size};
 }
 
-// A tool tip wraps only rich text.
+// A tool tip wraps only rich text, and laying out a book would stall the window.
 QString toolTipOf(const QString& text) {
-  return u"<p style=\"white-space:pre-wrap\">"_qs + text.toHtmlEscaped() + u"</p>"_qs;
+  const QString shown = text.size() > kMostDrawn ? text.left(kMostDrawn) + u'…' : text;
+  return u"<p style=\"white-space:pre-wrap\">"_qs + shown.toHtmlEscaped() + u"</p>"_qs;
 }
 
 }  // namespace

@@ -14,6 +14,20 @@ constexpr int kDefaultWidth = 80;
 constexpr int kLeastSharedWidth = 56;
 constexpr int kRowMargin = 3;  // pixels: grid line and a little air
 
+// What one line needs of the largest font that the sheet or one of its columns asks for.
+int lowestRow(const Sheet& sheet) {
+  std::vector<CellFont> fonts{sheet.DefaultFont()};
+  for (int col = 0; col < sheet.Cols(); ++col) {
+    const CellFont& font = sheet.StyleAt(col, kEveryRow).font;
+    if (font != fonts.back()) fonts.push_back(font);
+  }
+  int highest = 0;
+  for (const CellFont& font : fonts) {
+    highest = std::max(highest, QFontMetrics(fontOf(font)).height());
+  }
+  return highest + kRowMargin;
+}
+
 }  // namespace
 
 HeaderSizes::HeaderSizes(QTableView& view) : view_(view) {
@@ -40,7 +54,7 @@ void HeaderSizes::apply(const Sheet& sheet) {
 
 void HeaderSizes::applyDefaultHeight(const Sheet& sheet) {
   const QScopedValueRollback applying(isApplying_, true);
-  lowestRow_ = QFontMetrics(fontOf(sheet.DefaultFont())).height() + kRowMargin;
+  lowestRow_ = lowestRow(sheet);
   QHeaderView& header = *view_.verticalHeader();
   const int height = std::max(sheet.DefaultRowHeight(), lowestRow_);
   if (header.defaultSectionSize() == height) return;

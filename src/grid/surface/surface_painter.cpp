@@ -41,7 +41,8 @@ void SurfacePainter::paintArea(QPainter& painter, const std::vector<Span>& areaC
   if (clip.isEmpty() || areaCols.empty() || areaRows.empty()) return;
   painter.setClipRect(clip);
   CellPainter cells(painter, sheet, look, texts);
-  cells.setSelection(selected.isOneCell() ? CellRange() : selected, current);
+  const bool isFrameEnough = selected.isOneCell() && selected.contains(current);
+  cells.setSelection(isFrameEnough ? CellRange() : selected, current);
   cells.paint(areaCols, areaRows);
   paintMarkedColumn(painter, areaCols, clip);
   paintFrame(painter, clip);

@@ -23,9 +23,10 @@ int lineHeightOf(const QFont& font) {
 }
 
 // An empty last line would only push the others out of the middle.
-QString withSeparators(QString text) {
-  while (text.endsWith(kLineBreak)) text.chop(1);
-  return text.replace(kLineBreak, QChar::LineSeparator);
+QString withSeparators(const QString& text) {
+  QString drawn = text.left(kMostDrawn);
+  while (drawn.endsWith(kLineBreak)) drawn.chop(1);
+  return drawn.replace(kLineBreak, QChar::LineSeparator);
 }
 
 QTextOption optionFor(bool wraps) {
@@ -54,7 +55,8 @@ LaidOutText laidOut(const QString& text, const QFont& font, const TextRoom& room
                     Qt::Alignment align, int lineHeight) {
   QTextLayout layout(withSeparators(text), font);
   layout.setTextOption(optionFor(room.wraps));
-  if (breakLines(layout, room)) return placed(layout, room.width, align, lineHeight);
+  const bool isWhole = text.size() <= kMostDrawn;
+  if (breakLines(layout, room) && isWhole) return placed(layout, room.width, align, lineHeight);
   QTextLayout shortened(elidedLines(layout, room), font);
   shortened.setTextOption(optionFor(false));
   breakLines(shortened, {kEndless, room.lines, false});
@@ -91,7 +93,7 @@ const LaidOutText& TextLayouts::layOut(const Request& request) {
 int TextLayouts::naturalWidth(const QString& text, int number) const {
   const QFontMetricsF metrics(font(number));
   qreal widest = 0;
-  for (const QString& line : text.split(kLineBreak)) {
+  for (const QString& line : text.left(kMostDrawn).split(kLineBreak)) {
     widest = std::max(widest, metrics.horizontalAdvance(line));
   }
   return static_cast<int>(std::ceil(widest));

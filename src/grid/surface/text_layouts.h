@@ -14,6 +14,9 @@ class QTextLayout;
 
 namespace vellora {
 
+// Characters of one text that are ever drawn; no cell has room for more.
+inline constexpr int kMostDrawn = 4000;
+
 // A text as it is drawn: glyphs placed from the top left of its room.
 struct LaidOutText {
   QList<QGlyphRun> runs;
@@ -42,6 +45,7 @@ class TextLayouts {
   const LaidOutText& layOut(const Request& request);
   // Width of the widest line, in pixels.
   int naturalWidth(const QString& text, int font) const;
+  // As many lines as all of the text needs in the request's width.
   int lineCount(const Request& request) const;
   // When fonts or the screen changed.
   void clear();

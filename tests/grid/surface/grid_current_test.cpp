@@ -85,6 +85,13 @@ TEST_F(GridCurrent, GoesWhenRulesShortenTheSheetBehindTheGridsBack) {
   EXPECT_EQ(moves, (Moves{{4, -1}}));
 }
 
+TEST_F(GridCurrent, RowsOfRulesAreShownAtTheNextPainting) {
+  grid.sheet().SetRows(9);
+  grid.viewport()->update();
+  settle();
+  EXPECT_EQ(grid.model()->rowCount(), 9);
+}
+
 TEST_F(GridCurrent, StaysWhileShiftSelects) {
   press(Qt::Key_Down, Qt::ShiftModifier);
   press(Qt::Key_Right, Qt::ShiftModifier);

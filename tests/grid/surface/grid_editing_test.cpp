@@ -1,6 +1,7 @@
 #include "grid_hands.h"
 
 #include <QInputMethodEvent>
+#include <QLineEdit>
 
 namespace vellora {
 namespace {
@@ -138,6 +139,37 @@ TEST_F(GridEditing, TheTextIsInItsCellBeforeAButtonIsPressedByItsLetter) {
   QKeyEvent letter(QEvent::ShortcutOverride, Qt::Key_S, Qt::AltModifier);
   QApplication::sendEvent(editor(), &letter);
   EXPECT_EQ(text(0, 0), u"typed");
+}
+
+TEST_F(GridEditing, AClickElsewhereKeepsTheText) {
+  type("typed");
+  click(2, 3);
+  EXPECT_EQ(text(0, 0), u"typed");
+  EXPECT_EQ(current(), (CellPlace{2, 3}));
+  EXPECT_EQ(editor(), nullptr);
+}
+
+TEST_F(GridEditing, TabLeavesTheGridAtItsLastCellAndWhereNothingCanBeTyped) {
+  QWidget window;
+  auto* next = new QLineEdit(&window);
+  grid.setParent(&window);
+  QWidget::setTabOrder(&grid, next);
+  window.show();
+  window.activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+  grid.show();
+  grid.setFocus();
+  grid.SetCurrentCell(1, 4);
+  press(Qt::Key_Tab);
+  EXPECT_EQ(current(), (CellPlace{2, 4}));
+  press(Qt::Key_Tab);
+  EXPECT_TRUE(next->hasFocus());
+  grid.setEditable(false);
+  grid.setFocus();
+  grid.SetCurrentCell(0, 0);
+  press(Qt::Key_Tab);
+  EXPECT_TRUE(next->hasFocus());
+  grid.setParent(nullptr);
 }
 
 TEST_F(GridEditing, NothingCanBeTypedWhereEditingIsOff) {

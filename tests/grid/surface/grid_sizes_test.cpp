@@ -27,15 +27,21 @@ TEST_F(GridSizes, FollowTheSheetWhereverTheyAreSet) {
   EXPECT_EQ(grid.rowHeight(1), 60);
   EXPECT_TRUE(grid.isRowHidden(2));
   EXPECT_EQ(grid.rowHeight(3), 38);
-  grid.SetRows(0);
-  grid.SetRows(6);
+  grid.sheet().SetRowHeight(1, 80);
+  grid.Redraw();
+  EXPECT_EQ(grid.rowHeight(1), 80);
+  Sheet plain;
+  plain.SetCols(4);
+  plain.SetRows(5);
+  plain.SetDefaultRowHeight(38);
+  grid.sheet() = plain;
   grid.Redraw();
   EXPECT_EQ(grid.rowHeight(1), 38);
   EXPECT_FALSE(grid.isRowHidden(2));
 }
 
 TEST_F(GridSizes, RowsAreNeverTooLowForTheirText) {
-  grid.SetDefaultFont(30, kFontRegular, u"宋体"_qs);
+  grid.SetCellFont(2, kEveryRow, 30, kFontRegular, u"宋体"_qs);
   grid.SetDefaultRowHeight(10);
   grid.SetRowHeight(1, 3);
   grid.Redraw();

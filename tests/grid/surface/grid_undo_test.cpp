@@ -50,9 +50,12 @@ TEST_F(GridUndo, GoesToTheCellThatItChanges) {
 TEST_F(GridUndo, ForgetsWhatCanBeDoneAgainWhenSomethingElseIsTyped) {
   enter("a");
   undo();
+  grid.SetCurrentCell(0, 0);
   enter("b");
   redo();
   EXPECT_EQ(text(0, 0), u"b");
+  undo();
+  EXPECT_EQ(text(0, 0), u"0");
 }
 
 TEST_F(GridUndo, TakesBackAWholeStepOfTheProgramWithItsRows) {

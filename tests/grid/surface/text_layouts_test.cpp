@@ -66,6 +66,13 @@ TEST_F(Layouts, ShowWithAnEllipsisThatMoreLinesFollow) {
   EXPECT_EQ(glyphs(cut), glyphs(whole) + 1);
 }
 
+TEST_F(Layouts, AreCutForATextAsLongAsABook) {
+  const LaidOutText text = layOut(QString(1'000'000, u'字'), 100, 2, true);
+  EXPECT_TRUE(text.isCut);
+  EXPECT_LE(glyphs(text), 30);
+  EXPECT_TRUE(layOut(QString(kMostDrawn, u'a') + u'b', kMostDrawn * 20, 1, false).isCut);
+}
+
 TEST_F(Layouts, PlaceLinesByTheirAlignment) {
   const auto leftEdge = [this](Qt::Alignment align) {
     return layouts.layOut({u"ab"_qs, font, 200, 20, align, false})
