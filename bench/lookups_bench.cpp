@@ -35,6 +35,7 @@ class RawStatement {
     sqlite3_bind_text(statement_, index, text.constData(), static_cast<int>(text.size()),
                       SQLITE_STATIC);
   }
+  void bind(int index, qint64 number) { sqlite3_bind_int64(statement_, index, number); }
   bool step() { return sqlite3_step(statement_) == SQLITE_ROW; }
   void reset() { sqlite3_reset(statement_); }
   qint64 number(int column) { return sqlite3_column_int64(statement_, column); }
@@ -91,12 +92,12 @@ class Board {
     const ScheduleStore::ReadTransaction view(store_);
     for (const QDate day : days_) {
       for (const QString& code : codes_) {
-        Recordset plan = store_.openFirst(statements::planOfBlock(day, code));
-        if (plan.isEmpty()) continue;
+        RowCursor plan = store_.readOnce(statements::planOfBlock(day, code));
+        if (!plan.next()) continue;
         const QString activity = plan.text(u"HDMC");
         benchmark::DoNotOptimize(plan.text(u"HDYQ"));
-        Recordset item = store_.openFirst(statements::itemNamed(activity));
-        if (!item.isEmpty()) benchmark::DoNotOptimize(item.number(u"FRGB"));
+        RowCursor item = store_.readOnce(statements::itemNamed(activity));
+        if (item.next()) benchmark::DoNotOptimize(item.number(u"FRGB"));
       }
     }
   }
@@ -164,6 +165,62 @@ void compareSums(SideBySide& table, const test::ScheduleBuilder& builder, const 
   table.compare(what, ours, bare, 5);
 }
 
+// One pass over the whole plan, as a backup makes it.
+void comparePasses(SideBySide& table, const test::ScheduleBuilder& builder) {
+  ScheduleStore store(builder.path());
+  RawDatabase raw(builder.path());
+  RawStatement rows(raw.connection(), "SELECT * FROM JH");
+  const auto ours = [&] {
+    RowCursor cursor = store.readOnce(statements::allPlans());
+    while (cursor.next()) {
+      for (const int column : {0, 1, 2, 3}) benchmark::DoNotOptimize(cursor.text(column));
+      benchmark::DoNotOptimize(cursor.number(4));
+    }
+  };
+  const auto bare = [&] {
+    while (rows.step()) {
+      for (const int column : {0, 1, 2, 3}) benchmark::DoNotOptimize(rows.text(column));
+      benchmark::DoNotOptimize(rows.number(4));
+    }
+    rows.reset();
+  };
+  table.compare("one pass over 1,000,000 entries", ours, bare, 5);
+}
+
+constexpr int kRestored = 20'000;
+
+// Adds entries as a restore does; both take them back again.
+void compareRestores(SideBySide& table) {
+  const test::ScheduleBuilder builder;
+  ScheduleStore store(builder.path());
+  RawDatabase raw(builder.path());
+  RawStatement insert(raw.connection(), "INSERT INTO JH VALUES (?,?,?,?,?)");
+  const QString texts[] = {isoDate(kFirstDay), u"001"_qs, u"活动001"_qs, u"按时完成"_qs};
+  const QByteArray bytes[] = {texts[0].toUtf8(), texts[1].toUtf8(), texts[2].toUtf8(),
+                              texts[3].toUtf8()};
+  const auto ours = [&] {
+    const ScheduleStore::Transaction restore(store);
+    Recordset plans = store.open(u"JH"_qs);
+    for (int i = 0; i < kRestored; ++i) {
+      plans.addNew();
+      for (int column = 0; column < 4; ++column) plans.set(plans.columnName(column), texts[column]);
+      plans.set(u"ZYDJ", i % 5);
+      plans.update();
+    }
+  };
+  const auto bare = [&] {
+    raw.run("BEGIN IMMEDIATE");
+    for (int i = 0; i < kRestored; ++i) {
+      for (int column = 0; column < 4; ++column) insert.bind(column + 1, bytes[column]);
+      insert.bind(5, i % 5);
+      insert.step();
+      insert.reset();
+    }
+    raw.run("ROLLBACK");
+  };
+  table.compare("adding 20,000 entries", ours, bare, 7);
+}
+
 void compareFills(SideBySide& table, const char* what, qint64 days) {
   test::ScheduleBuilder builder;
   builder.fullDay(kBlocks).items(kActivities).fullPlan(kFirstDay, days, kBlocks, kActivities);
@@ -175,6 +232,7 @@ void compareFills(SideBySide& table, const char* what, qint64 days) {
               statements::minutesByCategory, kRawByCategory);
   compareSums(table, builder, "minutes by activity, 1,000,000 entries",
               statements::minutesByActivity, kRawByActivity);
+  comparePasses(table, builder);
 }
 
 }  // namespace
@@ -186,5 +244,6 @@ int main() {
   compareFills(table, "board fill, 10 years (182,500 entries)", 3'650);
   compareFills(table, "board fill, 20 years (365,000 entries)", 7'300);
   compareFills(table, "board fill, 1,000,000 entries", 20'000);
+  compareRestores(table);
   table.print();
 }

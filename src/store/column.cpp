@@ -78,6 +78,9 @@ std::optional<Moment> momentOf(const QVariant& value) {
 }
 
 OwnedCell momentCell(const Column& column, const QVariant& value) {
+  if (value.userType() == QMetaType::QString && isStoredDate(value.toString())) {
+    return textCell(value.toString());
+  }
   const std::optional<Moment> moment = momentOf(value);
   const QString text = moment ? storedText(*moment) : QString();
   if (!text.isEmpty()) return textCell(text);
@@ -156,6 +159,18 @@ bool isSameName(QStringView one, QStringView other) {
     if (one[i] != other[i] && folded(one[i]) != folded(other[i])) return false;
   }
   return true;
+}
+
+qsizetype columnPosition(const QList<Column>& columns, QStringView name) {
+  for (qsizetype i = 0; i < columns.size(); ++i) {
+    if (isSameName(columns[i].name, name)) return i;
+  }
+  throw StoreError(StoreFault::ColumnMissing, u"没有名为“%1”的列。"_qs.arg(name));
+}
+
+const Column& columnAt(const QList<Column>& columns, int position) {
+  if (position >= 0 && position < columns.size()) return columns[position];
+  throw StoreError(StoreFault::ColumnMissing, u"没有第 %1 列。"_qs.arg(position + 1));
 }
 
 OwnedCell columnCell(const Column& column, const QVariant& value) {

@@ -2,6 +2,7 @@
 
 #include "store/cell.h"
 
+#include <QList>
 #include <QString>
 #include <QVariant>
 
@@ -18,6 +19,11 @@ Column describedColumn(const QString& name, const QString& declaredType);
 
 // True when two names are the same but for the case of their Latin letters.
 bool isSameName(QStringView one, QStringView other);
+
+// A column by its name, without regard to case, or by its position. StoreFault::ColumnMissing when
+// there is none.
+qsizetype columnPosition(const QList<Column>& columns, QStringView name);
+const Column& columnAt(const QList<Column>& columns, int position);
 
 // A value in the form in which the column stores it. An invalid or null variant is no value. Throws
 // StoreError, naming the column, for a value that the column cannot hold; nothing is cut off. A

@@ -67,6 +67,10 @@ qint64 Connection::changeCount() const {
   return sqlite3_total_changes64(handle());
 }
 
+qint64 Connection::lastInsertedRow() const {
+  return sqlite3_last_insert_rowid(handle());
+}
+
 void Connection::run(const char* sql) {
   if (sqlite3_exec(handle(), sql, nullptr, nullptr, nullptr) != SQLITE_OK) {
     throw engineError(handle());

@@ -20,6 +20,7 @@ class Connection {
   bool isReadOnly() const { return isReadOnly_; }
   bool isInTransaction() const;
   qint64 changeCount() const;  // rows changed since the file was opened
+  qint64 lastInsertedRow() const;
 
   // Runs one of the program's own statements that gives no rows.
   void run(const char* sql);

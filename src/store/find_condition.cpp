@@ -68,11 +68,4 @@ bool FindCondition::isMetBy(const RowArena& rows, qsizetype row) const {
   return true;
 }
 
-qsizetype columnPosition(const QList<Column>& columns, QStringView name) {
-  for (qsizetype i = 0; i < columns.size(); ++i) {
-    if (isSameName(columns[i].name, name)) return i;
-  }
-  throw StoreError(StoreFault::ColumnMissing, u"没有名为“%1”的列。"_qs.arg(name));
-}
-
 }  // namespace vellora

@@ -27,7 +27,4 @@ class FindCondition {
   QList<Equality> equalities_;
 };
 
-// Position of the column of a name, without regard to case; StoreFault::ColumnMissing without one.
-qsizetype columnPosition(const QList<Column>& columns, QStringView name);
-
 }  // namespace vellora

@@ -115,6 +115,17 @@ std::optional<QTime> readTime(QStringView text) {
   return moment && !moment->date.isValid() ? std::optional(moment->time) : std::nullopt;
 }
 
+bool isStoredDate(QStringView text) {
+  if (text.size() != 10 || text[4] != u'-' || text[7] != u'-') return false;
+  int value[10];
+  for (const int i : {0, 1, 2, 3, 5, 6, 8, 9}) {
+    value[i] = text[i].unicode() - u'0';
+    if (value[i] < 0 || value[i] > 9) return false;
+  }
+  return QDate::isValid(value[0] * 1000 + value[1] * 100 + value[2] * 10 + value[3],
+                        value[5] * 10 + value[6], value[8] * 10 + value[9]);
+}
+
 QString storedText(const Moment& moment) {
   const QString date = isoDate(moment.date);
   if (!moment.time.isValid()) return date;

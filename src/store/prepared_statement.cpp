@@ -62,6 +62,10 @@ void PreparedStatement::reset() noexcept {
   sqlite3_reset(statement_.get());
 }
 
+bool PreparedStatement::isRunning() const {
+  return sqlite3_stmt_busy(statement_.get()) != 0;
+}
+
 int PreparedStatement::columnCount() const {
   return sqlite3_column_count(statement_.get());
 }

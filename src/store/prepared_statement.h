@@ -29,6 +29,9 @@ class PreparedStatement {
   // Ends the run and lets go of the file. Never throws: step() has reported what went wrong.
   void reset() noexcept;
 
+  // True between the first row and the reset, unless the rows have come to their end.
+  bool isRunning() const;
+
   int columnCount() const;
   QString columnName(int column) const;
   QString declaredType(int column) const;  // empty for an expression

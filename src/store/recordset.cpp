@@ -5,8 +5,8 @@
 
 namespace vellora {
 
-Recordset::Recordset(Connection& connection, const QString& tableOrSelect, RowsWanted wanted)
-    : state_(std::make_unique<State>(connection, tableOrSelect, wanted)) {}
+Recordset::Recordset(Connection& connection, const QString& tableOrSelect)
+    : state_(std::make_unique<State>(connection, tableOrSelect)) {}
 
 Recordset::Recordset(Recordset&&) noexcept = default;
 Recordset& Recordset::operator=(Recordset&&) noexcept = default;
@@ -98,11 +98,11 @@ int Recordset::columnCount() {
 }
 
 QString Recordset::columnName(int position) {
-  return state_->column(position).name;
+  return columnAt(state_->lazy.set().columns, position).name;
 }
 
 ColumnKind Recordset::columnKind(int position) {
-  return state_->column(position).kind;
+  return columnAt(state_->lazy.set().columns, position).kind;
 }
 
 }  // namespace vellora

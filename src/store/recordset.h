@@ -13,8 +13,6 @@ namespace vellora {
 
 class Connection;
 
-enum class RowsWanted { All, First };
-
 // A set of rows opened by ScheduleStore::open. Rows are read when they are first asked for, all at
 // once; from then on the set holds no lock and does not change but through its own edits (rolling a
 // transaction back does not take them out of the set again). Column names match without regard to
@@ -23,8 +21,7 @@ enum class RowsWanted { All, First };
 // Every operation may throw StoreError. A set must not outlive its store.
 class Recordset {
  public:
-  // See ScheduleStore::open and openFirst.
-  Recordset(Connection& connection, const QString& tableOrSelect, RowsWanted wanted);
+  Recordset(Connection& connection, const QString& tableOrSelect);  // see ScheduleStore::open
   Recordset(Recordset&&) noexcept;
   Recordset& operator=(Recordset&&) noexcept;
   ~Recordset();

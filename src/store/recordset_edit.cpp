@@ -8,14 +8,10 @@
 namespace vellora {
 namespace {
 
-Cells viewsOf(const StoredRow& row) {
-  Cells cells;
-  for (const OwnedCell& cell : row.cells) cells.append(cell.view());
-  return cells;
-}
-
-std::span<const Cell> spanOf(const Cells& cells) {
-  return {cells.data(), static_cast<std::size_t>(cells.size())};
+// Begins a row of the set with what the database stored.
+void begin(RowArena& rows, const StoredRow& stored) {
+  rows.begin(stored.rowId);
+  for (const OwnedCell& cell : stored.cells) rows.add(cell.view());
 }
 
 }  // namespace
@@ -60,15 +56,15 @@ void Recordset::update() {
 // A row added to a whole table belongs to the set by itself when the rows are read later. In any
 // other set the rows are read first, so that the new one is not read twice.
 void Recordset::storeNew() {
-  const bool staysUnread = state_->lazy.isWholeTable() && !state_->lazy.isRead();
-  if (!staysUnread) state_->rows();
-  const StoredRow stored = state_->writer().insert(state_->edit->changes);
-  if (staysUnread) {
-    state_->addedUnread = stored.rowId;
+  const ColumnChanges& changes = state_->edit->changes;
+  if (state_->lazy.set().isWholeTable && !state_->lazy.isRead()) {
+    state_->addedUnread = state_->writer().insertUnread(changes);
     return;
   }
   RowArena& rows = state_->rows();
-  rows.append(stored.rowId, spanOf(viewsOf(stored)));
+  const StoredRow stored = state_->writer().insert(changes);
+  begin(rows, stored);
+  rows.append();
   state_->position = rows.rowCount() - 1;
 }
 
@@ -76,11 +72,12 @@ void Recordset::storeEdited() {
   const qsizetype row = state_->currentRow();
   RowArena& rows = state_->rows();
   const StoredRow stored = state_->writer().update(rows, row, state_->edit->changes);
-  rows.replace(row, stored.rowId, spanOf(viewsOf(stored)));
+  begin(rows, stored);
+  rows.replace(row);
 }
 
 void Recordset::remove() {
-  RowWriter writer = state_->writer();
+  RowWriter& writer = state_->writer();
   const qsizetype row = state_->currentRow();
   writer.remove(state_->rows(), row);
   state_->rows().remove(row);

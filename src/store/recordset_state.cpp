@@ -1,7 +1,6 @@
 #include "store/recordset_state.h"
 
 #include "store/connection.h"
-#include "store/find_condition.h"
 #include "store/store_error.h"
 
 namespace vellora {
@@ -34,18 +33,13 @@ Cell Recordset::State::cell(QStringView name) {
 
 Cell Recordset::State::cell(int index) {
   const qsizetype row = currentRow();
-  column(index);
+  columnAt(lazy.set().columns, index);
   return rows().cell(row, index);
 }
 
-const Column& Recordset::State::column(int index) const {
-  const QList<Column>& columns = lazy.set().columns;
-  if (index >= 0 && index < columns.size()) return columns[index];
-  throw StoreError(StoreFault::ColumnMissing, u"没有第 %1 列。"_qs.arg(index + 1));
-}
-
-RowWriter Recordset::State::writer() {
-  if (!lazy.set().table.isEmpty()) return {lazy.connection(), lazy.set()};
+RowWriter& Recordset::State::writer() {
+  if (rowWriter) return *rowWriter;
+  if (!lazy.set().table.isEmpty()) return rowWriter.emplace(lazy.connection(), lazy.set());
   throw StoreError(StoreFault::NotUpdatable, u"这些记录不是来自一个表，不能修改。"_qs);
 }
 

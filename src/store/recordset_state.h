@@ -16,8 +16,7 @@ struct RowEdit {
 };
 
 struct Recordset::State {
-  State(Connection& connection, const QString& tableOrSelect, RowsWanted wanted)
-      : lazy(connection, tableOrSelect, wanted) {}
+  State(Connection& connection, const QString& tableOrSelect) : lazy(connection, tableOrSelect) {}
 
   // The rows, read; a row that was added before they were read is then current.
   RowArena& rows();
@@ -25,12 +24,12 @@ struct Recordset::State {
   qsizetype currentRow();
   Cell cell(QStringView name);
   Cell cell(int index);
-  const Column& column(int index) const;
-  RowWriter writer();
+  RowWriter& writer();  // StoreFault::NotUpdatable when rows of the set cannot be changed
 
   LazyRows lazy;
   qsizetype position = 0;
   bool noMatch = false;
+  std::optional<RowWriter> rowWriter;
   std::optional<RowEdit> edit;
   std::optional<qint64> addedUnread;  // row number of the row that is current though unread
 };

@@ -82,25 +82,32 @@ Cell RowArena::cell(qsizetype row, qsizetype column) const {
   return readCell(at);
 }
 
-void RowArena::append(qint64 rowId, std::span<const Cell> cells) {
-  rows_.append(packed(rowId, cells));
+void RowArena::begin(qint64 rowId) {
+  begun_.resize(sizeof(rowId));
+  write(begun_.data(), rowId);
 }
 
-void RowArena::replace(qsizetype row, qint64 rowId, std::span<const Cell> cells) {
-  rows_[row] = packed(rowId, cells);
+void RowArena::add(const Cell& cell) {
+  const qsizetype size = begun_.size();
+  begun_.resize(size + static_cast<qsizetype>(packedSize(cell)));
+  writeCell(begun_.data() + size, cell);
+}
+
+void RowArena::append() {
+  rows_.append(keptRow());
+}
+
+void RowArena::replace(qsizetype row) {
+  rows_[row] = keptRow();
 }
 
 void RowArena::remove(qsizetype row) {
   rows_.remove(row);
 }
 
-const char* RowArena::packed(qint64 rowId, std::span<const Cell> cells) {
-  std::size_t size = sizeof(qint64);
-  for (const Cell& cell : cells) size += packedSize(cell);
-  char* const row = static_cast<char*>(memory_.allocate(size, 1));
-  char* to = write(row, rowId);
-  for (const Cell& cell : cells) to = writeCell(to, cell);
-  return row;
+const char* RowArena::keptRow() {
+  const auto size = static_cast<std::size_t>(begun_.size());
+  return static_cast<char*>(std::memcpy(memory_.allocate(size, 1), begun_.constData(), size));
 }
 
 }  // namespace vellora

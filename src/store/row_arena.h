@@ -7,7 +7,6 @@
 #include <array>
 #include <cstddef>
 #include <memory_resource>
-#include <span>
 
 namespace vellora {
 
@@ -24,17 +23,22 @@ class RowArena {
   // Valid as long as the arena.
   Cell cell(qsizetype row, qsizetype column) const;
 
-  // The cells are copied.
-  void append(qint64 rowId, std::span<const Cell> cells);
-  void replace(qsizetype row, qint64 rowId, std::span<const Cell> cells);
+  // A row is begun, takes its cells in their order, and then becomes the last row or takes the
+  // place of another. The cells are copied.
+  void begin(qint64 rowId);
+  void add(const Cell& cell);
+  void append();
+  void replace(qsizetype row);
+
   void remove(qsizetype row);
 
  private:
-  const char* packed(qint64 rowId, std::span<const Cell> cells);
+  const char* keptRow();
 
-  std::array<std::byte, 320> firstRows_;
+  std::array<std::byte, 192> firstRows_;
   std::pmr::monotonic_buffer_resource memory_{firstRows_.data(), firstRows_.size()};
   QVarLengthArray<const char*, 4> rows_;
+  QVarLengthArray<char, 160> begun_;
 };
 
 }  // namespace vellora

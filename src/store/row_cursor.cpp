@@ -1,45 +1,35 @@
 #include "store/row_cursor.h"
 
-#include "store/connection.h"
-#include "store/lazy_rows.h"
-#include "store/literals.h"
+#include "store/column.h"
+#include "store/opened_set.h"
 #include "store/store_error.h"
 
 namespace vellora {
-namespace {
 
-PreparedSet slicedSet(Connection& connection, const QString& tableOrSelect, Literals& literals) {
-  const QString select = selectOf(tableOrSelect);
-  const StatementShape shape(select);
-  PreparedSet set = preparedSet(connection.handle(), shape);
-  shape.takeLiterals(select, literals);
-  return set;
-}
-
-}  // namespace
-
-// The statement is the cursor's own: one from the cache could be started again under it.
 struct RowCursor::State {
-  State(Connection& connection, const QString& tableOrSelect)
-      : set(slicedSet(connection, tableOrSelect, literals)) {
-    literals.bindTo(set.statement);
+  enum class Place { BeforeFirst, OnRow, Over };
+
+  State(Connection& connection, const QString& tableOrSelect) : opened(connection, tableOrSelect) {}
+  ~State() { end(); }
+  State(const State&) = delete;
+  State& operator=(const State&) = delete;
+
+  void end() {
+    if (statement != nullptr) statement->reset();
+    statement = nullptr;
+    place = Place::Over;
   }
 
-  const Column& column(int position) const {
-    if (position >= 0 && position < set.columns.size()) return set.columns[position];
-    throw StoreError(StoreFault::ColumnMissing, u"没有第 %1 列。"_qs.arg(position + 1));
+  Cell cell(qsizetype position) const {
+    if (place == Place::OnRow) return opened.cell(position);
+    throw StoreError(StoreFault::NoCurrentRow, u"没有当前记录。"_qs);
   }
 
-  Cell cell(int position) const {
-    if (!hasRow) throw StoreError(StoreFault::NoCurrentRow, u"没有当前记录。"_qs);
-    column(position);
-    return set.statement.cell(set.firstColumn() + position);
-  }
+  Cell cell(QStringView name) const { return cell(columnPosition(opened.set().columns, name)); }
 
-  Literals literals;
-  PreparedSet set;
-  bool hasRow = false;
-  bool isOver = false;
+  OpenedSet opened;
+  PreparedStatement* statement = nullptr;  // while it runs
+  Place place = Place::BeforeFirst;
 };
 
 RowCursor::RowCursor(Connection& connection, const QString& tableOrSelect)
@@ -50,36 +40,59 @@ RowCursor& RowCursor::operator=(RowCursor&&) noexcept = default;
 RowCursor::~RowCursor() = default;
 
 bool RowCursor::next() {
-  if (state_->isOver) return false;
-  state_->hasRow = false;
-  state_->hasRow = state_->set.statement.step();
-  state_->isOver = !state_->hasRow;
-  if (state_->isOver) state_->set.statement.reset();
-  return state_->hasRow;
+  if (state_->place == State::Place::Over) return false;
+  if (state_->statement == nullptr) state_->statement = &state_->opened.start();
+  state_->place = State::Place::Over;  // also when the step fails: the engine would start again
+  if (!state_->statement->step()) {
+    state_->end();
+    return false;
+  }
+  state_->opened.requireSameColumns();
+  state_->place = State::Place::OnRow;
+  return true;
 }
 
 QVariant RowCursor::value(int position) {
-  return cellValue(state_->cell(position), columnKind(position));
+  const ColumnKind kind = columnKind(position);
+  return cellValue(state_->cell(position), kind);
+}
+
+QString RowCursor::text(QStringView name) {
+  return cellText(state_->cell(name));
 }
 
 QString RowCursor::text(int position) {
+  columnKind(position);
   return cellText(state_->cell(position));
 }
 
+QDate RowCursor::date(QStringView name) {
+  return cellDate(state_->cell(name));
+}
+
+QTime RowCursor::time(QStringView name) {
+  return cellTime(state_->cell(name));
+}
+
+qint64 RowCursor::number(QStringView name) {
+  return cellNumber(state_->cell(name));
+}
+
 qint64 RowCursor::number(int position) {
+  columnKind(position);
   return cellNumber(state_->cell(position));
 }
 
 int RowCursor::columnCount() const {
-  return static_cast<int>(state_->set.columns.size());
+  return static_cast<int>(state_->opened.set().columns.size());
 }
 
 QString RowCursor::columnName(int position) const {
-  return state_->column(position).name;
+  return columnAt(state_->opened.set().columns, position).name;
 }
 
 ColumnKind RowCursor::columnKind(int position) const {
-  return state_->column(position).kind;
+  return columnAt(state_->opened.set().columns, position).kind;
 }
 
 }  // namespace vellora

@@ -31,11 +31,7 @@ qint64 ScheduleStore::execute(const QString& statement) {
 }
 
 Recordset ScheduleStore::open(const QString& tableOrSelect) {
-  return {*connection_, tableOrSelect, RowsWanted::All};
-}
-
-Recordset ScheduleStore::openFirst(const QString& tableOrSelect) {
-  return {*connection_, tableOrSelect, RowsWanted::First};
+  return {*connection_, tableOrSelect};
 }
 
 RowCursor ScheduleStore::readOnce(const QString& tableOrSelect) {
@@ -77,7 +73,7 @@ ScheduleStore::ReadTransaction::ReadTransaction(ScheduleStore& store)
 }
 
 ScheduleStore::ReadTransaction::~ReadTransaction() {
-  if (connection_ != nullptr) connection_->tryRun("COMMIT");
+  if (connection_ != nullptr) connection_->tryRun("ROLLBACK");  // nothing to save, cannot fail
 }
 
 }  // namespace vellora

@@ -31,11 +31,7 @@ class ScheduleStore {
   // Opens the rows of a table, by its name, or of a SELECT statement.
   Recordset open(const QString& tableOrSelect);
 
-  // Opens the first of these rows alone, for the look-ups behind a board: whether there is a second
-  // one is not even asked.
-  Recordset openFirst(const QString& tableOrSelect);
-
-  // Opens the same rows for one pass in constant memory: backups of a large schedule.
+  // Reads the same rows once: look-ups behind a board, backups of a large schedule.
   RowCursor readOnce(const QString& tableOrSelect);
 
   // True when the file or its folder does not let this program save.
@@ -57,8 +53,8 @@ class ScheduleStore {
   };
 
   // Keeps one view of the database for many look-ups, which is several times faster than reading
-  // them one by one. Inside another transaction it joins that one. Other copies of the program
-  // cannot save while it lives: keep it short.
+  // them one by one. Inside another transaction it joins that one; otherwise what is written while
+  // it lives is not saved. Other copies of the program cannot save while it lives: keep it short.
   class ReadTransaction {
    public:
     explicit ReadTransaction(ScheduleStore& store);

@@ -6,6 +6,7 @@
 #include <algorithm>
 
 namespace vellora {
+namespace {
 
 PreparedSet preparedSet(sqlite3* connection, const StatementShape& shape) {
   const Translation translation = translated(shape.text());
@@ -20,9 +21,11 @@ PreparedSet preparedSet(sqlite3* connection, const StatementShape& shape) {
   return set;
 }
 
+}  // namespace
+
 PreparedSet& StatementCache::setOf(QStringView statement, Literals& literals) {
   const auto fits = [&](const auto& known) {
-    return known->shape.takeLiterals(statement, literals);
+    return !known->set.statement.isRunning() && known->shape.takeLiterals(statement, literals);
   };
   auto found = std::find_if(known_.begin(), known_.end(), fits);
   if (found == known_.end()) {

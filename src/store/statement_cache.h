@@ -25,16 +25,14 @@ struct PreparedSet {
   int firstColumn() const { return table.isEmpty() ? 0 : 1; }
 };
 
-// Prepares the statements of a shape. Throws StoreError.
-PreparedSet preparedSet(sqlite3* connection, const StatementShape& shape);
-
 // Every statement that was used on a connection, ready to run again. The planner has a few dozen
 // shapes, so nothing is ever thrown away and references stay valid.
 class StatementCache {
  public:
   explicit StatementCache(sqlite3* connection) : connection_(connection) {}
 
-  // A statement of the dialect; its literals are put into `literals`. Throws StoreError.
+  // A statement of the dialect that is not running; its literals are put into `literals`. Throws
+  // StoreError.
   PreparedSet& setOf(QStringView statement, Literals& literals);
 
   // A statement in the engine's own words.

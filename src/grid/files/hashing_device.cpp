@@ -3,7 +3,7 @@
 namespace vellora {
 namespace {
 
-constexpr qsizetype kBufferSize = 64 * 1024;
+constexpr qsizetype kBufferSize = 65'536;
 
 }  // namespace
 

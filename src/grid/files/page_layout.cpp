@@ -19,6 +19,7 @@ std::vector<double> sharedWidths(const std::vector<std::optional<double>>& own, 
   }
   const double share = sharers == 0 ? 0 : std::max(least, (room - taken) / sharers);
   std::vector<double> widths;
+  widths.reserve(own.size());
   for (const auto& width : own) widths.push_back(width.value_or(share));
   return widths;
 }

@@ -7,7 +7,7 @@
 #include <QBuffer>
 #include <QDir>
 #include <QFileDialog>
-#include <QGuiApplication>
+#include <QFileInfo>
 #include <QMessageBox>
 #include <QPageLayout>
 #include <QPdfWriter>
@@ -17,6 +17,7 @@
 #include <QScreen>
 #include <QStandardPaths>
 #include <QToolBar>
+#include <QToolButton>
 
 #include <functional>
 
@@ -64,12 +65,20 @@ QString askForPdfPath(const QString& documentName, QWidget* parent) {
   return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().constFirst() : QString();
 }
 
+// What the preview is for stands first, with captions; on a small screen the tool bar hides its
+// end.
 QPushButton* addPdfButton(QPrintPreviewDialog& dialog) {
+  auto* bar = dialog.findChild<QToolBar*>();
+  QAction* first = bar->actions().constFirst();
+  QAction* print = bar->actions().constLast();
+  bar->insertAction(first, print);
+  if (auto* button = qobject_cast<QToolButton*>(bar->widgetForAction(print))) {
+    button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+  }
   auto* button = new QPushButton(u"保存为 PDF(&S)"_qs);
   button->setObjectName(u"cmdPdf"_qs);
   button->setAutoDefault(false);
-  auto* bar = dialog.findChild<QToolBar*>();
-  bar->insertWidget(bar->actions().constFirst(), button);
+  bar->insertWidget(first, button);
   return button;
 }
 

@@ -45,6 +45,7 @@ PrintedText::PrintedText(const QString& text, const CellStyle& style, double wid
 
 std::vector<LineRun> PrintedText::runs(double room) const {
   std::vector<double> heights;
+  heights.reserve(static_cast<std::size_t>(layout_.lineCount()));
   for (int i = 0; i < layout_.lineCount(); ++i) heights.push_back(layout_.lineAt(i).height());
   return flowLines(heights, room);
 }

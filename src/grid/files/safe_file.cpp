@@ -13,7 +13,7 @@
 namespace vellora {
 namespace {
 
-constexpr qsizetype kBufferSize = 64 * 1024;
+constexpr qsizetype kBufferSize = 65'536;
 constexpr int kAttempts = 100;
 constexpr mode_t kNewFileMode = 0666;  // less what the user's mask takes away
 

@@ -1,8 +1,9 @@
 #pragma once
 
 #include "grid/files/page_layout.h"
+#include "grid/files/print_headings.h"
 #include "grid/files/printed_text.h"
-#include "grid/files/sheet_printer.h"
+#include "grid/sheet/sheet.h"
 
 namespace vellora {
 

@@ -1,15 +1,13 @@
 #pragma once
 
 #include "grid/files/file_error.h"
+#include "grid/files/print_headings.h"
 #include "grid/sheet/workbook.h"
 
 class QPageLayout;
 class QPagedPaintDevice;
 
 namespace vellora {
-
-// What repeats on every page: the heading strip of a list, or row 0 of the board.
-enum class PrintHeadings { HeadingStrip, FirstRow };
 
 // A4 paper with the orientation and margins of the set-up.
 QPageLayout paperOf(const PageSetup& setup);

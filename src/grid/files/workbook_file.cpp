@@ -21,7 +21,7 @@ constexpr QByteArrayView kMagic("\x8BVWB\r\n\x1A\n", 8);
 constexpr QByteArrayView kVersion("\x00\x01", 2);
 constexpr qint64 kHeadSize = 10;
 constexpr qint64 kHashSize = 32;
-constexpr qint64 kPieceSize = 64 * 1024;
+constexpr qint64 kPieceSize = 65'536;
 
 FileError damaged(const QString& path) {
   return FileError(u"文件“%1”已损坏或不完整，无法读取。"_qs.arg(path));

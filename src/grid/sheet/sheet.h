@@ -1,5 +1,6 @@
 #pragma once
 
+#include "grid/sheet/cell_place.h"
 #include "grid/sheet/cell_style.h"
 
 #include <QString>
@@ -9,14 +10,6 @@
 #include <optional>
 
 namespace vellora {
-
-// Row −1 is the heading strip above row 0; row −2 means every row of a column at once, now and
-// when rows are added later.
-inline constexpr int kHeadingRow = -1;
-inline constexpr int kEveryRow = -2;
-
-inline constexpr int kMaxCols = 32'767;
-inline constexpr int kMaxRows = 1'000'000'000;
 
 class SheetContent;
 enum class CellProperty : std::size_t;

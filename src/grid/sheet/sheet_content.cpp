@@ -1,6 +1,6 @@
 #include "grid/sheet/sheet_content.h"
 
-#include "grid/sheet/sheet.h"
+#include "grid/sheet/cell_place.h"
 
 #include <algorithm>
 #include <utility>

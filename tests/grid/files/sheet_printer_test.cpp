@@ -70,6 +70,15 @@ TEST_F(PrintedSheet, ShowsEveryRowOnceWithHeadingsAndNumbersOnEachPage) {
   }
 }
 
+TEST_F(PrintedSheet, LeavesRoomForHeadingsAndPageNumbers) {
+  sheet.SetCols(1);
+  sheet.SetRows(6);
+  sheet.SetDefaultRowHeight(200);  // a page has room for 985
+  for (int row = kHeadingRow; row < 6; ++row) sheet.SetCellText(0, row, u"<%1>"_qs.arg(row));
+  print(PrintHeadings::HeadingStrip);
+  EXPECT_EQ(pages, (QStringList{u"<-1><0><1><2>第1页共2页"_qs, u"<-1><3><4><5>第2页共2页"_qs}));
+}
+
 TEST_F(PrintedSheet, WrapsTextsOfAnyLengthAndCutsNothing) {
   sheet.SetCols(3);
   sheet.SetRows(4);
