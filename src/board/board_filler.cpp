@@ -13,8 +13,8 @@ const QString& boardFace() {
 
 // One column of the first row, or nothing when there is no row.
 QString firstText(ScheduleStore& store, const QString& statement, QStringView column) {
-  auto rows = store.open(statement);
-  return rows.isEmpty() ? QString() : rows.text(column);
+  RowCursor rows = store.readOnce(statement);
+  return rows.next() ? rows.text(column) : QString();
 }
 
 void fillHeadings(Sheet& sheet, QDate first) {
@@ -29,15 +29,15 @@ void fillHeadings(Sheet& sheet, QDate first) {
   }
 }
 
-void fillPlannedCell(ScheduleStore& store, Sheet& sheet, int col, int row, Recordset& plan) {
+void fillPlannedCell(ScheduleStore& store, Sheet& sheet, int col, int row, RowCursor& plan) {
   const QString activity = plan.text(u"HDMC");
   sheet.SetCellText(col, row, activity + kLineBreak + plan.text(u"HDYQ"));
   sheet.SetCellTag(col, row, activity);
-  auto item = store.open(statements::itemNamed(activity));
-  if (item.isEmpty()) {
-    sheet.SetCellColors(col, row, kBlack, kWhite);
-  } else {
+  RowCursor item = store.readOnce(statements::itemNamed(activity));
+  if (item.next()) {
     sheet.SetCellColors(col, row, static_cast<PackedColour>(item.number(u"FRGB")), kPlanPaper);
+  } else {
+    sheet.SetCellColors(col, row, kBlack, kWhite);
   }
   sheet.SetCellAlign(col, row, kAlignCentred);
 }
@@ -72,11 +72,11 @@ WeekTexts FillWeek(ScheduleStore& store, Sheet& sheet, QDate first) {
   for (int col = 1; col < kBoardCols; ++col) {
     const QDate day = first.addDays(col - 1);
     for (int row = 1; row < sheet.Rows(); ++row) {
-      auto plan = store.open(statements::planOfBlock(day, sheet.CellTag(0, row)));
-      if (plan.isEmpty()) {
-        emptyCell(sheet, col, row);
-      } else {
+      RowCursor plan = store.readOnce(statements::planOfBlock(day, sheet.CellTag(0, row)));
+      if (plan.next()) {
         fillPlannedCell(store, sheet, col, row, plan);
+      } else {
+        emptyCell(sheet, col, row);
       }
     }
   }

@@ -1,6 +1,7 @@
 #include "grid/sheet/row_block.h"
 
 #include <algorithm>
+#include <limits>
 
 namespace vellora {
 
@@ -41,6 +42,14 @@ RowLook& RowBlock::writableLook(int index) {
   const auto position = static_cast<std::size_t>(index);
   if (position >= looks_.size()) looks_.resize(position + 1);
   return looks_[position];
+}
+
+int RowBlock::nextSized(int index) const {
+  const auto isSized = [](const RowLook& look) { return look.hidden || look.height.has_value(); };
+  if (static_cast<std::size_t>(index) >= looks_.size()) return std::numeric_limits<int>::max();
+  const auto found = std::find_if(looks_.begin() + index, looks_.end(), isSized);
+  if (found == looks_.end()) return std::numeric_limits<int>::max();
+  return static_cast<int>(found - looks_.begin());
 }
 
 void RowBlock::insert(int index, int count) {

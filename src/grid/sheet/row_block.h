@@ -26,6 +26,9 @@ class RowBlock {
 
   RowLook look(int index) const;
   RowLook& writableLook(int index);
+  // The first row from index on that is hidden or has a height; beyond every row when there is
+  // none.
+  int nextSized(int index) const;
 
   void insert(int index, int count);
   void remove(int index, int count);

@@ -82,6 +82,17 @@ int RowBlocks::nextWritten(int row) const {
   return run < runs_.size() ? std::max(row, runs_[run].first) : count_;
 }
 
+int RowBlocks::nextSized(int row) const {
+  if (row >= count_) return count_;
+  for (std::size_t run = runOf(row); run < runs_.size(); ++run) {
+    const Run& here = runs_[run];
+    if (!here.block) continue;
+    const int index = here.block->nextSized(std::max(row - here.first, 0));
+    if (index < here.rows) return here.first + index;
+  }
+  return count_;
+}
+
 void RowBlocks::restyle(int col, int firstRow, int lastRow, const Restyle& map) {
   const bool skipsEmpty = map(StyleTable::kNothingSet) == StyleTable::kNothingSet;
   for (int row = firstRow; row <= lastRow;) {

@@ -34,6 +34,8 @@ class RowBlocks {
   WritablePlace write(int row);
   // The first row from row on that was ever written; count() when there is none.
   int nextWritten(int row) const;
+  // Likewise for rows that are hidden or have a height.
+  int nextSized(int row) const;
   void restyle(int col, int firstRow, int lastRow, const Restyle& map);
 
  private:

@@ -133,6 +133,10 @@ int Sheet::NextWrittenRow(int row) const {
   return content_->blocks().nextWritten(std::max(row, 0));
 }
 
+int Sheet::NextSizedRow(int row) const {
+  return content_->blocks().nextSized(std::max(row, 0));
+}
+
 quint64 Sheet::revision() const {
   return content_->revision;
 }

@@ -95,6 +95,8 @@ class Sheet {
   // The first row from row on that may hold anything of its own; Rows() when all from there are as
   // new. Walks a sheet without visiting long empty stretches.
   int NextWrittenRow(int row) const;
+  // The first row from row on that is hidden or has a height of its own; Rows() when there is none.
+  int NextSizedRow(int row) const;
 
   // Grows with every change.
   quint64 revision() const;

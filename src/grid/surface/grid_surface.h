@@ -1,6 +1,7 @@
 #pragma once
 
 #include "grid/sheet/workbook.h"
+#include "grid/surface/grid_colours.h"
 
 #include <QTableView>
 
@@ -9,19 +10,6 @@
 class QKeyEvent;
 
 namespace vellora {
-
-// Colours of a grid that do not belong to single cells; a skin hands them over.
-struct GridColours {
-  QColor text;         // of cells without colours of their own
-  QColor paper;        // likewise their background
-  QColor headingText;  // heading strip, row numbers, frozen headings without colours
-  QColor headingPaper;
-  QColor line;
-  QColor current;  // frame of the current cell
-  QColor selectionText;
-  QColor selectionPaper;
-  QColor today;  // marks a column; see markColumn
-};
 
 // The spreadsheet that every window draws on: shows the current sheet of a workbook and offers the
 // planner's grid operations and events by their names. Programmatic changes are shown together at
@@ -118,8 +106,38 @@ class GridSurface : public QTableView {
   // Enter or Space on the current cell of a grid that is not editable.
   void CellActivated(int col, int row);
   void RowDuplicate(int row);
-  // Raised before the grid uses the key; accept the event to keep the grid from using it.
+  // Raised before the grid uses the key; accept the event to keep the grid from using it. A text
+  // being typed is in its cell by then.
   void GridKeyDown(QKeyEvent* event);
+  // The user pasted more than the sheet has room for; this many rows and columns were dropped.
+  void PasteCut(int lostRows, int lostCols);
+
+ public:
+  QRect visualRect(const QModelIndex& index) const override;
+  QModelIndex indexAt(const QPoint& point) const override;
+  void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
+
+ protected:
+  bool edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) override;
+  void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+  void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
+  void dataChanged(const QModelIndex& topLeft, const QModelIndex& bottomRight,
+                   const QList<int>& roles) override;
+  QRegion visualRegionForSelection(const QItemSelection& selection) const override;
+  int sizeHintForColumn(int column) const override;
+  int sizeHintForRow(int row) const override;
+  void scrollContentsBy(int dx, int dy) override;
+  bool viewportEvent(QEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void changeEvent(QEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
+  void timerEvent(QTimerEvent* event) override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
 
  private:
   class Parts;

@@ -1,38 +1,26 @@
 #include "grid/surface/sheet_model.h"
 
+#include "grid/surface/cell_look.h"
 #include "routine/calendar_text.h"
-
-#include <QColor>
-#include <QFont>
 
 namespace vellora {
 namespace {
 
-QColor toColour(PackedColour colour) {
-  return QColor(redOf(colour), greenOf(colour), blueOf(colour));
+// Pixel positions of views are plain ints, and they keep some bytes for each row.
+constexpr int kMostShownRows = 10'000'000;
+
+int shownRows(const Sheet& sheet) {
+  return std::min(sheet.Rows(), kMostShownRows);
 }
 
-QString toLines(QString text) {
+QString linesOf(QString text) {
   return text.replace(kLineBreak, u'\n');
 }
 
 }  // namespace
 
-SheetModel::SheetModel(Workbook& workbook, QObject* parent)
-    : QAbstractTableModel(parent), workbook_(workbook) {}
-
-void SheetModel::reconcile() {
-  const Sheet& sheet = workbook_.sheet();
-  if (rows_ != sheet.Rows() || cols_ != sheet.Cols()) {
-    beginResetModel();
-    rows_ = sheet.Rows();
-    cols_ = sheet.Cols();
-    endResetModel();
-  } else if (rows_ > 0 && cols_ > 0) {
-    emit dataChanged(index(0, 0), index(rows_ - 1, cols_ - 1));
-  }
-  if (cols_ > 0) emit headerDataChanged(Qt::Horizontal, 0, cols_ - 1);
-}
+SheetModel::SheetModel(const Workbook& book, const GridLook& look, Typed typed)
+    : book_(book), look_(look), typed_(std::move(typed)) {}
 
 int SheetModel::rowCount(const QModelIndex& parent) const {
   return parent.isValid() ? 0 : rows_;
@@ -43,44 +31,104 @@ int SheetModel::columnCount(const QModelIndex& parent) const {
 }
 
 QVariant SheetModel::data(const QModelIndex& index, int role) const {
-  const Sheet& sheet = workbook_.sheet();
-  const CellStyle& style = sheet.StyleAt(index.column(), index.row());
+  const int col = index.column();
+  const int row = index.row();
+  const CellStyle& style = sheet().StyleAt(col, row);
+  const bool isHeading = look_.isHeading(col, row);
   switch (role) {
     case Qt::DisplayRole:
     case Qt::EditRole:
-      return toLines(sheet.GetCellText(index.column(), index.row()));
+      return linesOf(sheet().GetCellText(col, row));
     case Qt::ForegroundRole:
-      return style.hasColours ? QVariant(toColour(style.textColour)) : QVariant();
+      return inkAndPaper(style, look_.colours, isHeading).ink;
     case Qt::BackgroundRole:
-      return style.hasColours ? QVariant(toColour(style.backColour)) : QVariant();
-    case Qt::TextAlignmentRole:
-      return int(style.align & kAlignCentre ? Qt::AlignHCenter : Qt::AlignLeft) |
-             int(Qt::AlignVCenter);
+      return inkAndPaper(style, look_.colours, isHeading).paper;
     case Qt::FontRole:
-      return QFont(style.font.face, style.font.size,
-                   style.font.style == kFontBold ? QFont::Bold : QFont::Normal);
+      return fontOf(style.font);
+    case Qt::TextAlignmentRole:
+      return QVariant::fromValue(alignmentOf(style.align));
     default:
       return {};
   }
 }
 
-bool SheetModel::setData(const QModelIndex& index, const QVariant& value, int role) {
-  if (role != Qt::EditRole) return false;
-  QString text = value.toString();
-  workbook_.sheet().SetCellText(index.column(), index.row(), text.replace(u'\n', kLineBreak));
-  emit dataChanged(index, index);
-  return true;
+// Frozen rows and columns serve as headings where the strip itself is empty.
+QString SheetModel::headingText(int section, Qt::Orientation orientation) const {
+  if (orientation == Qt::Vertical) {
+    return look_.frozenCols > 0 ? sheet().GetCellText(0, section) : QString::number(section + 1);
+  }
+  const QString strip = sheet().GetCellText(section, kHeadingRow);
+  return strip.isEmpty() && look_.frozenRows > 0 ? sheet().GetCellText(section, 0) : strip;
 }
 
 QVariant SheetModel::headerData(int section, Qt::Orientation orientation, int role) const {
-  if (role != Qt::DisplayRole) return {};
-  if (orientation == Qt::Vertical) return section + 1;
-  return toLines(workbook_.sheet().GetCellText(section, kHeadingRow));
+  if (role == Qt::DisplayRole) return linesOf(headingText(section, orientation));
+  if (orientation == Qt::Vertical) return {};
+  const CellStyle& style = sheet().StyleAt(section, kHeadingRow);
+  if (role == Qt::FontRole) return fontOf(style.font);
+  if (role == Qt::TextAlignmentRole) return QVariant::fromValue(alignmentOf(style.align));
+  return {};
 }
 
 Qt::ItemFlags SheetModel::flags(const QModelIndex& index) const {
   const Qt::ItemFlags flags = QAbstractTableModel::flags(index);
-  return editable_ ? flags | Qt::ItemIsEditable : flags;
+  return look_.isEditable && index.isValid() ? flags | Qt::ItemIsEditable : flags;
+}
+
+bool SheetModel::setData(const QModelIndex& index, const QVariant& value, int role) {
+  if (role != Qt::EditRole || !flags(index).testFlag(Qt::ItemIsEditable)) return false;
+  QString text = value.toString();
+  text.replace(u"\r\n"_qs, u"\n"_qs).replace(u'\n', kLineBreak);
+  typed_(index.column(), index.row(), text);
+  return true;
+}
+
+void SheetModel::sync() {
+  syncCols(sheet().Cols());
+  syncRows(shownRows(sheet()));
+}
+
+void SheetModel::syncRows(int rows) {
+  if (rows > rows_) {
+    beginInsertRows({}, rows_, rows - 1);
+    rows_ = rows;
+    endInsertRows();
+  } else if (rows < rows_) {
+    beginRemoveRows({}, rows, rows_ - 1);
+    rows_ = rows;
+    endRemoveRows();
+  }
+}
+
+void SheetModel::syncCols(int cols) {
+  if (cols > cols_) {
+    beginInsertColumns({}, cols_, cols - 1);
+    cols_ = cols;
+    endInsertColumns();
+  } else if (cols < cols_) {
+    beginRemoveColumns({}, cols, cols_ - 1);
+    cols_ = cols;
+    endRemoveColumns();
+  }
+}
+
+void SheetModel::announceInserted(int row, int count) {
+  if (row > rows_ || rows_ + count != shownRows(sheet())) return sync();
+  beginInsertRows({}, row, row + count - 1);
+  rows_ += count;
+  endInsertRows();
+}
+
+void SheetModel::announceRemoved(int row, int count) {
+  if (row + count > rows_ || rows_ - count != shownRows(sheet())) return sync();
+  beginRemoveRows({}, row, row + count - 1);
+  rows_ -= count;
+  endRemoveRows();
+}
+
+void SheetModel::announceChanged() {
+  if (rows_ > 0 && cols_ > 0) emit dataChanged(index(0, 0), index(rows_ - 1, cols_ - 1));
+  if (cols_ > 0) emit headerDataChanged(Qt::Horizontal, 0, cols_ - 1);
 }
 
 }  // namespace vellora

@@ -1,34 +1,51 @@
 #pragma once
 
 #include "grid/sheet/workbook.h"
+#include "grid/surface/grid_colours.h"
 
 #include <QAbstractTableModel>
 
+#include <functional>
+
 namespace vellora {
 
-// The current sheet of a workbook as a table model. The sheet may run ahead of the model; it is
-// caught up with by reconcile().
-class SheetModel : public QAbstractTableModel {
+// Views, editors and assistive tools read a workbook's current sheet through this. The sheet may
+// run ahead of what the views were told: reading is always safe, and sync() tells them.
+class SheetModel final : public QAbstractTableModel {
   Q_OBJECT
 
  public:
-  explicit SheetModel(Workbook& workbook, QObject* parent = nullptr);
+  // Called with a text that the user entered, its lines separated by character 13.
+  using Typed = std::function<void(int col, int row, const QString& text)>;
 
-  void reconcile();
-  void setEditable(bool on) { editable_ = on; }
+  SheetModel(const Workbook& book, const GridLook& look, Typed typed);
 
   int rowCount(const QModelIndex& parent = {}) const override;
   int columnCount(const QModelIndex& parent = {}) const override;
   QVariant data(const QModelIndex& index, int role) const override;
-  bool setData(const QModelIndex& index, const QVariant& value, int role) override;
   QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
   Qt::ItemFlags flags(const QModelIndex& index) const override;
+  bool setData(const QModelIndex& index, const QVariant& value, int role) override;
+
+  // Tells the views of rows and columns that came or went at the end.
+  void sync();
+  // Tells of rows that the sheet has just got or lost there; until then model and sheet agreed.
+  void announceInserted(int row, int count);
+  void announceRemoved(int row, int count);
+  // Tells that any text or look may have changed.
+  void announceChanged();
 
  private:
-  Workbook& workbook_;
+  const Sheet& sheet() const { return book_.sheet(); }
+  QString headingText(int section, Qt::Orientation orientation) const;
+  void syncRows(int rows);
+  void syncCols(int cols);
+
+  const Workbook& book_;
+  const GridLook& look_;
+  Typed typed_;
   int rows_ = 0;
   int cols_ = 0;
-  bool editable_ = true;
 };
 
 }  // namespace vellora

@@ -1,0 +1,80 @@
+// The keyboard of a GridSurface.
+
+#include "grid/surface/cell_editor.h"
+#include "grid/surface/grid_surface_parts.h"
+#include "grid/surface/key_moves.h"
+
+#include <QKeyEvent>
+
+namespace vellora {
+namespace {
+
+bool isTyped(const QKeyEvent& event) {
+  const bool isCommand =
+      event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
+  return !isCommand && !event.text().isEmpty() && event.text().at(0).isPrint();
+}
+
+bool isEnter(int key) {
+  return key == Qt::Key_Return || key == Qt::Key_Enter;
+}
+
+}  // namespace
+
+void GridSurface::keyPressEvent(QKeyEvent* event) {
+  parts_->keepTypedText();
+  event->ignore();
+  parts_->edits.raise([this, event] { emit GridKeyDown(event); });
+  if (event->isAccepted()) return;
+  const bool isUsed =
+      parts_->useCommandKey(*event) || parts_->useEditKey(*event) || parts_->useMoveKey(*event);
+  event->setAccepted(isUsed);
+}
+
+bool GridSurface::Parts::useMoveKey(const QKeyEvent& event) {
+  return !event.modifiers().testFlag(Qt::AltModifier) && moveBy(event.key(), event.modifiers());
+}
+
+bool GridSurface::Parts::moveBy(int key, Qt::KeyboardModifiers modifiers) {
+  sync();
+  const bool selects = modifiers.testFlag(Qt::ShiftModifier) && selectsWithShift(key);
+  CellPlace from = selects ? movingCorner() : current();
+  if (from.isNone()) from = {0, 0};
+  const auto target = targetOf(key, modifiers, from, book.sheet(), rowsPerPage());
+  if (!target) return false;
+  if (selects && !current().isNone()) {
+    extendSelection(*target);
+  } else {
+    makeCurrent(current().isNone() ? from : *target);
+  }
+  return true;
+}
+
+// F2 opens a cell, typing replaces it; where nothing can be typed, Enter and Space pick the cell.
+bool GridSurface::Parts::useEditKey(QKeyEvent& event) {
+  const CellPlace cell = current();
+  if (cell.isNone()) return false;
+  if (!look.isEditable) {
+    if (!isEnter(event.key()) && event.key() != Qt::Key_Space) return false;
+    edits.raise([&] { emit grid.CellActivated(cell.col, cell.row); });
+    return true;
+  }
+  if (event.key() == Qt::Key_F2) {
+    const bool isOpen = grid.edit(grid.currentIndex(), AllEditTriggers, nullptr);
+    if (auto* editor = grid.viewport()->findChild<CellEditor*>()) editor->putCursorAtEnd();
+    return isOpen;
+  }
+  return isTyped(event) && grid.edit(grid.currentIndex(), AnyKeyPressed, &event);
+}
+
+bool GridSurface::edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) {
+  const bool opens = index.isValid() && parts_->look.isEditable && !parts_->isEditing() &&
+                     (trigger == AllEditTriggers || trigger == AnyKeyPressed);
+  if (!opens) return QTableView::edit(index, trigger, event);
+  const CellPlace cell = placeOf(index);
+  parts_->edits.raise([&] { emit CellEditStart(cell.col, cell.row); });
+  parts_->sync();
+  return QTableView::edit(parts_->indexOf(cell), trigger, event);
+}
+
+}  // namespace vellora

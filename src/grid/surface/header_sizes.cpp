@@ -1,0 +1,101 @@
+#include "grid/surface/header_sizes.h"
+
+#include "grid/surface/cell_look.h"
+
+#include <QFontMetrics>
+#include <QHeaderView>
+#include <QScopedValueRollback>
+#include <QTableView>
+
+namespace vellora {
+namespace {
+
+constexpr int kDefaultWidth = 80;
+constexpr int kLeastSharedWidth = 56;
+constexpr int kRowMargin = 3;  // pixels: grid line and a little air
+
+}  // namespace
+
+HeaderSizes::HeaderSizes(QTableView& view) : view_(view) {
+  listen(view.horizontalHeader(), &HeaderSizes::columnDragged);
+  listen(view.verticalHeader(), &HeaderSizes::rowDragged);
+}
+
+void HeaderSizes::listen(QHeaderView* header, void (HeaderSizes::*dragged)(int, int)) {
+  header->setMinimumSectionSize(1);
+  connect(header, &QHeaderView::sectionResized, this,
+          [this, header, dragged](int section, int, int size) {
+            if (!isApplying_ && !header->isSectionHidden(section))
+              emit(this->*dragged)(section, size);
+          });
+}
+
+void HeaderSizes::apply(const Sheet& sheet) {
+  const QScopedValueRollback applying(isApplying_, true);
+  applyHeights(sheet);
+  applyWidths(sheet);
+}
+
+void HeaderSizes::applyHeights(const Sheet& sheet) {
+  lowestRow_ = QFontMetrics(fontOf(sheet.DefaultFont())).height() + kRowMargin;
+  QHeaderView& header = *view_.verticalHeader();
+  const int height = std::max(sheet.DefaultRowHeight(), lowestRow_);
+  if (header.defaultSectionSize() != height) {
+    header.setDefaultSectionSize(height);
+    shown_.clear();
+  }
+  std::map<int, RowLook> looks = ownLooks(sheet);
+  for (const auto& [row, look] : shown_) {
+    if (!looks.contains(row)) show(row, {height, false});
+  }
+  for (const auto& [row, look] : looks) show(row, look);
+  shown_ = std::move(looks);
+}
+
+std::map<int, HeaderSizes::RowLook> HeaderSizes::ownLooks(const Sheet& sheet) const {
+  std::map<int, RowLook> looks;
+  const int rows = std::min(sheet.Rows(), view_.verticalHeader()->count());
+  const int usual = view_.verticalHeader()->defaultSectionSize();
+  for (int row = sheet.NextSizedRow(0); row < rows; row = sheet.NextSizedRow(row + 1)) {
+    const int height = std::max(sheet.RowHeight(row).value_or(usual), lowestRow_);
+    looks[row] = {height, sheet.IsRowHidden(row)};
+  }
+  return looks;
+}
+
+void HeaderSizes::show(int row, const RowLook& look) {
+  QHeaderView& header = *view_.verticalHeader();
+  if (row >= header.count()) return;
+  if (header.isSectionHidden(row) != look.hidden) header.setSectionHidden(row, look.hidden);
+  if (!look.hidden && header.sectionSize(row) != look.height) {
+    header.resizeSection(row, look.height);
+  }
+}
+
+void HeaderSizes::applyWidths(const Sheet& sheet) {
+  const QScopedValueRollback applying(isApplying_, true);
+  QHeaderView& header = *view_.horizontalHeader();
+  int remainder = 0;
+  const int shared = sharedWidth(sheet, &remainder);
+  for (int col = 0; col < header.count(); ++col) {
+    int width = sheet.ColumnWidth(col).value_or(0);
+    if (!sheet.ColumnWidth(col)) width = shared + (remainder-- > 0 ? 1 : 0);
+    if (header.sectionSize(col) != width) header.resizeSection(col, width);
+  }
+}
+
+int HeaderSizes::sharedWidth(const Sheet& sheet, int* remainder) const {
+  if (!sharesWidth_) return kDefaultWidth;
+  int room = view_.viewport()->width();
+  int sharers = 0;
+  for (int col = 0; col < view_.horizontalHeader()->count(); ++col) {
+    const std::optional<int> own = sheet.ColumnWidth(col);
+    if (own) room -= *own;
+    sharers += own ? 0 : 1;
+  }
+  if (sharers == 0 || room / sharers < kLeastSharedWidth) return kLeastSharedWidth;
+  *remainder = room % sharers;
+  return room / sharers;
+}
+
+}  // namespace vellora

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "grid/sheet/sheet.h"
+
+#include <QObject>
+
+#include <map>
+
+class QHeaderView;
+class QTableView;
+
+namespace vellora {
+
+// Carries sizes between a sheet and the view's headers: the sheet's sizes to the headers, and what
+// the user drags back to the sheet. Cost grows with the rows that have a height of their own, not
+// with all rows.
+class HeaderSizes : public QObject {
+  Q_OBJECT
+
+ public:
+  explicit HeaderSizes(QTableView& view);
+
+  void setSharesWidth(bool on) { sharesWidth_ = on; }
+  // Makes rows and columns as large as the sheet says, at least one line of text high.
+  void apply(const Sheet& sheet);
+  void applyWidths(const Sheet& sheet);
+
+ signals:
+  // The user made a row or column this large, in pixels.
+  void columnDragged(int col, int width);
+  void rowDragged(int row, int height);
+
+ private:
+  struct RowLook {
+    int height;
+    bool hidden;
+    friend bool operator==(const RowLook&, const RowLook&) = default;
+  };
+  std::map<int, RowLook> ownLooks(const Sheet& sheet) const;
+  void applyHeights(const Sheet& sheet);
+  void show(int row, const RowLook& look);
+  int sharedWidth(const Sheet& sheet, int* remainder) const;
+  void listen(QHeaderView* header, void (HeaderSizes::*dragged)(int, int));
+
+  QTableView& view_;
+  bool sharesWidth_ = false;
+  bool isApplying_ = false;
+  int lowestRow_ = 1;
+  std::map<int, RowLook> shown_;  // rows that differ from the default
+};
+
+}  // namespace vellora

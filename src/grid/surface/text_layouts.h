@@ -1,0 +1,74 @@
+#pragma once
+
+#include "grid/sheet/cell_style.h"
+
+#include <QCache>
+#include <QFont>
+#include <QGlyphRun>
+#include <QString>
+
+#include <vector>
+
+class QPainter;
+class QTextLayout;
+
+namespace vellora {
+
+// A text as it is drawn: glyphs placed from the top left of its room.
+struct LaidOutText {
+  QList<QGlyphRun> runs;
+  int height = 0;      // pixels
+  bool isCut = false;  // an ellipsis stands for what did not fit
+};
+
+// Lays each text out once and keeps it for the next painting; laying out costs far more than
+// drawing. Bounded: what was not drawn for long goes first.
+class TextLayouts {
+ public:
+  // A font's number, for requests.
+  int numberOf(const CellFont& font);
+  int lineHeight(int font) const { return fonts_[static_cast<std::size_t>(font)].lineHeight; }
+  const QFont& font(int number) const { return fonts_[static_cast<std::size_t>(number)].font; }
+
+  struct Request {
+    QString text;  // lines separated by character 13
+    int font = 0;
+    int width = 0;   // pixels
+    int height = 0;  // pixels; at least one line is laid out
+    Qt::Alignment align;
+    bool wraps = false;
+  };
+  // Valid until the next call.
+  const LaidOutText& layOut(const Request& request);
+  // Width of the widest line, in pixels.
+  int naturalWidth(const QString& text, int font) const;
+  int lineCount(const Request& request) const;
+  // When fonts or the screen changed.
+  void clear();
+
+ private:
+  struct Font {
+    CellFont asked;
+    QFont font;
+    int lineHeight;
+  };
+  struct Key {
+    QString text;
+    int font;
+    int width;
+    int lines;
+    int shape;  // horizontal alignment and wrapping
+    friend bool operator==(const Key&, const Key&) = default;
+    friend std::size_t qHash(const Key& key, std::size_t seed) {
+      return qHashMulti(seed, key.text, key.font, key.width, key.lines, key.shape);
+    }
+  };
+
+  std::vector<Font> fonts_;
+  QCache<Key, LaidOutText> texts_{4096};
+};
+
+// Draws a text at its vertical place in the room, in the painter's pen.
+void drawText(QPainter& painter, const LaidOutText& text, const QRect& room, Qt::Alignment align);
+
+}  // namespace vellora
