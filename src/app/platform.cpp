@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QFont>
+#include <QIcon>
 #include <QLibraryInfo>
 #include <QLocale>
 #include <QTranslator>
@@ -27,6 +28,14 @@ void translateQt(QApplication& application) {
   }
 }
 
+QIcon windowIcon() {
+  QIcon icon;
+  for (const int size : {16, 32, 48, 128}) {
+    icon.addFile(u":/vellora/icon-%1.png"_qs.arg(size), QSize(size, size));
+  }
+  return icon;
+}
+
 }  // namespace
 
 void setUpPlatform(QApplication& application) {
@@ -36,6 +45,8 @@ void setUpPlatform(QApplication& application) {
   substituteFaces();
   // A Chinese face of its own spares every text the search for fallback faces.
   QApplication::setFont(QFont(u"黑体"_qs, 9));
+  QApplication::setWindowIcon(windowIcon());
+  QGuiApplication::setDesktopFileName(u"vellora"_qs);
   translateQt(application);
 }
 
