@@ -135,6 +135,15 @@ void compareRestores(SideBySide& table) {
   table.compare("adding 20,000 entries", ours, bare, 7);
 }
 
+// Opening must not depend on how much is planned: the schedule with a million entries stands in the
+// column "ours", an empty one in the column "raw".
+void compareOpenings(SideBySide& table, const test::ScheduleBuilder& full) {
+  const test::ScheduleBuilder empty;
+  table.compare(
+      "opening with 1,000,000 entries | with none", [&] { const ScheduleStore store(full.path()); },
+      [&] { const ScheduleStore store(empty.path()); }, 51);
+}
+
 void compareFills(SideBySide& table, const char* what, qint64 days) {
   test::ScheduleBuilder builder;
   builder.fullDay(kBlocks).items(kActivities).fullPlan(kFirstDay, days, kBlocks, kActivities);
@@ -149,6 +158,7 @@ void compareFills(SideBySide& table, const char* what, qint64 days) {
   compareSums(table, builder, "minutes by activity, 1,000,000 entries",
               statements::minutesByActivity, kRawByActivity);
   comparePasses(table, builder);
+  compareOpenings(table, builder);
 }
 
 }  // namespace

@@ -1,11 +1,12 @@
 #include "app/splash_window.h"
 
+#include "grid/files/installed_face.h"
 #include "shell/skin.h"
 
 #include <QFrame>
 #include <QGridLayout>
-#include <QIcon>
 #include <QLabel>
+#include <QPixmap>
 
 namespace vellora {
 namespace {
@@ -14,13 +15,18 @@ constexpr int kIconSize = 96;  // pixels at 100 %
 
 QLabel* makeTitle(QWidget* parent) {
   auto* title = new QLabel(u"Vellora日程表"_qs, parent);
-  title->setFont(QFont(u"黑体"_qs, 26));
+  title->setFont(QFont(installedFace(u"黑体"_qs), 26));
   return title;
 }
 
 QLabel* makeIcon(QWidget* parent) {
   auto* icon = new QLabel(parent);
-  icon->setPixmap(QIcon(u":/vellora/icon-128.png"_qs).pixmap(kIconSize, kIconSize));
+  // A picture of one size, read as what it is: QIcon would load every image plug-in to find out.
+  const QPixmap whole(u":/vellora/vellora-256.png"_qs, "PNG");
+  const double scale = icon->devicePixelRatioF();
+  QPixmap picture = whole.scaledToHeight(qRound(kIconSize * scale), Qt::SmoothTransformation);
+  picture.setDevicePixelRatio(scale);
+  icon->setPixmap(picture);
   return icon;
 }
 

@@ -42,7 +42,7 @@ SQLite::Database openedDatabase(const QString& path, std::chrono::milliseconds p
 
 bool lacksLeaveToWrite(sqlite3* connection, const QString& path) {
   return sqlite3_db_readonly(connection, "main") == 1 ||
-         !QFileInfo(QFileInfo(path).absolutePath()).isWritable();
+         !QFileInfo(QFileInfo(path).canonicalPath()).isWritable();
 }
 
 }  // namespace

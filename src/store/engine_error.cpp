@@ -20,7 +20,6 @@ constexpr std::array kMeanings{
     CodeMeaning{SQLITE_READONLY_ROLLBACK, StoreFault::ReadOnly,
                 u"上一次保存没有完成，需要恢复，但日程文件或它所在的文件夹不允许写入。"},
     CodeMeaning{SQLITE_IOERR_NOMEM, StoreFault::Other, u"内存不足，不能完成这个操作。"},
-    CodeMeaning{SQLITE_CONSTRAINT_NOTNULL, StoreFault::Other, u"有一列不能为空，没有保存。"},
     CodeMeaning{SQLITE_BUSY, StoreFault::Busy, kBusy},
     CodeMeaning{SQLITE_LOCKED, StoreFault::Busy, kBusy},
     CodeMeaning{SQLITE_READONLY, StoreFault::ReadOnly, kReadOnly},
@@ -74,6 +73,10 @@ StoreError statementError(const QString& message) {
 
 StoreError engineError(int code, const QString& message) {
   if (code == SQLITE_ERROR) return statementError(message);
+  if (code == SQLITE_CONSTRAINT_NOTNULL) {
+    const QString column = message.section(u'.', -1);
+    return {StoreFault::Other, u"列“%1”不能为空，没有保存。"_qs.arg(column)};
+  }
   if (const CodeMeaning* meaning = meaningOf(code)) {
     return {meaning->fault, QString::fromUtf16(meaning->description)};
   }

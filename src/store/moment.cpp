@@ -16,6 +16,11 @@ QString narrowed(QStringView text) {
   return narrow;
 }
 
+template <typename Part>
+std::optional<Part> validOrNone(Part part) {
+  return part.isValid() ? std::optional<Part>(part) : std::nullopt;
+}
+
 // Walks a text from left to right. Every reader either takes its whole piece or gives none; after
 // that the place in the text means nothing any more.
 class MomentScanner {
@@ -33,8 +38,7 @@ class MomentScanner {
     if (!month || !isDateMark(mark) || !skip(chinese ? u'月' : mark)) return {};
     const std::optional<int> day = number(1, 2);
     if (!day || (chinese && !skip(u'日'))) return {};
-    const QDate date(*year, *month, *day);
-    return date.isValid() ? std::optional(date) : std::nullopt;
+    return validOrNone(QDate(*year, *month, *day));
   }
 
   std::optional<QTime> time() {
@@ -44,8 +48,7 @@ class MomentScanner {
     const bool hasSeconds = skip(u':');
     const std::optional<int> second = hasSeconds ? number(1, 2) : 0;
     if (!minute || !second) return {};
-    const QTime time(*hour, *minute, *second);
-    return time.isValid() ? std::optional(time) : std::nullopt;
+    return validOrNone(QTime(*hour, *minute, *second));
   }
 
   void skipBlanks() { rest_ = rest_.trimmed(); }
@@ -127,7 +130,7 @@ bool isStoredDate(QStringView text) {
 }
 
 QString storedText(const Moment& moment) {
-  const QString date = isoDate(moment.date);
+  QString date = isoDate(moment.date);
   if (!moment.time.isValid()) return date;
   const QString time = moment.time.toString(u"HH:mm:ss");
   return date.isEmpty() ? time : QString(date + u' ' + time);

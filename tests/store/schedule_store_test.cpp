@@ -4,6 +4,7 @@
 #include "store/statements.h"
 #include "store/store_error.h"
 #include "support/schedule_builder.h"
+#include "support/store_fault.h"
 #include "support/text_output.h"
 
 #include <gtest/gtest.h>
@@ -11,6 +12,8 @@
 namespace vellora {
 namespace {
 
+using test::descriptionOf;
+using test::faultOf;
 using test::ScheduleBuilder;
 
 const QDate kDay(2007, 3, 5);
@@ -139,6 +142,26 @@ TEST(ScheduleStore, CopesWithNumberedRows) {
   EXPECT_EQ(stored.text(u"MM"), u"第一周"_qs);
   stored.moveNext();
   EXPECT_EQ(stored.text(u"MM"), u"改名"_qs);
+}
+
+TEST(ScheduleStore, NamesTheColumnThatAStricterScheduleWantsFilled) {
+  ScheduleBuilder builder;
+  builder.sql(u"DROP TABLE JM"_qs).sql(u"CREATE TABLE JM (jm VARCHAR(255) NOT NULL)"_qs);
+  ScheduleStore store(builder.path());
+  Recordset skin = store.open(statements::skinSetting());
+  skin.addNew();
+  skin.set(u"jm", QVariant());
+  EXPECT_EQ(descriptionOf([&] { skin.update(); }), u"列“jm”不能为空，没有保存。"_qs);
+}
+
+TEST(ScheduleStore, NoticesThatATableWasRebuiltUnderIt) {
+  ScheduleBuilder builder;
+  ScheduleStore store(builder.path());
+  builder.weekName(kDay, kDay, u"周"_qs);
+  EXPECT_EQ(store.open(statements::allWeekNames()).count(), 1);
+  builder.sql(u"ALTER TABLE MM ADD COLUMN note"_qs);
+  EXPECT_EQ(faultOf([&] { store.open(statements::allWeekNames()).count(); }), StoreFault::Other);
+  EXPECT_EQ(faultOf([&] { store.readOnce(statements::allWeekNames()).next(); }), StoreFault::Other);
 }
 
 }  // namespace

@@ -5,6 +5,9 @@
 #include "support/store_fault.h"
 #include "support/text_output.h"
 
+#include <QFile>
+#include <QFileInfo>
+
 #include <gtest/gtest.h>
 #include <sqlite3.h>
 
@@ -70,6 +73,34 @@ TEST(Transaction, AWriteThatFailsAnywhereLeavesTheOldTable) {
     }
     EXPECT_GT(writes, 5) << "the save writes several pages";
   }
+}
+
+TEST(Transaction, ASaveThatWasKilledIsUndoneWhenTheScheduleIsOpenedNext) {
+  int unfinished = 0;
+  for (int writes = 0; writes < 60; writes += 3) {
+    ScheduleBuilder builder;
+    builder.fullDay(40);
+    const QString left = builder.folder() + u"/left.mdb";
+    FailingDisk disk;
+    {
+      ScheduleStore store(builder.path());
+      disk.failWritesAfter(writes, SQLITE_IOERR_WRITE);
+      faultOf([&] { replaceBlocks(store, 400); });
+      // What the disk holds at this moment is what a killed program leaves behind.
+      ASSERT_TRUE(QFile::copy(builder.path(), left));
+      QFile::copy(builder.path() + u"-journal", left + u"-journal");
+    }
+    if (QFileInfo(left + u"-journal").size() <= 0) continue;
+    ++unfinished;
+    disk.repair();
+    disk.makeReadOnly();
+    const auto opening = faultOf([&] { const ScheduleStore store(left); });
+    EXPECT_EQ(opening.value_or(StoreFault::ReadOnly), StoreFault::ReadOnly) << writes;
+    disk.repair();
+    ScheduleStore store(left);
+    EXPECT_EQ(store.open(statements::allBlocks()).count(), 40) << "after " << writes << " writes";
+  }
+  EXPECT_GT(unfinished, 3);
 }
 
 TEST(Transaction, TwoProgramsWaitForEachOtherAndNeitherLosesItsSave) {

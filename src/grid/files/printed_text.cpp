@@ -1,5 +1,6 @@
 #include "grid/files/printed_text.h"
 
+#include "grid/files/installed_face.h"
 #include "routine/calendar_text.h"
 
 #include <QTextOption>
@@ -21,7 +22,7 @@ Qt::Alignment horizontal(int flags) {
 }  // namespace
 
 QFont printedFont(const CellFont& font) {
-  QFont printed(font.face);
+  QFont printed(installedFace(font.face));
   printed.setPointSize(font.size);
   printed.setBold(font.style == kFontBold);
   return printed;

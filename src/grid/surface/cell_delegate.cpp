@@ -28,7 +28,7 @@ QWidget* CellDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&
 
 void CellDelegate::leave(QWidget* editor, int key, Qt::KeyboardModifiers modifiers) {
   emit commitData(editor);
-  emit closeEditor(editor, NoHint);
+  close(editor, NoHint);
   emit left(key, modifiers);
 }
 
@@ -50,13 +50,18 @@ void CellDelegate::updateEditorGeometry(QWidget* editor, const QStyleOptionViewI
   static_cast<CellEditor*>(editor)->setCell(option.rect);
 }
 
+// Losing the focus on the way out would commit a second time.
+void CellDelegate::close(QWidget* editor, EndEditHint hint) {
+  editor->removeEventFilter(this);
+  emit closeEditor(editor, hint);
+}
+
 // Of the keys, only Escape is the delegate's; the editor knows what to do with Enter and Tab.
 bool CellDelegate::eventFilter(QObject* object, QEvent* event) {
-  if (event->type() == QEvent::KeyPress &&
-      static_cast<QKeyEvent*>(event)->key() != Qt::Key_Escape) {
-    return false;
-  }
-  return QStyledItemDelegate::eventFilter(object, event);
+  if (event->type() != QEvent::KeyPress) return QStyledItemDelegate::eventFilter(object, event);
+  if (static_cast<QKeyEvent*>(event)->key() != Qt::Key_Escape) return false;
+  close(static_cast<QWidget*>(object), RevertModelCache);
+  return true;
 }
 
 }  // namespace vellora

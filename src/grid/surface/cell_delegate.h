@@ -27,6 +27,7 @@ class CellDelegate final : public QStyledItemDelegate {
   void left(int key, Qt::KeyboardModifiers modifiers);
 
  private:
+  void close(QWidget* editor, EndEditHint hint);
   void leave(QWidget* editor, int key, Qt::KeyboardModifiers modifiers);
 
   const GridLook& look_;

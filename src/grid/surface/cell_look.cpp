@@ -1,5 +1,7 @@
 #include "grid/surface/cell_look.h"
 
+#include "grid/files/installed_face.h"
+
 namespace vellora {
 
 QColor colourOf(PackedColour colour) {
@@ -7,7 +9,7 @@ QColor colourOf(PackedColour colour) {
 }
 
 QFont fontOf(const CellFont& font) {
-  QFont result(font.face);
+  QFont result(installedFace(font.face));
   result.setPointSize(std::max(font.size, 1));
   result.setBold(font.style == kFontBold);
   return result;

@@ -28,14 +28,21 @@ Qt::CursorShape EdgeDrag::cursorAt(QPoint point) const {
 
 bool EdgeDrag::begin(QPoint point) {
   edge_ = edgeAt(point);
+  if (isActive()) grip_ = spanOf(edge_).end() - pixelOf(point);
   return isActive();
 }
 
 void EdgeDrag::move(QPoint point) {
-  const bool isCol = edge_.header == &colHeader_;
-  const int start = (isCol ? cols_ : rows_).spanOf(edge_.section).start;
-  const int size = (isCol ? point.x() : point.y()) - start;
+  const int size = pixelOf(point) + grip_ - spanOf(edge_).start;
   edge_.header->resizeSection(edge_.section, std::max(size, kLeastSize));
+}
+
+int EdgeDrag::pixelOf(QPoint point) const {
+  return edge_.header == &colHeader_ ? point.x() : point.y();
+}
+
+Span EdgeDrag::spanOf(const Edge& edge) const {
+  return (edge.header == &colHeader_ ? cols_ : rows_).spanOf(edge.section);
 }
 
 }  // namespace vellora

@@ -34,7 +34,11 @@ class EdgeDrag {
   QHeaderView& rowHeader_;
   const FrozenAxis& cols_;
   const FrozenAxis& rows_;
+  int pixelOf(QPoint point) const;
+  Span spanOf(const Edge& edge) const;
+
   Edge edge_;
+  int grip_ = 0;  // from the mouse to the edge
 };
 
 }  // namespace vellora

@@ -61,7 +61,7 @@ bool GridSurface::Parts::useEditKey(QKeyEvent& event) {
   }
   if (event.key() == Qt::Key_F2) {
     const bool isOpen = grid.edit(grid.currentIndex(), AllEditTriggers, nullptr);
-    if (auto* editor = grid.viewport()->findChild<CellEditor*>()) editor->putCursorAtEnd();
+    if (isOpen) editor()->putCursorAtEnd();
     return isOpen;
   }
   return isTyped(event) && grid.edit(grid.currentIndex(), AnyKeyPressed, &event);

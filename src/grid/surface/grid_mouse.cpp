@@ -76,7 +76,7 @@ void GridSurface::mouseDoubleClickEvent(QMouseEvent* event) {
   }
   const QModelIndex index = indexAt(point);
   if (!index.isValid() || !edit(index, AllEditTriggers, nullptr)) return;
-  if (auto* editor = viewport()->findChild<CellEditor*>()) editor->putCursorAtEnd();
+  parts_->editor()->putCursorAtEnd();
 }
 
 // Scrolls on while the user holds the mouse beyond the edge.

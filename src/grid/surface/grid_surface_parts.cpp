@@ -89,6 +89,7 @@ void GridSurface::Parts::entered(int previousRow, int row) {
 
 void GridSurface::Parts::showChanges() {
   later.stop();
+  sizes.applyDefaultHeight(book.sheet());
   sync();
   sizes.apply(book.sheet());
   if (shownRevision == book.sheet().revision()) return;
@@ -136,9 +137,12 @@ int GridSurface::Parts::rowsPerPage() const {
   return std::max(1, room / std::max(1, grid.verticalHeader()->defaultSectionSize()) - 1);
 }
 
+CellEditor* GridSurface::Parts::editor() const {
+  return qobject_cast<CellEditor*>(grid.indexWidget(grid.currentIndex()));
+}
+
 void GridSurface::Parts::keepTypedText() {
-  if (!isEditing()) return;
-  if (auto* editor = grid.viewport()->findChild<CellEditor*>()) grid.commitData(editor);
+  if (CellEditor* open = editor()) grid.commitData(open);
 }
 
 void GridSurface::Parts::edited(const QString& name, const std::function<void(Sheet&)>& change) {

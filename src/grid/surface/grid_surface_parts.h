@@ -15,6 +15,8 @@
 
 namespace vellora {
 
+class CellEditor;
+
 // What a GridSurface consists of, and the steps that several of its events share.
 class GridSurface::Parts {
  public:
@@ -48,6 +50,8 @@ class GridSurface::Parts {
   }
 
   bool isEditing() const { return grid.state() == EditingState; }
+  // Null while no cell is being typed into.
+  CellEditor* editor() const;
   void keepTypedText();
   void edited(const QString& name, const std::function<void(Sheet&)>& change);
   void undo();

@@ -32,18 +32,23 @@ void HeaderSizes::listen(QHeaderView* header, void (HeaderSizes::*dragged)(int, 
 
 void HeaderSizes::apply(const Sheet& sheet) {
   const QScopedValueRollback applying(isApplying_, true);
+  applyDefaultHeight(sheet);
   applyHeights(sheet);
   applyWidths(sheet);
 }
 
-void HeaderSizes::applyHeights(const Sheet& sheet) {
+void HeaderSizes::applyDefaultHeight(const Sheet& sheet) {
+  const QScopedValueRollback applying(isApplying_, true);
   lowestRow_ = QFontMetrics(fontOf(sheet.DefaultFont())).height() + kRowMargin;
   QHeaderView& header = *view_.verticalHeader();
   const int height = std::max(sheet.DefaultRowHeight(), lowestRow_);
-  if (header.defaultSectionSize() != height) {
-    header.setDefaultSectionSize(height);
-    shown_.clear();
-  }
+  if (header.defaultSectionSize() == height) return;
+  header.setDefaultSectionSize(height);
+  shown_.clear();
+}
+
+void HeaderSizes::applyHeights(const Sheet& sheet) {
+  const int height = view_.verticalHeader()->defaultSectionSize();
   std::map<int, RowLook> looks = ownLooks(sheet);
   for (const auto& [row, look] : shown_) {
     if (!looks.contains(row)) show(row, {height, false});

@@ -24,6 +24,8 @@ class HeaderSizes : public QObject {
   // Makes rows and columns as large as the sheet says, at least one line of text high.
   void apply(const Sheet& sheet);
   void applyWidths(const Sheet& sheet);
+  // Costs nothing before the view knows of its rows, and touches each of them afterwards.
+  void applyDefaultHeight(const Sheet& sheet);
 
  signals:
   // The user made a row or column this large, in pixels.

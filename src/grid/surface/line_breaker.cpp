@@ -23,7 +23,7 @@ QString shownLine(const QTextLayout& layout, int number, const TextRoom& room) {
   if (!isLast && room.wraps)
     return text.mid(line.textStart(), line.textLength()).remove(QChar::LineSeparator);
   const QString rest = restOfLine(text, line.textStart());
-  const QString elided = metrics.elidedText(rest, Qt::ElideRight, room.width);
+  QString elided = metrics.elidedText(rest, Qt::ElideRight, room.width);
   if (!isLast || elided != rest) return elided;
   return metrics.elidedText(rest + kEllipsis, Qt::ElideRight, room.width);
 }

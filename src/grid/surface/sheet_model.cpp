@@ -88,8 +88,13 @@ void SheetModel::sync() {
   syncRows(shownRows(sheet()));
 }
 
+// Headers take in a whole sheet several times faster by a reset than row by row.
 void SheetModel::syncRows(int rows) {
-  if (rows > rows_) {
+  if (rows_ == 0 && rows > 0) {
+    beginResetModel();
+    rows_ = rows;
+    endResetModel();
+  } else if (rows > rows_) {
     beginInsertRows({}, rows_, rows - 1);
     rows_ = rows;
     endInsertRows();
@@ -126,8 +131,21 @@ void SheetModel::announceRemoved(int row, int count) {
   endRemoveRows();
 }
 
+SheetModel::Strip SheetModel::strip() const {
+  Strip strip;
+  for (int col = 0; col < cols_; ++col) {
+    strip.emplace_back(sheet().GetCellText(col, kHeadingRow),
+                       sheet().StyleNumberAt(col, kHeadingRow));
+  }
+  return strip;
+}
+
+// Views lay everything out anew after a change of headings, so that is told only where one changed.
 void SheetModel::announceChanged() {
   if (rows_ > 0 && cols_ > 0) emit dataChanged(index(0, 0), index(rows_ - 1, cols_ - 1));
+  Strip now = strip();
+  if (now == announcedStrip_) return;
+  announcedStrip_ = std::move(now);
   if (cols_ > 0) emit headerDataChanged(Qt::Horizontal, 0, cols_ - 1);
 }
 

@@ -6,6 +6,8 @@
 #include <QAbstractTableModel>
 
 #include <functional>
+#include <utility>
+#include <vector>
 
 namespace vellora {
 
@@ -40,12 +42,16 @@ class SheetModel final : public QAbstractTableModel {
   QString headingText(int section, Qt::Orientation orientation) const;
   void syncRows(int rows);
   void syncCols(int cols);
+  // Texts and styles of the heading strip.
+  using Strip = std::vector<std::pair<QString, int>>;
+  Strip strip() const;
 
   const Workbook& book_;
   const GridLook& look_;
   Typed typed_;
   int rows_ = 0;
   int cols_ = 0;
+  Strip announcedStrip_;
 };
 
 }  // namespace vellora

@@ -1,0 +1,113 @@
+#include "grid_hands.h"
+
+#include <QHelpEvent>
+#include <QToolTip>
+
+namespace vellora {
+namespace {
+
+using test::GridHands;
+
+const QColor kInk(250, 250, 200);
+const QColor kPaper(20, 20, 30);
+const QColor kFrame(0, 255, 255);
+const QColor kSelected(90, 0, 90);
+const QColor kLine(70, 70, 70);
+
+class GridPainting : public testing::Test, protected GridHands {
+ protected:
+  GridPainting() : GridHands(3, 5) {
+    grid.SetCurrentCell(2, 4);
+    grid.setColours({kInk, kPaper, kInk, kLine, kLine, kFrame, kInk, kSelected, kFrame});
+    settle();
+  }
+  QImage picture() { return grid.viewport()->grab().toImage(); }
+  QColor paperAt(int col, int row) {
+    return picture().pixelColor(rect(col, row).topLeft() + QPoint(2, 2));
+  }
+};
+
+TEST_F(GridPainting, BlackOnWhiteIsTheSkinsInkOnPaperAndOtherColoursStand) {
+  grid.SetCellColors(0, 0, kBlack, kWhite);
+  grid.SetCellColors(1, 0, kRed, kWhite);
+  grid.Redraw();
+  EXPECT_EQ(paperAt(0, 0), kPaper);
+  EXPECT_EQ(paperAt(0, 1), kPaper);
+  EXPECT_EQ(paperAt(1, 0), QColor(Qt::white));
+  const QModelIndex cell = grid.model()->index(0, 0);
+  EXPECT_EQ(cell.data(Qt::ForegroundRole).value<QColor>(), kInk);
+  EXPECT_EQ(grid.model()->index(0, 1).data(Qt::ForegroundRole).value<QColor>(), QColor(Qt::red));
+}
+
+TEST_F(GridPainting, TheCurrentCellKeepsItsColoursInsideAFrame) {
+  grid.SetCellColors(1, 1, kWhite, kBlue);
+  grid.SetCurrentCell(1, 1);
+  EXPECT_EQ(paperAt(1, 1), QColor(Qt::blue));
+  EXPECT_EQ(picture().pixelColor(rect(1, 1).topLeft()), kFrame);
+  grid.SelectRange(0, 1, 1, 2);
+  EXPECT_EQ(paperAt(1, 1), QColor(Qt::blue));
+  EXPECT_EQ(paperAt(0, 2), kSelected);
+  EXPECT_EQ(paperAt(2, 1), kPaper);
+}
+
+TEST_F(GridPainting, BordersLieOnTheLinesAroundEveryCell) {
+  grid.SetRangeBorder(1, 1, 2, 2, 0, 1, kBlue);
+  grid.Redraw();
+  const QImage image = picture();
+  const QRect cell = rect(1, 1);
+  for (const QPoint& edge :
+       {cell.topLeft() - QPoint(1, -5), cell.topLeft() - QPoint(-5, 1),
+        cell.bottomRight() + QPoint(1, -5), cell.bottomRight() + QPoint(-5, 1)}) {
+    EXPECT_EQ(image.pixelColor(edge), QColor(Qt::blue)) << edge.x() << ' ' << edge.y();
+  }
+  EXPECT_EQ(image.pixelColor(rect(0, 0).bottomLeft() + QPoint(5, 1)), kLine);
+}
+
+TEST_F(GridPainting, NothingIsRepaintedWhileTheSwitchIsOff) {
+  class Paints : public QObject {
+   public:
+    int count = 0;
+    bool eventFilter(QObject*, QEvent* event) override {
+      count += event->type() == QEvent::Paint ? 1 : 0;
+      return false;
+    }
+  } paints;
+  settle();
+  grid.viewport()->installEventFilter(&paints);
+  grid.SetRedrawSwitch(false);
+  for (int row = 0; row < 5; ++row) grid.SetCellText(0, row, u"x"_qs);
+  grid.Redraw();
+  settle();
+  EXPECT_EQ(paints.count, 0);
+  grid.SetRedrawSwitch(true);
+  settle();
+  EXPECT_EQ(paints.count, 1);
+  for (int row = 0; row < 5; ++row) grid.SetCellText(1, row, u"y"_qs);
+  settle();
+  EXPECT_EQ(paints.count, 2) << "one repaint for a batch";
+}
+
+TEST_F(GridPainting, OnlyATextThatIsCutHasAToolTip) {
+  grid.SetCellText(0, 0, u"short"_qs);
+  grid.SetCellText(0, 1, u"<b>一个很长很长很长很长很长的名称"_qs);
+  grid.Redraw();
+  const auto tipAt = [this](int row) {
+    QHelpEvent help(QEvent::ToolTip, centre(0, row), grid.viewport()->mapToGlobal(centre(0, row)));
+    QApplication::sendEvent(grid.viewport(), &help);
+    return QToolTip::text();
+  };
+  EXPECT_EQ(tipAt(0), QString());
+  EXPECT_TRUE(tipAt(1).contains(u"&lt;b&gt;一个很长很长很长很长很长的名称"_qs));
+}
+
+TEST_F(GridPainting, AMarkedColumnKeepsItsCellsColours) {
+  grid.SetCellColors(1, 1, kBlack, kBlue);
+  grid.markColumn(1);
+  EXPECT_EQ(paperAt(1, 1), QColor(Qt::blue));
+  EXPECT_EQ(picture().pixelColor(rect(1, 2).right(), rect(1, 2).center().y()), kFrame);
+  grid.markColumn(-1);
+  EXPECT_EQ(picture().pixelColor(rect(1, 2).right(), rect(1, 2).center().y()), kPaper);
+}
+
+}  // namespace
+}  // namespace vellora
