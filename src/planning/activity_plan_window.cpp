@@ -10,13 +10,14 @@
 #include "planning/plan_rows.h"
 #include "planning/plan_saving.h"
 #include "planning/slow_work.h"
+#include "planning/undo_step.h"
 #include "planning/unsaved_watch.h"
+#include "planning/week_count_keys.h"
 #include "routine/calendar_text.h"
 #include "shell/date_stepper.h"
 #include "shell/grid_keys.h"
 #include "store/statements.h"
 
-#include <QKeyEvent>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPlainTextEdit>
@@ -31,18 +32,6 @@ const QString& takenText() {
   return kText;
 }
 
-// Makes every change to a grid until it goes one undo step.
-class UndoStep {
- public:
-  UndoStep(GridSurface& grid, const QString& name) : grid_(grid) { grid_.beginUndoStep(name); }
-  ~UndoStep() { grid_.endUndoStep(); }
-  UndoStep(const UndoStep&) = delete;
-  UndoStep& operator=(const UndoStep&) = delete;
-
- private:
-  GridSurface& grid_;
-};
-
 }  // namespace
 
 ActivityPlanWindow::ActivityPlanWindow(ApplicationState& state, QWidget* parent)
@@ -54,7 +43,8 @@ ActivityPlanWindow::ActivityPlanWindow(ApplicationState& state, QWidget* parent)
                               })) {
   setObjectName(u"FormXMJH"_qs);
   setWindowTitle(u"项目活动计划"_qs);
-  new GridKeys(*controls_.grid, state, [this] { return chosenActivity() + u" 活动计划"; });
+  new GridKeys(*controls_.grid, state,
+               [this]() -> QString { return chosenActivity() + u" 活动计划"; });
   connectControls();
   connectGrid();
 }
@@ -72,7 +62,7 @@ void ActivityPlanWindow::connectControls() {
   connect(controls_.day, &DateStepper::dateChanged, this,
           [this] { guarded([this] { showDay(); }); });
   placeFromList(*controls_.blocks, [this](int position) { PlaceBlock(position); });
-  controls_.weeks->box()->installEventFilter(this);
+  new WeekCountKeys(*controls_.weeks->box());
   onClick(controls_.byDay, [this] { Repeat(controls_.days->box()->text(), 1); });
   onClick(controls_.byWeek, [this] { Repeat(controls_.weeks->box()->text(), 7); });
   onClick(controls_.open, [this] { ListPlan(); });
@@ -154,10 +144,12 @@ void ActivityPlanWindow::chooseAgain(const QString& name) {
 }
 
 void ActivityPlanWindow::ListPlan() {
+  is_listed_ = false;
   guarded([this] {
     setWindowTitle(plainTitle(u"项目活动计划  "_qs + chosenActivity()));
     auto* grid = controls_.grid;
     const QStringList missing = listPlan(state().Db, grid->sheet(), blocks_, chosenActivity());
+    is_listed_ = true;
     grid->clearUndo();
     grid->Redraw();
     grid->SetCurrentCell(kPlanDate, 0);
@@ -191,7 +183,13 @@ void ActivityPlanWindow::PlaceBlock(int position) {
   });
 }
 
+// Saving deletes what the grid does not show, which must not befall a plan that was never shown.
 void ActivityPlanWindow::SavePlan() {
+  if (!is_listed_) {
+    prompts().warn(this,
+                   u"项目“%1”的计划没有读出来，不能保存，请先打开。"_qs.arg(chosenActivity()));
+    return;
+  }
   finishTyping(*controls_.grid);
   PlanSaveOutcome outcome;
   runShowingProgress(this, u"正在保存…"_qs, [&](const PlanProgress& progress) {
@@ -239,24 +237,6 @@ void ActivityPlanWindow::duplicateRow(int row) {
     duplicatePlanRow(grid->sheet(), row);
   }
   grid->Redraw();
-}
-
-// What a key does to the week count, before the box takes the key. A count that had to be mended is
-// selected, so that a digit replaces it.
-void ActivityPlanWindow::boundWeeks(int key) {
-  auto* box = controls_.weeks->box();
-  const int change = key == Qt::Key_Up ? 1 : key == Qt::Key_Down ? -1 : 0;
-  const QString weeks = boundedWeeks(box->text(), change);
-  if (weeks == box->text()) return;
-  box->setText(weeks);
-  box->selectAll();
-}
-
-bool ActivityPlanWindow::eventFilter(QObject* watched, QEvent* event) {
-  if (watched == controls_.weeks->box() && event->type() == QEvent::KeyPress) {
-    boundWeeks(static_cast<QKeyEvent*>(event)->key());
-  }
-  return PlannerWindow::eventFilter(watched, event);
 }
 
 bool ActivityPlanWindow::hasUnsavedTyping() const {

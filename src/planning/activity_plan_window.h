@@ -29,7 +29,6 @@ class ActivityPlanWindow : public PlannerWindow {
   void load() override;
   void activate() override;
   bool hasUnsavedTyping() const override;
-  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   void connectControls();
@@ -45,7 +44,6 @@ class ActivityPlanWindow : public PlannerWindow {
   void DeletePlan();
   void Repeat(const QString& count, int stepDays);
   void duplicateRow(int row);
-  void boundWeeks(int key);
   void readSaved();
   // Shows the description of a StoreError that the step throws.
   void guarded(const std::function<void()>& step);
@@ -54,6 +52,7 @@ class ActivityPlanWindow : public PlannerWindow {
   TimeBlockList blocks_;
   SavedEntries saved_;
   UnsavedWatch* watch_;
+  bool is_listed_ = true;  // false when reading the chosen activity's plan has failed
 };
 
 }  // namespace vellora

@@ -3,6 +3,7 @@
 #include "grid/surface/grid_surface.h"
 #include "planning/day_plan.h"
 #include "planning/plan_controls.h"
+#include "planning/undo_step.h"
 #include "planning/unsaved_watch.h"
 #include "routine/calendar_text.h"
 #include "shell/date_stepper.h"
@@ -42,7 +43,7 @@ DailyPlanWindow::DailyPlanWindow(ApplicationState& state, QDate firstDay, QWidge
   grid_->setObjectName(u"Cell1"_qs);
   grid_->setAccessibleName(u"每日计划表"_qs);
   grid_->setEditable(true);
-  new GridKeys(*grid_, state, [this] { return isoDate(date()) + u" 活动计划"; });
+  new GridKeys(*grid_, state, [this]() -> QString { return isoDate(date()) + u" 活动计划"; });
   connect(day_, &DateStepper::dateChanged, this, &DailyPlanWindow::openDay);
   placeFromList(*items_list_, [this](int position) { placeItem(position); });
   connect(grid_, &GridSurface::PasteCut, this,
@@ -128,8 +129,10 @@ void DailyPlanWindow::loadItems() {
 }
 
 void DailyPlanWindow::LoadDayPlan() {
+  shown_day_ = QDate();
   setWindowTitle(dayPlanCaption(date()));
   loadDayPlan(state().Db, grid_->sheet(), date(), items_);
+  shown_day_ = date();
   grid_->clearUndo();
   grid_->Redraw();
   readSaved();
@@ -147,15 +150,21 @@ void DailyPlanWindow::placeItem(int position) {
   finishTyping(*grid_);
   const int row = grid_->CurrentRow();
   if (position < 0 || position >= items_.size() || row < 0) return;
-  grid_->beginUndoStep(u"安排活动"_qs);
-  placeDayActivity(grid_->sheet(), row, items_[position]);
-  grid_->endUndoStep();
+  {
+    const UndoStep step(*grid_, u"安排活动"_qs);
+    placeDayActivity(grid_->sheet(), row, items_[position]);
+  }
   grid_->Redraw();
   grid_->SetCurrentCell(kDayRequirement, row);
   grid_->Focus();
 }
 
+// Another date's rows in the grid, after a failed reading, must not overwrite this date's plan.
 void DailyPlanWindow::SaveDayPlan() {
+  if (shown_day_ != date()) {
+    prompts().warn(this, u"%1的计划没有读出来，不能保存，请先打开。"_qs.arg(longDate(date())));
+    return;
+  }
   finishTyping(*grid_);
   const QString failure = saveDayPlan(state().Db, grid_->sheet(), date());
   try {

@@ -50,6 +50,7 @@ class DailyPlanWindow : public PlannerWindow {
   void readSaved();
 
   QDate first_day_;
+  QDate shown_day_;  // whose plan the grid holds; invalid when reading it has failed
   DateStepper* day_;
   GridSurface* grid_;
   QListWidget* items_list_;

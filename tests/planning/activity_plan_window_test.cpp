@@ -254,4 +254,15 @@ TEST_F(ActivityPlanWindowTest, AScheduleThatCannotBeReadIsReportedAndNothingType
   }
 }
 
+TEST_F(ActivityPlanWindowTest, APlanThatCouldNotBeReadIsNotDeletedBySaving) {
+  schedule_.plan(kToday, u"001"_qs, u"跑步"_qs);
+  open();
+  schedule_.sql(u"ALTER TABLE JH RENAME TO HJ"_qs);
+  window_.chooseActivity(u"跑步"_qs);
+  schedule_.sql(u"ALTER TABLE HJ RENAME TO JH"_qs);
+  click(window_, u"cmdSV"_qs);
+  EXPECT_EQ(prompts_.warnings.last(), u"项目“跑步”的计划没有读出来，不能保存，请先打开。"_qs);
+  EXPECT_EQ(saved(), QStringList{u"2007-03-05|001|跑步|要求|1"_qs});
+}
+
 }  // namespace vellora

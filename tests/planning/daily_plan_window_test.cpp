@@ -129,4 +129,20 @@ TEST_F(DailyPlanWindowTest, BlocksChangedMeanwhileAppearWhenItIsActivatedAgain) 
   EXPECT_EQ(grid(window_).Rows(), 3);
 }
 
+TEST_F(DailyPlanWindowTest, ADayThatCouldNotBeReadIsNotOverwritten) {
+  schedule_.plan(kToday.addDays(1), u"002"_qs, u"读书"_qs);
+  open();
+  doubleClick(window_, u"List1"_qs, 1);
+  schedule_.sql(u"ALTER TABLE JH RENAME TO HJ"_qs);
+  click(window_, u"Command2"_qs);
+  schedule_.sql(u"ALTER TABLE HJ RENAME TO JH"_qs);
+  click(window_, u"cmdSV"_qs);
+  EXPECT_EQ(prompts_.warnings,
+            (QStringList{u"日程文件中没有表“JH”。"_qs,
+                         u"2007年3月6日的计划没有读出来，不能保存，请先打开。"_qs}));
+  EXPECT_EQ(saved(), QStringList{u"2007-03-06|002|读书|要求|1"_qs});
+  click(window_, u"cmdOP"_qs);
+  EXPECT_EQ(row(window_, 0), u"08:00-09:30/早读|读书|要求|1"_qs);
+}
+
 }  // namespace vellora

@@ -10,6 +10,8 @@ namespace vellora {
 QWidget* CellDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&,
                                     const QModelIndex& index) const {
   auto* editor = new CellEditor(parent);
+  editor->document()->setDefaultTextOption(QTextOption(
+      index.data(Qt::TextAlignmentRole).value<Qt::Alignment>() & Qt::AlignHorizontal_Mask));
   QPalette palette = parent->palette();
   palette.setColor(QPalette::Text, look_.colours.text);
   palette.setColor(QPalette::Base, look_.colours.paper);

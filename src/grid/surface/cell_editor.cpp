@@ -27,17 +27,18 @@ bool reachesWindow(const QKeyEvent& event) {
 }  // namespace
 
 CellEditor::CellEditor(QWidget* viewport) : QPlainTextEdit(viewport) {
-  setFrameShape(QFrame::NoFrame);
+  setFrameStyle(static_cast<int>(QFrame::Box) | static_cast<int>(QFrame::Plain));
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
   setTabChangesFocus(false);
-  document()->setDocumentMargin(2);
+  document()->setDocumentMargin(1);
   connect(this, &QPlainTextEdit::textChanged, this, &CellEditor::fit);
 }
 
+// The frame lies on the cell's grid lines.
 void CellEditor::setCell(const QRect& cell) {
-  cell_ = cell;
+  cell_ = cell.adjusted(-1, -1, 1, 1);
   fit();
 }
 

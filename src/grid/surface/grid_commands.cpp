@@ -7,6 +7,7 @@
 #include <QGuiApplication>
 #include <QMenu>
 #include <QMetaMethod>
+#include <QMimeData>
 
 namespace vellora {
 namespace {
@@ -16,35 +17,55 @@ QList<QKeySequence> redoKeys() {
          QKeySequence::keyBindings(QKeySequence::Redo);
 }
 
+QString named(const QString& command, const QString& step) {
+  return step.isEmpty() ? command : command + u' ' + step;
+}
+
 }  // namespace
 
+// Whether one can be used is asked only of the one that is wanted: looking at the clipboard can
+// mean waiting for another program.
 GridCommands GridSurface::Parts::commands() {
-  const bool canCopy = !selected().isEmpty();
-  const bool canEdit = look.isEditable && canCopy;
-  const bool canPaste = canEdit && !QGuiApplication::clipboard()->text().isEmpty();
-  const bool canDuplicate =
-      canEdit && grid.isSignalConnected(QMetaMethod::fromSignal(&GridSurface::RowDuplicate));
+  const auto canCopy = [this] { return !selected().isEmpty(); };
+  const auto canEdit = [this] { return look.isEditable && !selected().isEmpty(); };
+  const auto canUndo = [this] { return look.isEditable && edits.canUndo(); };
+  const auto canRedo = [this] { return look.isEditable && edits.canRedo(); };
   const auto keysOf = [](QKeySequence::StandardKey key) { return QKeySequence::keyBindings(key); };
   return {
-      {u"撤消"_qs, keysOf(QKeySequence::Undo), look.isEditable && edits.canUndo(),
+      {named(u"撤消"_qs, edits.undoName()), keysOf(QKeySequence::Undo), canUndo,
        [this] { undo(); }},
-      {u"恢复"_qs, redoKeys(), look.isEditable && edits.canRedo(), [this] { redo(); }, true},
+      {named(u"恢复"_qs, edits.redoName()), redoKeys(), canRedo, [this] { redo(); }, true},
       {u"剪切"_qs, keysOf(QKeySequence::Cut), canEdit, [this] { cut(); }},
       {u"复制"_qs, keysOf(QKeySequence::Copy), canCopy, [this] { copy(); }},
-      {u"粘贴"_qs, keysOf(QKeySequence::Paste), canPaste, [this] { paste(); }},
+      {u"粘贴"_qs, keysOf(QKeySequence::Paste), [this] { return canPaste(); }, [this] { paste(); }},
       {u"清除"_qs, {Qt::Key_Delete, Qt::Key_Backspace}, canEdit, [this] { empty(); }, true},
-      {u"重复本行"_qs, {Qt::CTRL | Qt::Key_D}, canDuplicate, [this] { duplicateRow(); }, true},
+      {u"重复本行"_qs,
+       {Qt::CTRL | Qt::Key_D},
+       [this] { return canDuplicate(); },
+       [this] { duplicateRow(); },
+       true},
       {u"全选"_qs, keysOf(QKeySequence::SelectAll), canCopy, [this] { grid.selectAll(); }},
-      {u"打印..."_qs, {}, true, [this] { print(); }},
+      {u"打印..."_qs, {}, [] { return true; }, [this] { print(); }},
   };
+}
+
+bool GridSurface::Parts::canPaste() const {
+  return look.isEditable && !selected().isEmpty() &&
+         QGuiApplication::clipboard()->mimeData()->hasText();
+}
+
+bool GridSurface::Parts::canDuplicate() const {
+  return look.isEditable && !current().isNone() &&
+         grid.isSignalConnected(QMetaMethod::fromSignal(&GridSurface::RowDuplicate));
 }
 
 bool GridSurface::Parts::useCommandKey(const QKeyEvent& event) {
   const QKeySequence keys(event.keyCombination());
   for (const GridCommand& command : commands()) {
     if (!command.keys.contains(keys)) continue;
-    if (command.isEnabled) command.run();
-    return command.isEnabled;
+    const bool isEnabled = command.isEnabled();
+    if (isEnabled) command.run();
+    return isEnabled;
   }
   return false;
 }
@@ -55,7 +76,7 @@ void GridSurface::contextMenuEvent(QContextMenuEvent* event) {
   for (const GridCommand& command : parts_->commands()) {
     QAction* action = menu->addAction(command.text, this, command.run);
     action->setShortcuts(command.keys);
-    action->setEnabled(command.isEnabled);
+    action->setEnabled(command.isEnabled());
     if (command.endsGroup) menu->addSeparator();
   }
   const bool byKey = event->reason() == QContextMenuEvent::Keyboard;

@@ -12,7 +12,7 @@ namespace vellora {
 struct GridCommand {
   QString text;
   QList<QKeySequence> keys;
-  bool isEnabled;
+  std::function<bool()> isEnabled;
   std::function<void()> run;
   bool endsGroup = false;
 };

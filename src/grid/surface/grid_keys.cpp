@@ -25,7 +25,7 @@ void GridSurface::keyPressEvent(QKeyEvent* event) {
   parts_->keepTypedText();
   event->ignore();
   parts_->edits.raise([this, event] { emit GridKeyDown(event); });
-  if (event->isAccepted()) return;
+  if (event->isAccepted() || parts_->isEditing()) return;
   const bool isUsed =
       parts_->useCommandKey(*event) || parts_->useEditKey(*event) || parts_->useMoveKey(*event);
   event->setAccepted(isUsed);

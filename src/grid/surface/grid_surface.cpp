@@ -108,8 +108,12 @@ void GridSurface::setColours(const GridColours& colours) {
   parts_->look.colours = colours;
   parts_->hasSkin = true;
   viewport()->update();
-  horizontalHeader()->viewport()->update();
-  verticalHeader()->viewport()->update();
+  QPalette headings = palette();
+  for (const auto role : {QPalette::Button, QPalette::Window}) {
+    headings.setColor(role, colours.headingPaper);
+  }
+  horizontalHeader()->setPalette(headings);
+  verticalHeader()->setPalette(headings);
 }
 
 void GridSurface::markColumn(int col) {

@@ -78,7 +78,7 @@ class GridSurface : public QTableView {
   void setHeadingStripVisible(bool on);
   void setRowNumbersVisible(bool on);
   // Keeps the first rows and columns in view while the rest scrolls; they also serve as headings
-  // for assistive tools.
+  // for assistive tools. Made for grids without strips, which do not follow.
   void setFrozen(int cols, int rows);
   // Columns without a width of their own share what is left of the grid's width.
   void setSharesWidth(bool on);

@@ -64,6 +64,8 @@ class GridSurface::Parts {
   void print();
 
   GridCommands commands();
+  bool canPaste() const;
+  bool canDuplicate() const;
   bool useCommandKey(const QKeyEvent& event);
   bool useMoveKey(const QKeyEvent& event);
   bool useEditKey(QKeyEvent& event);

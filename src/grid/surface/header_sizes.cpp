@@ -17,6 +17,7 @@ constexpr int kRowMargin = 3;  // pixels: grid line and a little air
 }  // namespace
 
 HeaderSizes::HeaderSizes(QTableView& view) : view_(view) {
+  view.horizontalHeader()->setDefaultSectionSize(kDefaultWidth);
   listen(view.horizontalHeader(), &HeaderSizes::columnDragged);
   listen(view.verticalHeader(), &HeaderSizes::rowDragged);
 }

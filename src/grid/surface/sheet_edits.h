@@ -26,6 +26,9 @@ class SheetEdits {
 
   bool canUndo() const { return isCurrent() && at_ > 0; }
   bool canRedo() const { return isCurrent() && at_ + 1 < states_.size(); }
+  // Names of the steps; empty when there is none.
+  QString undoName() const { return canUndo() ? states_[at_].name : QString(); }
+  QString redoName() const { return canRedo() ? states_[at_ + 1].name : QString(); }
   // Both return where the step is seen; nothing happens, and there is no place, when it cannot be.
   CellPlace undo();
   CellPlace redo();

@@ -22,7 +22,9 @@ int lineHeightOf(const QFont& font) {
   return static_cast<int>(std::ceil(std::min(metrics.height(), info.pixelSize() * 1.4)));
 }
 
+// An empty last line would only push the others out of the middle.
 QString withSeparators(QString text) {
+  while (text.endsWith(kLineBreak)) text.chop(1);
   return text.replace(kLineBreak, QChar::LineSeparator);
 }
 

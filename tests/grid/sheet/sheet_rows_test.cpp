@@ -140,6 +140,21 @@ TEST(SheetRows, AreWalkedWithoutVisitingLongEmptyStretches) {
   EXPECT_LT(visited, 2'000);
 }
 
+TEST(SheetRows, WithHeightsOrHiddenAreFoundAmongAllOthers) {
+  Sheet sheet;
+  sheet.SetCols(1);
+  sheet.SetRows(2'000'000);
+  for (int row = 0; row < 2'000; ++row) sheet.SetCellText(0, row, QString::number(row));
+  EXPECT_EQ(sheet.NextSizedRow(0), sheet.Rows());
+  for (const int row : {0, 255, 256, 1'700}) sheet.SetRowHeight(row, 40);
+  sheet.HideRow(1'999'999);
+  std::vector<int> found;
+  for (int row = sheet.NextSizedRow(0); row < sheet.Rows(); row = sheet.NextSizedRow(row + 1)) {
+    found.push_back(row);
+  }
+  EXPECT_EQ(found, (std::vector<int>{0, 255, 256, 1'700, 1'999'999}));
+}
+
 TEST(SheetRows, AreAppendedAndFilledOneByOneWithoutLosingAny) {
   Sheet sheet;
   sheet.SetCols(1);
