@@ -1,4 +1,5 @@
 # Shared by ./run, ./test and ./bench: packages of Debian 12, and the build.
+# shellcheck shell=bash disable=SC2034  # the lists are used by those who source this
 
 build_packages=(
   build-essential cmake ninja-build ccache
@@ -11,7 +12,14 @@ bench_packages=(libgtest-dev libbenchmark-dev)
 picture_packages=(xvfb xdotool imagemagick)
 
 as_root() {
-  if [[ $(id -u) == 0 ]]; then "$@"; else sudo "$@"; fi
+  if [[ $(id -u) == 0 ]]; then
+    "$@"
+  elif command -v sudo >/dev/null; then
+    sudo "$@"
+  else
+    echo "Packages are missing, and there is no sudo: run this once as root." >&2
+    return 1
+  fi
 }
 
 apt_install() {

@@ -1,4 +1,5 @@
 # Starts the planner on a virtual display and saves a picture of its board.
+# shellcheck shell=bash
 
 board_title='Vellora日程表2\.8版   [0-9]'
 
@@ -11,9 +12,17 @@ wait_for() {  # seconds, command...
   done
 }
 
+has_ended() {  # process
+  ! kill -0 "$1" 2>/dev/null
+}
+
 find_board() {
   board=$(LC_ALL=C.UTF-8 xdotool search --onlyvisible --name "$board_title" 2>/dev/null | head -n 1)
   [[ -n $board ]]
+}
+
+board_or_end() {  # process
+  find_board || has_ended "$1"
 }
 
 take_picture() {  # program, picture
@@ -28,9 +37,9 @@ take_picture() {  # program, picture
   export DISPLAY
   QT_QPA_PLATFORM=xcb "$program" &
   planner=$!
-  if ! wait_for 60 find_board; then
+  if ! wait_for 30 board_or_end "$planner" || [[ -z $board ]]; then
     echo "The board did not appear." >&2
-    kill "$planner" 2>/dev/null || wait "$planner"
+    kill "$planner" 2>/dev/null || true
     return 1
   fi
   sleep 1  # the first paint follows the window

@@ -1,5 +1,6 @@
 #include "app/start_up.h"
 
+#include "app/attach_windows.h"
 #include "app/splash_window.h"
 #include "store/statements.h"
 
@@ -26,6 +27,7 @@ void StartUp::showBoard() {
     splash.show();
     splash.repaint();
     board_ = std::make_unique<WeekBoard>(state_);
+    attachWindows(*board_, state_);
     board_->Load();
     board_->Show();
   }

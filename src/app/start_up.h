@@ -18,6 +18,7 @@ class StartUp {
   void showBoard();
 
   ApplicationState& state() { return state_; }
+  const ApplicationState& state() const { return state_; }
   WeekBoard& board() { return *board_; }
 
  private:

@@ -66,8 +66,8 @@ void BuildTimeRows(ScheduleStore& store, Sheet& sheet) {
 
 WeekTexts FillWeek(ScheduleStore& store, Sheet& sheet, QDate first) {
   const ScheduleStore::ReadTransaction oneView(store);
-  const WeekTexts texts{firstText(store, statements::memoOn(first), u"Memo"),
-                        firstText(store, statements::weekNamesAt(first), u"MM")};
+  WeekTexts texts{firstText(store, statements::memoOn(first), u"Memo"),
+                  firstText(store, statements::weekNamesAt(first), u"MM")};
   fillHeadings(sheet, first);
   for (int col = 1; col < kBoardCols; ++col) {
     const QDate day = first.addDays(col - 1);

@@ -45,6 +45,8 @@ WeekBoard::WeekBoard(ApplicationState& state)
   week_name_->setObjectName(u"Lmm"_qs);
   layOut();
   connect(days_, &DateStepper::dateChanged, this, &WeekBoard::fillAfterStep);
+  connect(grid_, &GridSurface::CellClick, this, &WeekBoard::openCell);
+  connect(grid_, &GridSurface::CellActivated, this, &WeekBoard::openCell);
   connect(commands_, &CommandBar::triggered, this, &WeekBoard::runCommand);
   for (int i = 0; i < kBoardCommandCount; ++i) {
     commands_->button(static_cast<BoardCommand>(i)).setEnabled(false);
@@ -170,7 +172,21 @@ void WeekBoard::fillAfterStep() {
 
 void WeekBoard::runCommand(BoardCommand command) {
   handlers_.at(command)();
+  returnFromWindow();
+}
+
+void WeekBoard::returnFromWindow() {
   if (isVisible()) Activate();
+}
+
+void WeekBoard::openCell(int col, int row) {
+  const QString tag = grid_->CellTag(col, row);
+  if (col <= 0 || row < 0 || tag.isEmpty()) return;
+  const bool isHeading = row == 0;
+  if (isHeading ? !open_day_ : !open_activity_) return;
+  isHeading ? open_day_(QDate::fromString(tag, Qt::ISODate)) : open_activity_(tag);
+  setRedrawFlag();
+  returnFromWindow();
 }
 
 // The preview comes first; the template then keeps the sizes the user dragged.

@@ -28,6 +28,14 @@ class WeekBoard : public PlannerWindow {
   using Handler = std::function<void()>;
   void attachCommand(BoardCommand command, Handler handler);
 
+  // What a click on a day's heading or on a planned cell opens, and Enter or Space on it. The same
+  // holds as for a command's handler; afterwards the board is always rebuilt. Without a handler a
+  // click does nothing.
+  using DayHandler = std::function<void(QDate day)>;
+  using ActivityHandler = std::function<void(const QString& activity)>;
+  void attachDayHeading(DayHandler handler) { open_day_ = std::move(handler); }
+  void attachPlannedCell(ActivityHandler handler) { open_activity_ = std::move(handler); }
+
   QDate firstDay() const;
   void setRedrawFlag() { redraw_ = true; }
 
@@ -49,6 +57,8 @@ class WeekBoard : public PlannerWindow {
   void rebuildFromDatabase();
   void fillAfterStep();
   void runCommand(BoardCommand command);
+  void openCell(int col, int row);
+  void returnFromWindow();
   void print();
   void clearSchedule();
   QString templatePath() const;
@@ -58,6 +68,8 @@ class WeekBoard : public PlannerWindow {
   QLabel* week_name_;
   GridSurface* grid_;
   std::map<BoardCommand, Handler> handlers_;
+  DayHandler open_day_;
+  ActivityHandler open_activity_;
   bool redraw_ = false;
 };
 

@@ -26,6 +26,12 @@ QDateEdit* makePicker(const DateStepper::Names& names, QWidget* parent) {
   return picker;
 }
 
+// A step button is as wide as its caption asks, not as wide as the style's usual button.
+int narrowWidth(const QPushButton& button) {
+  constexpr int kPadding = 26;
+  return button.fontMetrics().horizontalAdvance(button.text()) + kPadding;
+}
+
 }  // namespace
 
 DateStepper::DateStepper(const Names& names, std::initializer_list<StepButton> buttons,
@@ -38,6 +44,7 @@ DateStepper::DateStepper(const Names& names, std::initializer_list<StepButton> b
     auto* button = new QPushButton(step.caption, this);
     button->setObjectName(step.objectName);
     button->setToolTip(step.toolTip);
+    button->setFixedWidth(narrowWidth(*button));
     connect(button, &QPushButton::clicked, this,
             [this, days = step.days] { setDate(date().addDays(days)); });
     row->addWidget(button);

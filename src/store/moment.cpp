@@ -130,7 +130,7 @@ bool isStoredDate(QStringView text) {
 }
 
 QString storedText(const Moment& moment) {
-  const QString date = isoDate(moment.date);
+  QString date = isoDate(moment.date);
   if (!moment.time.isValid()) return date;
   const QString time = moment.time.toString(u"HH:mm:ss");
   return date.isEmpty() ? time : QString(date + u' ' + time);

@@ -39,6 +39,10 @@ class WeekBoardTest : public testing::Test {
   void click(const QString& name) {
     QTest::mouseClick(board_.findChild<QPushButton*>(name), Qt::LeftButton);
   }
+  void clickCell(int col, int row) {
+    const QPoint place = grid().visualRect(grid().model()->index(row, col)).center();
+    QTest::mouseClick(grid().viewport(), Qt::LeftButton, {}, place);
+  }
   GridSurface& grid() { return *board_.findChild<GridSurface*>(u"Cell1"_qs); }
   QString label(const QString& name) { return board_.findChild<QLabel*>(name)->text(); }
   QString shown(int col, int row) { return grid().GetCellText(col, row); }
@@ -97,6 +101,54 @@ TEST_F(WeekBoardTest, RebuildsAfterAWindowOnlyWhenTheFlagIsSet) {
   EXPECT_EQ(shown(1, 1), u"读书\r要求"_qs);
   click(u"Command1"_qs);
   EXPECT_EQ(shown(1, 1), QString());
+}
+
+TEST_F(WeekBoardTest, OpensTheDayOrTheActivityThatIsClickedAndIsRebuiltOnReturn) {
+  QList<QDate> days;
+  QStringList activities;
+  board_.attachDayHeading([&](QDate day) { days << day; });
+  board_.attachPlannedCell([&](const QString& activity) {
+    activities << activity;
+    store_.execute(u"DELETE * FROM JH"_qs);
+  });
+  open();
+  clickCell(3, 0);
+  EXPECT_EQ(days, QList<QDate>{kToday.addDays(2)});
+  clickCell(1, 1);
+  EXPECT_EQ(activities, QStringList{u"读书"_qs});
+  EXPECT_EQ(shown(1, 1), QString());
+}
+
+TEST_F(WeekBoardTest, CellsWithoutADayOrAPlanOpenNothing) {
+  int opened = 0;
+  board_.attachDayHeading([&](QDate) { ++opened; });
+  board_.attachPlannedCell([&](const QString&) { ++opened; });
+  open();
+  clickCell(0, 0);
+  clickCell(0, 1);
+  clickCell(2, 1);
+  click(u"Cm3"_qs);
+  clickCell(1, 1);
+  EXPECT_EQ(opened, 0);
+}
+
+TEST_F(WeekBoardTest, TheKeyboardOpensWhatAClickOpens) {
+  QList<QDate> days;
+  QStringList activities;
+  board_.attachDayHeading([&](QDate day) { days << day; });
+  board_.attachPlannedCell([&](const QString& activity) { activities << activity; });
+  open();
+  emit grid().CellActivated(7, 0);
+  emit grid().CellActivated(1, 1);
+  EXPECT_EQ(days, QList<QDate>{kToday.addDays(6)});
+  EXPECT_EQ(activities, QStringList{u"读书"_qs});
+}
+
+TEST_F(WeekBoardTest, ClicksDoNothingWhileNothingIsAttached) {
+  open();
+  clickCell(1, 0);
+  clickCell(1, 1);
+  EXPECT_TRUE(prompts_.warnings.isEmpty());
 }
 
 TEST_F(WeekBoardTest, ClearsPlansMemosWeekNamesAndSkinOnlyAfterYes) {

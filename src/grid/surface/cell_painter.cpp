@@ -31,6 +31,11 @@ bool CellPainter::isInverted(CellPlace cell) const {
   return selected_.contains(cell) && cell != current_;
 }
 
+bool CellPainter::isMarkedHeading(CellPlace cell) const {
+  return cell.col == look_.markedCol && look_.isHeading(cell.col, cell.row) &&
+         !sheet_.StyleAt(cell.col, cell.row).hasColours;
+}
+
 // Headings differ from other cells of the same style, hence the sign.
 const CellPainter::Look& CellPainter::lookAt(int col, int row) {
   const bool isHeading = look_.isHeading(col, row);
@@ -58,7 +63,8 @@ void CellPainter::paintCell(const Span& col, const Span& row) {
   const QRect cell(col.start, row.start, col.size, row.size);
   const Look& look = lookAt(place.col, place.row);
   const bool inverted = isInverted(place);
-  painter_.fillRect(cell, inverted ? look_.colours.selectionPaper : look.paper);
+  const QColor& paper = isMarkedHeading(place) ? look_.colours.today : look.paper;
+  painter_.fillRect(cell, inverted ? look_.colours.selectionPaper : paper);
   if (look.style->border) bordered_.push_back({cell, look.style});
   const QString text = sheet_.GetCellText(place.col, place.row);
   if (text.isEmpty()) return;

@@ -54,6 +54,7 @@ class CellPainter {
   void paintLines(const std::vector<Span>& cols, const std::vector<Span>& rows);
   void paintBorder(const Bordered& bordered);
   bool isInverted(CellPlace cell) const;
+  bool isMarkedHeading(CellPlace cell) const;
 
   QPainter& painter_;
   const Sheet& sheet_;

@@ -12,7 +12,7 @@ GridColours coloursOf(const QPalette& palette) {
   colours.current = palette.color(QPalette::Highlight);
   colours.selectionText = palette.color(QPalette::HighlightedText);
   colours.selectionPaper = palette.color(QPalette::Highlight);
-  colours.today = palette.color(QPalette::Highlight);
+  colours.today = palette.color(QPalette::ToolTipBase);
   return colours;
 }
 

@@ -22,8 +22,11 @@ int lineHeightOf(const QFont& font) {
   return static_cast<int>(std::ceil(std::min(metrics.height(), info.pixelSize() * 1.4)));
 }
 
+// An empty last line would only push the others out of the middle.
 QString withSeparators(const QString& text) {
-  return text.left(kMostDrawn).replace(kLineBreak, QChar::LineSeparator);
+  QString drawn = text.left(kMostDrawn);
+  while (drawn.endsWith(kLineBreak)) drawn.chop(1);
+  return drawn.replace(kLineBreak, QChar::LineSeparator);
 }
 
 QTextOption optionFor(bool wraps) {

@@ -1,0 +1,70 @@
+#include "app/attach_windows.h"
+
+#include "app/about_window.h"
+#include "app/usage_notes_window.h"
+#include "board/week_board.h"
+#include "editors/activity_item_editor.h"
+#include "editors/memo_window.h"
+#include "editors/time_block_editor.h"
+#include "editors/week_name_editor.h"
+#include "planning/activity_plan_window.h"
+#include "planning/daily_plan_window.h"
+
+namespace vellora {
+namespace {
+
+// Opens a window over the board; returns when it has closed.
+template <typename Window>
+void open(WeekBoard& board, ApplicationState& state) {
+  Window window(state, &board);
+  window.Load();
+  window.ShowModal();
+}
+
+// These leave the board as it was until the next step or rebuild.
+template <typename Window>
+void attach(WeekBoard& board, ApplicationState& state, BoardCommand command) {
+  board.attachCommand(command, [&] { open<Window>(board, state); });
+}
+
+void openDailyPlan(WeekBoard& board, ApplicationState& state, QDate day) {
+  DailyPlanWindow window(state, board.firstDay(), &board);
+  window.Load();
+  window.setDate(day);
+  window.ShowModal();
+  board.setRedrawFlag();
+}
+
+void openActivityPlan(WeekBoard& board, ApplicationState& state, const QString& activity) {
+  ActivityPlanWindow window(state, &board);
+  window.Load();
+  window.chooseActivity(activity);
+  window.ShowModal();
+  board.setRedrawFlag();
+}
+
+void attachPlanning(WeekBoard& board, ApplicationState& state) {
+  board.attachCommand(BoardCommand::DailyPlan,
+                      [&] { openDailyPlan(board, state, board.firstDay()); });
+  board.attachCommand(BoardCommand::ActivityPlan, [&] {
+    open<ActivityPlanWindow>(board, state);
+    board.setRedrawFlag();
+  });
+  board.attachDayHeading([&](QDate day) { openDailyPlan(board, state, day); });
+  board.attachPlannedCell(
+      [&](const QString& activity) { openActivityPlan(board, state, activity); });
+}
+
+}  // namespace
+
+void attachWindows(WeekBoard& board, ApplicationState& state) {
+  attachPlanning(board, state);
+  attach<ActivityItemEditor>(board, state, BoardCommand::ActivityItems);
+  attach<TimeBlockEditor>(board, state, BoardCommand::TimeBlocks);
+  attach<WeekNameEditor>(board, state, BoardCommand::WeekNames);
+  attach<MemoWindow>(board, state, BoardCommand::Memo);
+  attach<UsageNotesWindow>(board, state, BoardCommand::UsageNotes);
+  attach<AboutWindow>(board, state, BoardCommand::About);
+}
+
+}  // namespace vellora

@@ -1,0 +1,14 @@
+#include "app/skin_setting.h"
+
+#include "store/statements.h"
+
+namespace vellora {
+
+void storeSkinPath(ScheduleStore& store, const QString& path) {
+  Recordset setting = store.open(statements::skinSetting());
+  setting.isEmpty() ? setting.addNew() : setting.edit();
+  setting.set(u"jm", path);
+  setting.update();
+}
+
+}  // namespace vellora

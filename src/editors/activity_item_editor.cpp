@@ -1,0 +1,263 @@
+#include "editors/activity_item_editor.h"
+
+#include "editors/category_legend.h"
+#include "editors/item_fields.h"
+#include "grid/surface/grid_surface.h"
+#include "routine/category.h"
+#include "shell/grid_keys.h"
+#include "store/store_error.h"
+
+#include <QComboBox>
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QSignalBlocker>
+#include <QVBoxLayout>
+
+namespace vellora {
+
+ActivityItemEditor::ActivityItemEditor(ApplicationState& state, QWidget* parent)
+    : PlannerWindow(state, parent),
+      catalogue_(state.Db),
+      filter_(new QComboBox(this)),
+      refresh_(makeButton(u"CmdSX"_qs, u"刷新"_qs)),
+      grid_(new GridSurface(this)),
+      fields_(new ItemFields(this)),
+      store_(makeButton(u"cmdOK"_qs, u"确定(&U)"_qs)),
+      cancel_(makeButton(u"cmdCancel"_qs, u"取消(&C)"_qs)),
+      add_(makeButton(u"CmdNEW"_qs, u"添加(&N)"_qs)),
+      delete_(makeButton(u"CmdDEL"_qs, u"删除(&D)"_qs)),
+      close_(makeButton(u"CmdEND"_qs, u"关闭(&Q) "_qs)) {
+  nameControls();
+  layOut();
+  connectControls();
+  new GridKeys(*grid_, state, [] { return u"活动项目"_qs; });
+}
+
+// Enter presses the button that has the focus, as it ends each field.
+QPushButton* ActivityItemEditor::makeButton(const QString& objectName, const QString& caption) {
+  auto* button = new QPushButton(caption, this);
+  button->setObjectName(objectName);
+  button->setAutoDefault(true);
+  return button;
+}
+
+void ActivityItemEditor::nameControls() {
+  setObjectName(u"ActivityItemEditor"_qs);
+  setWindowTitle(u"没置活动项目"_qs);
+  filter_->setObjectName(u"Combo2"_qs);
+  filter_->addItem(allCategoriesLabel());
+  for (const Category& category : categories()) filter_->addItem(category.label);
+  grid_->setObjectName(u"Cell1"_qs);
+  grid_->setAccessibleName(u"活动项目"_qs);
+  grid_->setRowNumbersVisible(false);
+  grid_->setEditable(false);
+}
+
+void ActivityItemEditor::layOut() {
+  auto* all = new QHBoxLayout(this);
+  all->addLayout(layOutList(), 1);
+  all->addSpacing(all->spacing());
+  all->addLayout(layOutItem());
+  resize(860, 560);
+}
+
+QBoxLayout* ActivityItemEditor::layOutList() {
+  auto* label = new QLabel(u"活动项目分类"_qs, this);
+  label->setBuddy(filter_);
+  auto* top = new QHBoxLayout;
+  top->addWidget(label);
+  top->addWidget(filter_);
+  top->addWidget(refresh_);
+  top->addStretch();
+  auto* list = new QVBoxLayout;
+  list->addLayout(top);
+  list->addWidget(grid_, 1);
+  return list;
+}
+
+QBoxLayout* ActivityItemEditor::layOutItem() {
+  auto* buttons = new QGridLayout;
+  buttons->addWidget(store_, 0, 0);
+  buttons->addWidget(cancel_, 0, 1);
+  buttons->addWidget(add_, 1, 0);
+  buttons->addWidget(delete_, 1, 1);
+  auto* item = new QVBoxLayout;
+  item->addWidget(fields_);
+  item->addSpacing(item->spacing());
+  item->addLayout(buttons);
+  item->addSpacing(item->spacing() * 2);
+  item->addWidget(new CategoryLegend(this));
+  item->addStretch();
+  item->addWidget(close_, 0, Qt::AlignRight);
+  return item;
+}
+
+void ActivityItemEditor::connectControls() {
+  connect(filter_, &QComboBox::activated, this, &ActivityItemEditor::filter);
+  connect(refresh_, &QPushButton::clicked, this, &ActivityItemEditor::filter);
+  connect(grid_, &GridSurface::CellEntered, this, &ActivityItemEditor::changeRow);
+  connect(grid_, &GridSurface::CellActivated, fields_, &ItemFields::focusCode);
+  connect(fields_, &ItemFields::edited, this, [this] { happened(ItemEvent::FieldsChanged); });
+  connect(fields_, &ItemFields::finished, this, [this] {
+    if (store_->isEnabled()) store_->setFocus();
+  });
+  connect(store_, &QPushButton::clicked, this, &ActivityItemEditor::store);
+  connect(cancel_, &QPushButton::clicked, this, &ActivityItemEditor::cancel);
+  connect(add_, &QPushButton::clicked, this, &ActivityItemEditor::startNew);
+  connect(delete_, &QPushButton::clicked, this, &ActivityItemEditor::remove);
+  connect(close_, &QPushButton::clicked, this, &QWidget::close);
+}
+
+void ActivityItemEditor::activate() {
+  unsetCursor();
+  setUpItemSheet(grid_->sheet());
+  filter_->setCurrentIndex(0);
+  filter();
+}
+
+void ActivityItemEditor::filter() {
+  try {
+    catalogue_.filter(filter_->currentText(), grid_->sheet());
+  } catch (const StoreError& error) {
+    prompts().warn(this, error.description());
+    return;
+  }
+  const QSignalBlocker allRowsAreNew(grid_);
+  grid_->Redraw();
+  grid_->SetCurrentCell(kItemCodeCol, 1);
+  grid_->SetCurrentCell(kItemCodeCol, 0);
+  changeRow(-1, grid_->CurrentRow());
+}
+
+// Goes to a row and follows there, however the grid tells of the steps of a move.
+void ActivityItemEditor::move(int left, int row) {
+  {
+    const QSignalBlocker ownMove(grid_);
+    grid_->SetCurrentCell(kItemCodeCol, row);
+  }
+  changeRow(left, grid_->CurrentRow());
+}
+
+// An added row that was never stored and the row of a deleted item go when they are left.
+void ActivityItemEditor::changeRow(int left, int entered) {
+  if (isNewRow(left)) {
+    entered = dropRow(left, entered);
+  } else if (left >= 0) {
+    suggested_code_ = suggestedCode(codeAt(left));
+  }
+  if (entered >= 0) showRow(entered);
+  happened(ItemEvent::EditEnded);
+}
+
+// Returns where the entered row is afterwards; −1 when none is left.
+int ActivityItemEditor::dropRow(int row, int entered) {
+  const QSignalBlocker ownMove(grid_);
+  grid_->DeleteRows(row, 1);
+  grid_->Redraw();
+  if (entered > row || entered >= grid_->Rows()) --entered;
+  grid_->SetCurrentCell(kItemCodeCol, entered);
+  return entered;
+}
+
+void ActivityItemEditor::showRow(int row) {
+  if (catalogue_.isEmpty()) return;
+  if (const auto item = catalogue_.find(codeAt(row))) {
+    fields_->showItem(*item);
+  } else {
+    fields_->showNew(suggested_code_);
+  }
+}
+
+QString ActivityItemEditor::codeAt(int row) const {
+  return row < 0 ? QString() : grid_->GetCellText(kItemCodeCol, row);
+}
+
+void ActivityItemEditor::startNew() {
+  const int left = grid_->CurrentRow();
+  const int row = left + 1;
+  {
+    const QSignalBlocker ownMove(grid_);
+    grid_->InsertRows(row, 1);
+    prepareNewItemRow(grid_->sheet(), row);
+    grid_->Redraw();
+  }
+  move(left, row);
+  happened(ItemEvent::NewStarted);
+  fields_->focusCode();
+}
+
+void ActivityItemEditor::store() {
+  const Item item = fields_->item();
+  const bool found = catalogue_.find(item.code).has_value();
+  const bool adding = mode_ == ItemMode::Adding;
+  const StoreStep step = storeStep(item, adding, isNewRow(grid_->CurrentRow()), found);
+  switch (step) {
+    case StoreStep::Incomplete:
+      fields_->focusCode();
+      break;
+    case StoreStep::CodeTaken:
+      prompts().warn(this, u"活动编号已经存在！"_qs);
+      fields_->focusCode();
+      break;
+    case StoreStep::CodeUnknown:
+      prompts().warn(this, u"活动编号没有找到！"_qs);
+      cancel();
+      break;
+    case StoreStep::NoCategory:
+      prompts().warn(this, u"请先选择活动类别，再保存活动项目。"_qs);
+      fields_->focusCategory();
+      break;
+    case StoreStep::Add:
+    case StoreStep::Change:
+      write(step, item);
+  }
+}
+
+void ActivityItemEditor::write(StoreStep step, const Item& item) {
+  try {
+    step == StoreStep::Add ? catalogue_.add(item) : catalogue_.change(item);
+  } catch (const StoreError& error) {
+    prompts().warn(this, error.description());
+    return;
+  }
+  showItem(grid_->sheet(), grid_->CurrentRow(), item);
+  cancel();
+}
+
+void ActivityItemEditor::cancel() {
+  grid_->Redraw();
+  if (const auto item = catalogue_.find(codeAt(grid_->CurrentRow()))) {
+    fields_->showItem(*item);
+  } else {
+    fields_->clear();
+  }
+  happened(ItemEvent::EditEnded);
+  add_->setFocus();
+}
+
+void ActivityItemEditor::remove() {
+  const int row = grid_->CurrentRow();
+  if (row < 0) return;
+  try {
+    if (!isNewRow(row) && catalogue_.find(codeAt(row))) catalogue_.remove();
+  } catch (const StoreError&) {
+    return;  // the item stays in the list, as it does in the schedule
+  }
+  grid_->SetCellText(kItemCodeCol, row, {});
+  grid_->HideRow(0, row);
+  move(row, row + 1 < grid_->Rows() ? row + 1 : grid_->Rows() - 2);
+}
+
+void ActivityItemEditor::happened(ItemEvent event) {
+  const bool hasItem = grid_->CurrentRow() >= 0 && !catalogue_.isEmpty();
+  mode_ = nextMode(mode_, event, !hasItem);
+  const ItemButtons buttons = buttonsIn(mode_, hasItem);
+  store_->setEnabled(buttons.storeAndCancel);
+  cancel_->setEnabled(buttons.storeAndCancel);
+  add_->setEnabled(buttons.add);
+  delete_->setEnabled(buttons.remove);
+}
+
+}  // namespace vellora

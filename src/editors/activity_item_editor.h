@@ -1,0 +1,69 @@
+#pragma once
+
+#include "editors/item_catalogue.h"
+#include "editors/item_states.h"
+#include "shell/planner_window.h"
+
+class QBoxLayout;
+class QComboBox;
+class QPushButton;
+
+namespace vellora {
+
+class GridSurface;
+class ItemFields;
+
+// Edits the catalogue of activity items one by one: the grid shows and selects them, the fields
+// take what is stored.
+class ActivityItemEditor : public PlannerWindow {
+  Q_OBJECT
+
+ public:
+  explicit ActivityItemEditor(ApplicationState& state, QWidget* parent = nullptr);
+
+ protected:
+  void activate() override;
+  void unload() override { catalogue_.close(); }
+  bool hasUnsavedTyping() const override { return mode_ != ItemMode::Browsing; }
+
+ private:
+  QPushButton* makeButton(const QString& objectName, const QString& caption);
+  void nameControls();
+  void layOut();
+  QBoxLayout* layOutList();
+  QBoxLayout* layOutItem();
+  void connectControls();
+
+  void filter();
+
+  void move(int left, int row);
+  void changeRow(int left, int entered);
+  int dropRow(int row, int entered);
+  void showRow(int row);
+  QString codeAt(int row) const;
+  bool isNewRow(int row) const { return row >= 0 && codeAt(row).isEmpty(); }
+
+  void startNew();
+  void store();
+  void write(StoreStep step, const Item& item);
+  void cancel();
+  void remove();
+
+  void happened(ItemEvent event);
+
+  ItemCatalogue catalogue_;
+  ItemMode mode_ = ItemMode::Browsing;
+  QString suggested_code_;
+
+  QComboBox* filter_;
+  QPushButton* refresh_;
+  GridSurface* grid_;
+  ItemFields* fields_;
+  QPushButton* store_;
+  QPushButton* cancel_;
+  QPushButton* add_;
+  QPushButton* delete_;
+  QPushButton* close_;
+};
+
+}  // namespace vellora

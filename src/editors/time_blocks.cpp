@@ -1,0 +1,32 @@
+#include "editors/time_blocks.h"
+
+#include "store/statements.h"
+
+namespace vellora {
+namespace {
+
+constexpr TableColumn kColumns[]{
+    {u"SJ0", u"开始时间", 85, CellContent::Time},
+    {u"SJ1", u"结束时间", 85, CellContent::Time},
+    {u"SJKH", u"时间块编号", 110, CellContent::Text},
+    {u"sjkm", u"时间块名称", 145, CellContent::Text},
+};
+
+constexpr WholeTable kTable{kColumns, statements::blocksByStart, statements::allBlocks,
+                            statements::deleteBlocks};
+
+}  // namespace
+
+void setUpTimeBlocks(Sheet& sheet) {
+  setUpSheet(sheet, kTable, kTimeBlockRows);
+}
+
+void LoadTimeBlocks(ScheduleStore& store, Sheet& sheet) {
+  loadTable(store, sheet, kTable, kTimeBlockRows, 0);
+}
+
+void SaveTimeBlocks(ScheduleStore& store, const Sheet& sheet) {
+  saveTable(store, sheet, kTable);
+}
+
+}  // namespace vellora

@@ -1,0 +1,51 @@
+#include "editors/week_bar.h"
+
+#include "shell/date_stepper.h"
+
+#include <QHBoxLayout>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace vellora {
+namespace {
+
+DateStepper* makeStepper(QWidget* parent) {
+  return new DateStepper({u"DTP1"_qs, u"Lxq"_qs, u"所选日期"_qs},
+                         {{u"Command3"_qs, u"上一周"_qs, {}, -7},
+                          {u"Command1"_qs, u"前一天"_qs, {}, -1},
+                          {u"Command2"_qs, u"后一天"_qs, {}, 1},
+                          {u"Command4"_qs, u"下一周"_qs, {}, 7}},
+                         parent);
+}
+
+}  // namespace
+
+WeekBar::WeekBar(QWidget* parent) : QWidget(parent), days_(makeStepper(this)) {
+  auto* pick = new QHBoxLayout;
+  pick->addWidget(days_);
+  pick->addStretch();
+  auto* add = new QHBoxLayout;
+  const auto addButton = [&](const QString& name, const QString& caption, auto signal) {
+    auto* button = new QPushButton(caption, this);
+    button->setObjectName(name);
+    connect(button, &QPushButton::clicked, this, signal);
+    add->addWidget(button);
+  };
+  addButton(u"CmdBR"_qs, u"添加本日"_qs, &WeekBar::addWeek);
+  addButton(u"CmdLX"_qs, u"连续添加"_qs, &WeekBar::addFollowingWeeks);
+  add->addStretch();
+  auto* lines = new QVBoxLayout(this);
+  lines->setContentsMargins({});
+  lines->addLayout(pick);
+  lines->addLayout(add);
+}
+
+QDate WeekBar::date() const {
+  return days_->date();
+}
+
+void WeekBar::setDate(QDate date) {
+  days_->setDate(date);
+}
+
+}  // namespace vellora

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QDate>
+#include <QWidget>
+
+namespace vellora {
+
+class DateStepper;
+
+// Picks the first day of a week, and adds it, or the weeks that follow, to a list.
+class WeekBar : public QWidget {
+  Q_OBJECT
+
+ public:
+  explicit WeekBar(QWidget* parent = nullptr);
+
+  QDate date() const;
+  void setDate(QDate date);
+
+ signals:
+  void addWeek();
+  void addFollowingWeeks();
+
+ private:
+  DateStepper* days_;
+};
+
+}  // namespace vellora

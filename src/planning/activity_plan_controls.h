@@ -1,0 +1,38 @@
+#pragma once
+
+class QLabel;
+class QLineEdit;
+class QListWidget;
+class QPlainTextEdit;
+class QPushButton;
+class QWidget;
+
+namespace vellora {
+
+class CountField;
+class DateStepper;
+class GridSurface;
+
+// What stands on the activity plan window, laid out in reading order: the activities, the day with
+// its blocks and what is planned on it, the plan grid with what is done to it.
+struct ActivityPlanControls {
+  explicit ActivityPlanControls(QWidget* window);
+
+  QListWidget* activities;
+  QLineEdit* chosen;
+  DateStepper* day;
+  QListWidget* blocks;
+  QPlainTextEdit* summary;
+  GridSurface* grid;
+  QLabel* unsaved;
+  CountField* days;
+  QPushButton* byDay;
+  CountField* weeks;
+  QPushButton* byWeek;
+  QPushButton* open;
+  QPushButton* save;
+  QPushButton* remove;
+  QPushButton* close;
+};
+
+}  // namespace vellora

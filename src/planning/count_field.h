@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QLabel>
+
+class QLineEdit;
+
+namespace vellora {
+
+// A label such as "共       天" with a text box in the gap between its two words, for a number that
+// its words belong to.
+class CountField : public QLabel {
+  Q_OBJECT
+
+ public:
+  // The text box gets its object name and its name for assistive tools.
+  CountField(const QString& words, const QString& objectName, const QString& accessibleName,
+             QWidget* parent = nullptr);
+
+  QLineEdit* box() const { return box_; }
+  QSize sizeHint() const override;
+  QSize minimumSizeHint() const override { return sizeHint(); }
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
+  void changeEvent(QEvent* event) override;
+
+ private:
+  void widenGap();
+
+  QLineEdit* box_;
+};
+
+}  // namespace vellora

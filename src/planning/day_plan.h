@@ -1,0 +1,40 @@
+#pragma once
+
+#include "grid/sheet/sheet.h"
+#include "planning/open_items.h"
+#include "planning/time_block_list.h"
+#include "store/schedule_store.h"
+
+#include <QDate>
+#include <QString>
+
+// The daily grid: one row per time block in the order of their start; the block's code is the tag
+// of the block column and the row's key.
+namespace vellora {
+
+enum DayColumn : int { kDayBlock, kDayActivity, kDayRequirement, kDayLevel, kDayCols };
+
+// Columns, headings, widths and looks.
+void setUpDayRows(Sheet& sheet);
+
+// A row for each block, nothing planned in it.
+void layOutBlockRows(Sheet& sheet, const TimeBlockList& blocks);
+
+// Shows the first entry of each row's block on the date, in its activity's colour. An activity that
+// is not among the items leaves the row's colours as they were. Throws StoreError and leaves the
+// grid as it was.
+void loadDayPlan(ScheduleStore& store, Sheet& sheet, QDate date, const QList<OpenItem>& items);
+
+// Plans an activity in a row; requirement and level keep what they held.
+void placeDayActivity(Sheet& sheet, int row, const OpenItem& item);
+
+// Makes the date's entries what the grid's rows say: the first entry of a block is changed, one is
+// added where there is none, and all are deleted where the row has no activity. A row that cannot
+// be saved ends the save; the rows above it stay saved. Everything else that fails saves nothing.
+// Returns what went wrong and in which block; empty when all was saved.
+QString saveDayPlan(ScheduleStore& store, const Sheet& sheet, QDate date);
+
+// "每日活动计划  2007年3月5日 星期一"
+QString dayPlanCaption(QDate date);
+
+}  // namespace vellora

@@ -1,0 +1,56 @@
+#include "planning/plan_entry.h"
+
+#include "routine/number_text.h"
+
+namespace vellora {
+namespace {
+
+double levelNumber(const PlanTexts& texts) {
+  return roundHalfEven(numericValue(texts.level));
+}
+
+bool isFilled(Recordset& entry) {
+  return entry.value(u"HDYQ").isValid() && entry.value(u"ZYDJ").isValid();
+}
+
+void store(Recordset& entry, const PlanTexts& texts) {
+  entry.set(u"hdmc", texts.activity);
+  entry.set(u"HDYQ", texts.requirement);
+  entry.set(u"ZYDJ", numericValue(texts.level));
+  entry.update();
+}
+
+}  // namespace
+
+bool areStoredAlike(const PlanTexts& one, const PlanTexts& other) {
+  return one.activity == other.activity && one.requirement == other.requirement &&
+         levelNumber(one) == levelNumber(other);
+}
+
+PlanTexts planTexts(Recordset& entry) {
+  return {entry.text(u"HDMC"), entry.text(u"HDYQ"), entry.text(u"ZYDJ")};
+}
+
+PlanTexts planTexts(RowCursor& entry) {
+  return {entry.text(u"HDMC"), entry.text(u"HDYQ"), entry.text(u"ZYDJ")};
+}
+
+void editPlan(Recordset& entry, const PlanTexts& texts) {
+  if (isFilled(entry) && areStoredAlike(planTexts(entry), texts)) return;
+  entry.edit();
+  store(entry, texts);
+}
+
+void addPlan(Recordset& entries, QDate date, const QString& code, const PlanTexts& texts) {
+  entries.addNew();
+  entries.set(u"RQ", date);
+  entries.set(u"SJKH", code);
+  store(entries, texts);
+}
+
+QString nothingSaved(const QString& failureInRow, const StoreError& error) {
+  if (failureInRow.isEmpty()) return error.description();
+  return failureInRow + u"\n这次保存没有写入任何内容。";
+}
+
+}  // namespace vellora

@@ -1,0 +1,68 @@
+#pragma once
+
+#include "grid/sheet/sheet.h"
+#include "planning/time_block_list.h"
+
+#include <QDate>
+
+#include <array>
+#include <optional>
+
+// The plan grid: one row per entry of one activity, spare rows below. The block's code is the tag
+// of the time column; rules read it there, never from the shown text.
+namespace vellora {
+
+enum PlanColumn : int {
+  kPlanDate,
+  kPlanTime,
+  kPlanActivity,
+  kPlanRequirement,
+  kPlanLevel,
+  kPlanCols,
+};
+inline constexpr int kSparePlanRows = 20;
+
+// Columns, headings, widths and an empty grid of spare rows.
+void setUpPlanRows(Sheet& sheet);
+
+// "2007-03-05", line break, weekday; empty for an invalid date.
+QString planDateCell(QDate date);
+
+// What a row's date cell says: its first ten characters, or its first line where that is how the
+// date was typed ("2007年12月15日"). The weekday behind it is for the eye only.
+QString planDateText(const Sheet& sheet, int row);
+std::optional<QDate> planDate(const Sheet& sheet, int row);
+
+// Fills date, time and activity; requirement and level keep what they held.
+void placePlanRow(Sheet& sheet, int row, QDate date, const TimeBlock& block,
+                  const QString& activity);
+
+// Adds a spare row when `row` is the last one; returns whether it did.
+bool keepSparePlanRow(Sheet& sheet, int row);
+
+// Writes the date into an empty date cell, for a user who begins to edit it.
+void proposePlanDate(Sheet& sheet, int col, int row, QDate date);
+
+// A row as it was, to be written into new rows: texts, tags and looks.
+class PlanRowCopy {
+ public:
+  PlanRowCopy(const Sheet& sheet, int row);
+
+  CellSettings& settings(PlanColumn col) { return cells_[col].settings; }
+  void setText(PlanColumn col, const QString& text) { cells_[col].text = text; }
+  // The row must be empty.
+  void writeTo(Sheet& sheet, int row) const;
+
+ private:
+  struct Cell {
+    QString text;
+    QString tag;
+    CellSettings settings;
+  };
+  std::array<Cell, kPlanCols> cells_;
+};
+
+// A copy of the row directly below it.
+void duplicatePlanRow(Sheet& sheet, int row);
+
+}  // namespace vellora

@@ -1,0 +1,27 @@
+#include "planning/time_block_list.h"
+
+#include "routine/calendar_text.h"
+#include "store/statements.h"
+
+namespace vellora {
+
+TimeBlockList::TimeBlockList(ScheduleStore& store) {
+  auto rows = store.open(statements::blocksByStart());
+  for (; !rows.atEnd(); rows.moveNext()) {
+    const QString hours = blockHours(rows.time(u"SJ0"), rows.time(u"SJ1"));
+    const QString name = rows.text(u"sjkm");
+    const TimeBlock block{rows.text(u"SJKH"), hours + kLineBreak + name, hours + u' ' + name};
+    if (!position_by_code_.contains(block.code)) position_by_code_[block.code] = blocks_.size();
+    blocks_.append(block);
+  }
+}
+
+const TimeBlock* TimeBlockList::at(qsizetype position) const {
+  return position >= 0 && position < blocks_.size() ? &blocks_[position] : nullptr;
+}
+
+const TimeBlock* TimeBlockList::find(const QString& code) const {
+  return at(position_by_code_.value(code, -1));
+}
+
+}  // namespace vellora

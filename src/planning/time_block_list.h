@@ -1,0 +1,37 @@
+#pragma once
+
+#include "store/schedule_store.h"
+
+#include <QHash>
+#include <QList>
+#include <QString>
+
+namespace vellora {
+
+// One division of the day. Its code is its key; the rest is shown.
+struct TimeBlock {
+  QString code;
+  QString cell;  // "08:00-09:30", line break, name: how a grid shows it
+  QString line;  // "08:00-09:30 name": how a list shows it
+};
+
+// The time blocks in ascending start time, as they were when the list was made.
+class TimeBlockList {
+ public:
+  TimeBlockList() = default;
+  // Throws StoreError.
+  explicit TimeBlockList(ScheduleStore& store);
+
+  qsizetype size() const { return blocks_.size(); }
+  auto begin() const { return blocks_.begin(); }
+  auto end() const { return blocks_.end(); }
+  // Null when there is no such position or code; of several blocks with one code, the first.
+  const TimeBlock* at(qsizetype position) const;
+  const TimeBlock* find(const QString& code) const;
+
+ private:
+  QList<TimeBlock> blocks_;
+  QHash<QString, qsizetype> position_by_code_;
+};
+
+}  // namespace vellora

@@ -1,0 +1,108 @@
+#include "app/start_up.h"
+
+#include "grid/surface/grid_surface.h"
+#include "support/failing_disk.h"
+#include "support/fixed_clock.h"
+#include "support/schedule_builder.h"
+#include "support/scripted_prompts.h"
+#include "support/store_fault.h"
+#include "support/text_output.h"
+
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+namespace vellora {
+namespace {
+
+const QDate kToday(2007, 3, 5);
+
+class StartUpTest : public testing::Test {
+ protected:
+  QString skinPathAtStart() {
+    const StartUp startUp(schedule_.folder(), prompts_, clock_);
+    return startUp.state().SkinPath;
+  }
+
+  test::ScheduleBuilder schedule_;
+  test::ScriptedPrompts prompts_;
+  test::FixedClock clock_{kToday};
+};
+
+QByteArray contentOf(const QString& path) {
+  QFile file(path);
+  return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+void write(const QString& path, const QByteArray& content) {
+  QFile file(path);
+  ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+  file.write(content);
+}
+
+}  // namespace
+
+TEST_F(StartUpTest, PutsOnTheDefaultSkinWhenNoneIsStored) {
+  EXPECT_EQ(skinPathAtStart(), schedule_.folder() + u"/KTZ0.SKN"_qs);
+}
+
+TEST_F(StartUpTest, PutsOnTheFirstStoredSkinAsItsPathStands) {
+  schedule_.skin(u"/皮肤/夜.skn"_qs).skin(u"/皮肤/日.skn"_qs);
+  EXPECT_EQ(skinPathAtStart(), u"/皮肤/夜.skn"_qs);
+}
+
+TEST_F(StartUpTest, ShowsTheBoardWithoutAWordWhenTheSkinIsMissing) {
+  schedule_.skin(u"/nowhere/missing.skn"_qs).fullDay(3);
+  StartUp startUp(schedule_.folder(), prompts_, clock_);
+  startUp.showBoard();
+  EXPECT_TRUE(startUp.board().isVisible());
+  EXPECT_EQ(startUp.board().findChild<GridSurface*>()->Rows(), 4);
+  EXPECT_TRUE(prompts_.warnings.isEmpty());
+}
+
+TEST_F(StartUpTest, RefusesAMissingScheduleAndCreatesNone) {
+  const QTemporaryDir empty;
+  const auto start = [&] { StartUp startUp(empty.path(), prompts_, clock_); };
+  EXPECT_EQ(test::faultOf(start), StoreFault::FileMissing);
+  EXPECT_FALSE(QFile::exists(empty.filePath(u"SY.mdb"_qs)));
+}
+
+TEST_F(StartUpTest, RefusesWhatIsNoScheduleInChineseAndLeavesItAsItWas) {
+  const QByteArray whole = contentOf(schedule_.path());
+  const QByteArray contents[]{QByteArray(), "no database at all", whole.first(whole.size() / 2),
+                              QByteArray(whole.size(), 'x')};
+  const QTemporaryDir folder;
+  const QString path = folder.filePath(u"SY.mdb"_qs);
+  for (const auto& content : contents) {
+    write(path, content);
+    const QString said =
+        test::descriptionOf([&] { StartUp startUp(folder.path(), prompts_, clock_); });
+    EXPECT_TRUE(said.endsWith(u'。')) << said.toStdString();
+    EXPECT_EQ(contentOf(path), content);
+  }
+}
+
+TEST_F(StartUpTest, NamesAMissingTableOrColumn) {
+  const auto said = [&] {
+    return test::descriptionOf([&] { StartUp startUp(schedule_.folder(), prompts_, clock_); });
+  };
+  schedule_.sql(u"ALTER TABLE MM RENAME TO MM_away"_qs);
+  EXPECT_TRUE(said().contains(u"“MM”"_qs)) << said().toStdString();
+  schedule_.sql(u"ALTER TABLE MM_away RENAME TO MM"_qs);
+  schedule_.sql(u"ALTER TABLE HD DROP COLUMN SFWC"_qs);
+  EXPECT_TRUE(said().contains(u"“SFWC”"_qs)) << said().toStdString();
+}
+
+TEST_F(StartUpTest, SaysAtOnceThatNothingCanBeSaved) {
+  schedule_.fullDay(2);
+  test::FailingDisk disk;
+  disk.makeReadOnly();
+  StartUp startUp(schedule_.folder(), prompts_, clock_);
+  startUp.showBoard();
+  EXPECT_EQ(startUp.board().findChild<GridSurface*>()->Rows(), 3);
+  ASSERT_EQ(prompts_.warnings.size(), 1);
+  EXPECT_TRUE(prompts_.warnings[0].contains(u"无法保存"_qs));
+}
+
+}  // namespace vellora

@@ -1,0 +1,106 @@
+#include "planning/day_plan.h"
+
+#include "planning_fixture.h"
+
+namespace vellora {
+
+using test::kMonday;
+
+class DayPlan : public test::PlanningTest {
+ protected:
+  // Row 0 is block 002, row 1 block 001.
+  void open(QDate date) {
+    setUpDayRows(sheet_);
+    layOutBlockRows(sheet_, TimeBlockList(*store_));
+    loadDayPlan(*store_, sheet_, date, readOpenItems(*store_));
+  }
+  void type(int row, const QString& activity, const QString& requirement, const QString& level) {
+    sheet_.SetCellText(kDayActivity, row, activity);
+    sheet_.SetCellText(kDayRequirement, row, requirement);
+    sheet_.SetCellText(kDayLevel, row, level);
+  }
+};
+
+TEST_F(DayPlan, ShowsEachBlockByStartWithItsFirstEntry) {
+  builder_.item(u"1"_qs, u"读书"_qs, u"2-学习"_qs, 0, 200)
+      .item(u"2"_qs, u"做完了"_qs, u"2-学习"_qs, 1, 300)
+      .plan(kMonday, u"001"_qs, u"读书"_qs, u"第一章"_qs, 3)
+      .plan(kMonday, u"001"_qs, u"第二个"_qs)
+      .plan(kMonday, u"002"_qs, u"做完了"_qs);
+  open(kMonday);
+  EXPECT_EQ(row(0), u"08:00-09:30/早读|做完了|要求|1"_qs);
+  EXPECT_EQ(row(1), u"20:00-21:00/晚间|读书|第一章|3"_qs);
+  EXPECT_FALSE(sheet_.StyleAt(kDayActivity, 0).hasColours);
+  EXPECT_EQ(sheet_.StyleAt(kDayLevel, 1).textColour, 200U);
+  loadDayPlan(*store_, sheet_, kMonday.addDays(1), {});
+  EXPECT_EQ(row(1), u"20:00-21:00/晚间|||"_qs);
+}
+
+TEST_F(DayPlan, OffersOnlyOpenItemsByNumber) {
+  builder_.item(u"002"_qs, u"乙"_qs).item(u"001"_qs, u"甲"_qs).item(u"003"_qs, u"丙"_qs, {}, 1);
+  const auto items = readOpenItems(*store_);
+  ASSERT_EQ(items.size(), 2);
+  EXPECT_EQ(items[0].name, u"甲"_qs);
+  EXPECT_EQ(items[1].name, u"乙"_qs);
+}
+
+TEST_F(DayPlan, PlacingKeepsRequirementAndLevel) {
+  open(kMonday);
+  type(1, u"旧"_qs, u"第一章"_qs, u"3"_qs);
+  placeDayActivity(sheet_, 1, {u"读书"_qs, 200});
+  EXPECT_EQ(row(1), u"20:00-21:00/晚间|读书|第一章|3"_qs);
+  EXPECT_EQ(sheet_.StyleAt(kDayRequirement, 1).textColour, 200U);
+}
+
+TEST_F(DayPlan, SavingChangesAddsAndDeletesTheEntriesOfItsDate) {
+  builder_.plan(kMonday, u"002"_qs, u"旧"_qs, u"旧"_qs, 9)
+      .plan(kMonday, u"002"_qs, u"第二个"_qs)
+      .plan(kMonday.addDays(1), u"001"_qs, u"别的日子"_qs);
+  open(kMonday);
+  type(0, u"自由文字"_qs, u""_qs, u"3级"_qs);
+  type(1, u"读书"_qs, u"第一章"_qs, u"高"_qs);
+  EXPECT_EQ(saveDayPlan(*store_, sheet_, kMonday), QString());
+  const QString otherDay = u"2007-03-06|001|别的日子|要求|1"_qs;
+  EXPECT_EQ(saved(),
+            (QStringList{u"2007-03-05|001|读书|第一章|0"_qs, u"2007-03-05|002|自由文字||3"_qs,
+                         u"2007-03-05|002|第二个|要求|1"_qs, otherDay}));
+  type(0, u""_qs, u"没有活动"_qs, u"2"_qs);
+  EXPECT_EQ(saveDayPlan(*store_, sheet_, kMonday), QString());
+  EXPECT_EQ(saved(), (QStringList{u"2007-03-05|001|读书|第一章|0"_qs, otherDay}));
+}
+
+TEST_F(DayPlan, ARowThatCannotBeSavedIsNamedAndTheRowsAboveStaySaved) {
+  builder_.plan(kMonday, u"001"_qs, u"旧"_qs, u"旧"_qs, 9);
+  open(kMonday);
+  type(0, u"读书"_qs, u"第一章"_qs, u"1"_qs);
+  type(1, u"跑步"_qs, u"五公里"_qs, u"99999999999"_qs);
+  const QString failure = saveDayPlan(*store_, sheet_, kMonday);
+  EXPECT_TRUE(failure.startsWith(u"20:00-21:00 晚间：")) << failure.toStdString();
+  EXPECT_TRUE(failure.contains(u"ZYDJ")) << failure.toStdString();
+  EXPECT_EQ(saved(),
+            (QStringList{u"2007-03-05|001|旧|旧|9"_qs, u"2007-03-05|002|读书|第一章|1"_qs}));
+}
+
+TEST_F(DayPlan, ALockedScheduleIsLeftAsItWas) {
+  open(kMonday);
+  type(0, u"读书"_qs, u""_qs, u""_qs);
+  ScheduleStore other = builder_.store();
+  const ScheduleStore::Transaction itsSave(other);
+  EXPECT_EQ(saveDayPlan(*store_, sheet_, kMonday), u"另一个程序正在使用日程文件，请稍后再试。"_qs);
+  EXPECT_EQ(saved(), QStringList());
+}
+
+TEST_F(DayPlan, WithoutBlocksThereAreNoRowsAndNothingIsSaved) {
+  store_->execute(statements::deleteBlocks());
+  builder_.plan(kMonday, u"001"_qs, u"读书"_qs);
+  open(kMonday);
+  EXPECT_EQ(sheet_.Rows(), 0);
+  EXPECT_EQ(saveDayPlan(*store_, sheet_, kMonday), QString());
+  EXPECT_EQ(saved().size(), 1);
+}
+
+TEST_F(DayPlan, TheCaptionNamesTheDate) {
+  EXPECT_EQ(dayPlanCaption(kMonday), u"每日活动计划  2007年3月5日 星期一"_qs);
+}
+
+}  // namespace vellora
