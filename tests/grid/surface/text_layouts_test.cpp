@@ -2,6 +2,8 @@
 
 #include "grid_hands.h"
 
+#include <QPainter>
+
 namespace vellora {
 namespace {
 
@@ -84,6 +86,24 @@ TEST_F(Layouts, PlaceLinesByTheirAlignment) {
   EXPECT_LT(leftEdge(Qt::AlignLeft), 2);
   EXPECT_NEAR(leftEdge(Qt::AlignHCenter), 100, 20);
   EXPECT_GT(leftEdge(Qt::AlignRight), 170);
+}
+
+TEST_F(Layouts, AreDrawnAtTheirHeightInTheRoom) {
+  const auto firstInk = [this](Qt::Alignment align) {
+    QImage image(100, 100, QImage::Format_RGB32);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    drawText(painter, layOut(u"国"_qs, 100, 1, false), image.rect(), align);
+    for (int y = 0; y < image.height(); ++y) {
+      for (int x = 0; x < image.width(); ++x) {
+        if (image.pixelColor(x, y).lightness() < 200) return y;
+      }
+    }
+    return -1;
+  };
+  EXPECT_LT(firstInk(Qt::AlignTop), 10);
+  EXPECT_NEAR(firstInk(Qt::AlignVCenter), 44, 5);
+  EXPECT_GT(firstInk(Qt::AlignBottom), 80);
 }
 
 }  // namespace
