@@ -16,7 +16,7 @@ inline FieldForm fieldForm(ColumnKind kind, const QString& name) {
     case ColumnKind::Int32:
       // Numbered by the database itself.
       return name.compare(u"ID"_qs, Qt::CaseInsensitive) == 0 ? FieldForm::LeftOut
-                                                               : FieldForm::Number;
+                                                              : FieldForm::Number;
     case ColumnKind::DateTime:
       return FieldForm::Moment;
     case ColumnKind::Text:

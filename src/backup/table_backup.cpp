@@ -35,7 +35,8 @@ qint64 TableReader::read(qint64 before, const BackupProgress& progress) {
   setUpColumns();
   int row = 0;
   for (; rows_.next(); ++row) {
-    if (row == kMaxRows) throw BackupError(BackupError::kTooManyRows, u"表“%1”的记录太多。"_qs.arg(table_));
+    if (row == kMaxRows)
+      throw BackupError(BackupError::kTooManyRows, u"表“%1”的记录太多。"_qs.arg(table_));
     if (row % kRowsPerStep == 0) {
       sheet_.SetRows(std::min(row, kMaxRows - kRowsPerStep) + kRowsPerStep);
       report(progress, {u"正在读取表 %1……"_qs.arg(table_), before + row});
@@ -68,9 +69,9 @@ void TableReader::readRow(int row) {
 // No value and an empty text would read the same afterwards.
 QString TableReader::textOf(int col, int row) {
   if (!rows_.value(col).isValid()) {
-    throw BackupError(BackupError::kTextMissing, u"表“%1”第 %2 条记录的“%3”没有值。"_qs.arg(table_)
-                                                     .arg(row + 1)
-                                                     .arg(rows_.columnName(col)));
+    throw BackupError(
+        BackupError::kTextMissing,
+        u"表“%1”第 %2 条记录的“%3”没有值。"_qs.arg(table_).arg(row + 1).arg(rows_.columnName(col)));
   }
   return rows_.text(col);
 }
@@ -121,10 +122,10 @@ qint64 BackupTables(ScheduleStore& store, Workbook& workbook, const QString& pat
                     const BackupProgress& progress) {
   Workbook backup;
   const qint64 total = readTables(store, backup, progress);
-  writeWorkbookFile(backup, path,
-                    [&] { report(progress, {u"正在写入备份文件……"_qs, total}); });
-  compareWithFile(backup, path,
-                  [&] { report(progress, {u"正在核对备份文件……"_qs, total, 0, false}); });
+  writeWorkbookFile(backup, path, [&] { report(progress, {u"正在写入备份文件……"_qs, total}); });
+  compareWithFile(backup, path, [&] {
+    report(progress, {u"正在核对备份文件……"_qs, total, 0, false});
+  });
   workbook = std::move(backup);
   return total;
 }

@@ -52,9 +52,9 @@ TableWriter::TableWriter(ScheduleStore& store, const QString& table, const Sheet
 void TableWriter::requireColumns() const {
   const int wanted = static_cast<int>(fields_.size());
   if (sheet_.Rows() == 0 || sheet_.Cols() == wanted) return;
-  throw BackupError(BackupError::kWrongColumns, u"备份中的表“%1”有 %2 列，日程表需要 %3 列。"_qs.arg(table_)
-                                                    .arg(sheet_.Cols())
-                                                    .arg(wanted));
+  throw BackupError(
+      BackupError::kWrongColumns,
+      u"备份中的表“%1”有 %2 列，日程表需要 %3 列。"_qs.arg(table_).arg(sheet_.Cols()).arg(wanted));
 }
 
 void TableWriter::run(Mode mode, const std::function<void(int)>& step) {
@@ -98,8 +98,9 @@ void requireBackup(const Workbook& backup, const QString& path) {
   for (int k = 0; k < restoredTables(backup); ++k) {
     const QString& table = backedUpTables()[static_cast<std::size_t>(k)];
     if (backup.SheetName(k).compare(table, Qt::CaseInsensitive) == 0) continue;
-    throw BackupError(BackupError::kNotABackup,
-                      u"文件“%1”不是日程表的备份：第 %2 张工作表不是“%3”。"_qs.arg(path).arg(k + 1).arg(table));
+    throw BackupError(
+        BackupError::kNotABackup,
+        u"文件“%1”不是日程表的备份：第 %2 张工作表不是“%3”。"_qs.arg(path).arg(k + 1).arg(table));
   }
 }
 
