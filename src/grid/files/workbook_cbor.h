@@ -33,8 +33,8 @@ namespace vellora {
 void encodeWorkbook(const Workbook& workbook, QCborStreamWriter& writer,
                     const std::function<bool()>& stops);
 
-// Throws MalformedContent.
-Workbook decodeWorkbook(CborInput& input);
+// Throws MalformedContent. Calls pulse() before each row.
+Workbook decodeWorkbook(CborInput& input, const std::function<void()>& pulse);
 
 inline constexpr std::size_t kMaxNumberedTexts = 65'536;
 inline constexpr int kMaxSheets = 1'000;

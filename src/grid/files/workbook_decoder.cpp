@@ -90,7 +90,8 @@ CellSettings readSettings(CborInput& input) {
 
 class SheetDecoder {
  public:
-  explicit SheetDecoder(CborInput& input) : input_(input) {}
+  SheetDecoder(CborInput& input, const std::function<void()>& pulse)
+      : input_(input), pulse_(pulse) {}
 
   QString name;
   Sheet sheet;
@@ -104,6 +105,7 @@ class SheetDecoder {
   QString text();
 
   CborInput& input_;
+  const std::function<void()>& pulse_;
   int nextRow_ = 0;
   std::vector<CellSettings> looks_;
   std::vector<QString> texts_;
@@ -119,7 +121,10 @@ void SheetDecoder::decode() {
   columns();
   sheet.SetRows(rows);
   input_.enterArray();
-  while (input_.hasNext()) row();
+  while (input_.hasNext()) {
+    pulse_();
+    row();
+  }
   input_.leave();
   input_.leave();
 }
@@ -192,11 +197,11 @@ PageSetup readPageSetup(CborInput& input) {
   return setup;
 }
 
-void readSheets(CborInput& input, Workbook& workbook) {
+void readSheets(CborInput& input, Workbook& workbook, const std::function<void()>& pulse) {
   input.enterArray();
   for (int index = 0; index == 0 || input.hasNext(); ++index) {
     if (index == kMaxSheets) throw MalformedContent();
-    SheetDecoder decoder(input);
+    SheetDecoder decoder(input, pulse);
     decoder.decode();
     if (index > 0) workbook.AddSheet(QString());
     workbook.SetSheetName(decoder.name, index);
@@ -207,12 +212,12 @@ void readSheets(CborInput& input, Workbook& workbook) {
 
 }  // namespace
 
-Workbook decodeWorkbook(CborInput& input) {
+Workbook decodeWorkbook(CborInput& input, const std::function<void()>& pulse) {
   Workbook workbook;
   input.enterArray();
   workbook.pageSetup = readPageSetup(input);
   const int current = small(input, kMaxSheets - 1);
-  readSheets(input, workbook);
+  readSheets(input, workbook, pulse);
   input.leave();
   if (current >= workbook.SheetCount()) throw MalformedContent();
   workbook.SetCurrentSheet(current);

@@ -23,6 +23,21 @@ constexpr qint64 kHeadSize = 10;
 constexpr qint64 kHashSize = 32;
 constexpr qint64 kPieceSize = 65'536;
 
+// Rows take microseconds; whoever shows progress need not hear of each.
+class SparePulse {
+ public:
+  explicit SparePulse(const std::function<void()>& pulse) : pulse_(pulse) {}
+
+  void operator()() {
+    constexpr int kRowsBetween = 256;
+    if (pulse_ && ++calls_ % kRowsBetween == 0) pulse_();
+  }
+
+ private:
+  std::function<void()> pulse_;
+  unsigned calls_ = 0;
+};
+
 FileError damaged(const QString& path) {
   return FileError(u"文件“%1”已损坏或不完整，无法读取。"_qs.arg(path));
 }
@@ -39,24 +54,25 @@ void openForReading(QFile& file, const QString& path) {
 }
 
 // Whether the file ends with the hash of what comes before.
-bool hasRightHash(QFile& file) {
+bool hasRightHash(QFile& file, const std::function<void()>& pulse) {
   QCryptographicHash hash(QCryptographicHash::Sha256);
   for (qint64 left = file.size() - kHashSize; left > 0;) {
     const QByteArray piece = file.read(std::min(left, kPieceSize));
     if (piece.isEmpty()) return false;
     hash.addData(piece);
     left -= piece.size();
+    if (pulse) pulse();
   }
   return file.read(kHashSize) == hash.result();
 }
 
-void checkWhole(QFile& file, const QString& path) {
+void checkWhole(QFile& file, const QString& path, const std::function<void()>& pulse) {
   const QByteArray magic = file.read(kMagic.size());
   if (magic != kMagic) {
     throw FileError(u"文件“%1”不是日程表的数据文件，无法读取。"_qs.arg(path));
   }
   file.seek(0);
-  if (file.size() < kHeadSize + kHashSize || !hasRightHash(file)) throw damaged(path);
+  if (file.size() < kHeadSize + kHashSize || !hasRightHash(file, pulse)) throw damaged(path);
   file.seek(kMagic.size());
   if (file.read(kVersion.size()) != kVersion) {
     throw FileError(u"文件“%1”由更新版本的程序写成，无法读取。"_qs.arg(path));
@@ -65,14 +81,14 @@ void checkWhole(QFile& file, const QString& path) {
 
 }  // namespace
 
-Workbook readWorkbookFile(const QString& path) {
+Workbook readWorkbookFile(const QString& path, const std::function<void()>& pulse) {
   QFile file;
   openForReading(file, path);
-  checkWhole(file, path);
+  checkWhole(file, path, pulse);
   const qint64 size = file.size() - kHeadSize - kHashSize;
   try {
     CborInput input(file, size);
-    Workbook workbook = decodeWorkbook(input);
+    Workbook workbook = decodeWorkbook(input, SparePulse(pulse));
     if (input.offset() != size) throw MalformedContent();
     return workbook;
   } catch (const MalformedContent&) {
@@ -80,7 +96,8 @@ Workbook readWorkbookFile(const QString& path) {
   }
 }
 
-void writeWorkbookFile(const Workbook& workbook, const QString& path) {
+void writeWorkbookFile(const Workbook& workbook, const QString& path,
+                       const std::function<void()>& pulse) {
   if (workbook.SheetCount() > kMaxSheets) {
     throw FileError(u"无法写入文件“%1”：工作表超过 %2 张。"_qs.arg(path).arg(kMaxSheets));
   }
@@ -89,7 +106,11 @@ void writeWorkbookFile(const Workbook& workbook, const QString& path) {
   hashed.write(kMagic.data(), kMagic.size());
   hashed.write(kVersion.data(), kVersion.size());
   QCborStreamWriter writer(&hashed);
-  encodeWorkbook(workbook, writer, [&file] { return file.hasFailed(); });
+  SparePulse spare(pulse);
+  encodeWorkbook(workbook, writer, [&] {
+    spare();
+    return file.hasFailed();
+  });
   file.write(hashed.finish());
   file.commit();
 }

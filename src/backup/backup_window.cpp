@@ -1,0 +1,181 @@
+#include "backup/backup_window.h"
+
+#include "backup/backup_error.h"
+#include "backup/backup_path.h"
+#include "backup/folder_list.h"
+#include "backup/table_backup.h"
+#include "backup/work_dialog.h"
+#include "grid/files/file_error.h"
+#include "grid/surface/grid_surface.h"
+#include "store/store_error.h"
+
+#include <QCloseEvent>
+#include <QComboBox>
+#include <QDir>
+#include <QFormLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPointer>
+#include <QPushButton>
+#include <QScreen>
+#include <QVBoxLayout>
+
+namespace vellora {
+namespace {
+
+template <typename Control>
+Control* named(Control* control, const QString& name, const QString& accessibleName) {
+  control->setObjectName(name);
+  control->setAccessibleName(accessibleName);
+  return control;
+}
+
+}  // namespace
+
+BackupWindow::BackupWindow(ApplicationState& state, QWidget* parent)
+    : PlannerWindow(state, parent),
+      drives_(named(new QComboBox(this), u"Drive1"_qs, u"驱动器"_qs)),
+      folders_(named(new FolderList(this), u"Dir1"_qs, u"文件夹"_qs)),
+      name_(named(new QLineEdit(this), u"Txt5"_qs, u"文件名"_qs)),
+      path_(named(new QLineEdit(this), u"Txt3"_qs, u"备份文件"_qs)),
+      grid_(named(new GridSurface(this), u"Cell1"_qs, u"备份内容"_qs)) {
+  setObjectName(u"BackupWindow"_qs);
+  setWindowTitle(u"数据备份恢复:请谨慎操作."_qs);
+  grid_->setEditable(false);
+  layOut();
+  drives_->addItems(backupDrives());
+  connect(drives_, &QComboBox::activated, this, &BackupWindow::goToDrive);
+  connect(folders_, &FolderList::pathChanged, this, &BackupWindow::showPath);
+  connect(name_, &QLineEdit::textChanged, this, &BackupWindow::showPath);
+}
+
+void BackupWindow::layOut() {
+  auto* all = new QVBoxLayout(this);
+  all->addLayout(makePlaces());
+  auto* content = new QLabel(u"备份内容:"_qs, this);
+  content->setBuddy(grid_);
+  all->addWidget(content);
+  all->addWidget(grid_, 1);
+  all->addLayout(makeButtons());
+  const QSize room = screen()->availableSize() * 9 / 10;
+  resize(QSize(640, 600).boundedTo(room));
+}
+
+QLayout* BackupWindow::makePlaces() {
+  auto* chosen = new QHBoxLayout;
+  chosen->addWidget(path_, 1);
+  chosen->addWidget(makeButton(u"cmdOPEN"_qs, u"打开(&F)…"_qs, &BackupWindow::chooseFile));
+  auto* places = new QFormLayout;
+  places->addRow(u"驱 动 器:"_qs, drives_);
+  places->addRow(u"文 件 夹:"_qs, folders_);
+  places->addRow(u"文 件 名:"_qs, name_);
+  places->addRow(u"备份文件:"_qs, chosen);
+  if (auto* label = qobject_cast<QLabel*>(places->labelForField(chosen))) label->setBuddy(path_);
+  folders_->setMinimumHeight(folders_->fontMetrics().lineSpacing() * 6);
+  return places;
+}
+
+QLayout* BackupWindow::makeButtons() {
+  auto* buttons = new QHBoxLayout;
+  buttons->addStretch();
+  buttons->addWidget(makeButton(u"cmdO"_qs, u"备份(&O)"_qs, &BackupWindow::backUp));
+  buttons->addWidget(makeButton(u"CmdI"_qs, u"恢复(&I)"_qs, &BackupWindow::restore));
+  auto* close = new QPushButton(u"关闭(&Q)"_qs, this);
+  close->setObjectName(u"CmdEND"_qs);
+  connect(close, &QPushButton::clicked, this, &QWidget::close);
+  buttons->addWidget(close);
+  return buttons;
+}
+
+QPushButton* BackupWindow::makeButton(const QString& name, const QString& caption,
+                                      void (BackupWindow::*act)()) {
+  auto* button = new QPushButton(caption, this);
+  button->setObjectName(name);
+  connect(button, &QPushButton::clicked, this, act);
+  return button;
+}
+
+void BackupWindow::load() {
+  const QString folder = state().programDir.isEmpty() ? QDir::homePath() : state().programDir;
+  drives_->setCurrentText(driveOf(folder, backupDrives()));
+  name_->setText(backupFileName(state().clock.today()));
+  folders_->setPath(folder);
+}
+
+// Closing in the middle of the work would take away what it reports to.
+void BackupWindow::closeEvent(QCloseEvent* event) {
+  if (busy_) {
+    event->ignore();
+  } else {
+    PlannerWindow::closeEvent(event);
+  }
+}
+
+void BackupWindow::showPath() {
+  path_->setText(joinedPath(folders_->path(), name_->text()));
+}
+
+void BackupWindow::goToDrive() {
+  folders_->setPath(drives_->currentText());
+}
+
+void BackupWindow::chooseFile() {
+  const QString chosen =
+      prompts().chooseFile(this, u"文件打开"_qs, u"日程表备份文件|*.KTZ"_qs, folders_->path());
+  if (!chosen.isEmpty()) path_->setText(chosen);
+}
+
+QString BackupWindow::file() const {
+  return systemPath(path_->text(), QDir::homePath());
+}
+
+void BackupWindow::backUp() {
+  run({u"备份已正确完成, 共 %1 条记录 ！"_qs, u"数据未能正确备份！"_qs},
+      [this](const BackupProgress& progress) {
+        return BackupTables(state().Db, grid_->workbook(), file(), progress);
+      });
+}
+
+void BackupWindow::restore() {
+  run({u"恢复已正确完成, 共 %1 条记录！"_qs, u"数据未能正确恢复！"_qs},
+      [this](const BackupProgress& progress) {
+        return RestoreTables(state().Db, grid_->workbook(), file(), progress);
+      });
+}
+
+void BackupWindow::run(const Wording& wording,
+                       const std::function<qint64(const BackupProgress&)>& job) {
+  const QPointer<QWidget> focus = focusWidget();
+  busy_ = true;
+  setEnabled(false);
+  work(wording, job);
+  setEnabled(true);
+  busy_ = false;
+  if (focus) focus->setFocus();
+}
+
+void BackupWindow::work(const Wording& wording,
+                        const std::function<qint64(const BackupProgress&)>& job) {
+  try {
+    WorkDialog dialog(this);
+    const qint64 total = job([&dialog](const BackupStep& step) { return dialog.show(step); });
+    dialog.hide();
+    grid_->Redraw();
+    prompts().warn(this, wording.done.arg(total));
+  } catch (const StoreError& error) {
+    tellFailure(wording, error.number(), error.description());
+  } catch (const BackupError& error) {
+    tellFailure(wording, error.number(), error.description());
+  } catch (const FileError& error) {
+    tellFailure(wording, BackupError::kFile, error.description());
+  } catch (const BackupGivenUp&) {
+    return;  // as the user wished
+  }
+}
+
+void BackupWindow::tellFailure(const Wording& wording, int number, const QString& description) {
+  prompts().warn(this,
+                 u"错误：%1 %2\n\n%3"_qs.arg(QString::number(number), description, wording.failed));
+}
+
+}  // namespace vellora

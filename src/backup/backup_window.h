@@ -1,0 +1,57 @@
+#pragma once
+
+#include "backup/backup_work.h"
+#include "shell/planner_window.h"
+
+#include <functional>
+
+class QComboBox;
+class QLineEdit;
+class QPushButton;
+
+namespace vellora {
+
+class FolderList;
+class GridSurface;
+
+// Copies the schedule's tables into a backup file and back. Whoever opens the window rebuilds what
+// shows the schedule after it has closed.
+class BackupWindow : public PlannerWindow {
+  Q_OBJECT
+
+ public:
+  explicit BackupWindow(ApplicationState& state, QWidget* parent = nullptr);
+
+ protected:
+  void load() override;
+  void closeEvent(QCloseEvent* event) override;
+
+ private:
+  struct Wording {
+    QString done;    // with %1 for the number of records
+    QString failed;  // follows the reason
+  };
+
+  void layOut();
+  QLayout* makePlaces();
+  QLayout* makeButtons();
+  QPushButton* makeButton(const QString& name, const QString& caption, void (BackupWindow::*act)());
+  void showPath();
+  void goToDrive();
+  void chooseFile();
+  void backUp();
+  void restore();
+  void run(const Wording& wording, const std::function<qint64(const BackupProgress&)>& work);
+  void work(const Wording& wording, const std::function<qint64(const BackupProgress&)>& work);
+  void tellFailure(const Wording& wording, int number, const QString& description);
+  QString file() const;
+
+  QComboBox* drives_;
+  FolderList* folders_;
+  QLineEdit* name_;
+  QLineEdit* path_;
+  GridSurface* grid_;
+  bool busy_ = false;
+};
+
+}  // namespace vellora

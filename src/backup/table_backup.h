@@ -1,0 +1,36 @@
+#pragma once
+
+#include "backup/backup_work.h"
+#include "grid/sheet/workbook.h"
+#include "store/schedule_store.h"
+
+#include <QString>
+
+#include <array>
+
+namespace vellora {
+
+// A backup is a workbook file whose sheets 0 to 4 hold the five tables in this order and are named
+// after them: one row per record, one column per field in the table's own order, no headings.
+// Integers and yes/no are numbers; texts, dates and times are texts with the text mark. A numeric
+// field named ID and fields of any other kind are left empty.
+inline const std::array<QString, 5>& backedUpTables() {
+  static const std::array<QString, 5> tables{u"SJ"_qs, u"HD"_qs, u"JH"_qs, u"BW"_qs, u"MM"_qs};
+  return tables;
+}
+
+// Both throw StoreError, FileError, BackupError and BackupGivenUp; they give the number of records
+// and leave the file's content in `workbook`, which stays as it was when they throw.
+
+// Replaces the file whole or not at all, then reads it back and compares it with the schedule.
+// `path` is one of the system's own.
+qint64 BackupTables(ScheduleStore& store, Workbook& workbook, const QString& path,
+                    const BackupProgress& progress = {});
+
+// Replaces all five tables or none: the file is checked, down to the last cell against its column,
+// before anything is deleted. Of a file with fewer sheets only the first tables are replaced. ID
+// columns get new numbers.
+qint64 RestoreTables(ScheduleStore& store, Workbook& workbook, const QString& path,
+                     const BackupProgress& progress = {});
+
+}  // namespace vellora

@@ -1,0 +1,50 @@
+#include "backup/work_dialog.h"
+
+#include <QCoreApplication>
+#include <QPushButton>
+
+#include <limits>
+
+namespace vellora {
+namespace {
+
+constexpr qint64 kPatience = 200;  // milliseconds until the dialog appears
+constexpr qint64 kBetween = 30;    // milliseconds from one look at the user to the next
+
+}  // namespace
+
+WorkDialog::WorkDialog(QWidget* parent)
+    : QProgressDialog(parent), cancel_(new QPushButton(u"取消"_qs, this)) {
+  setObjectName(u"WorkDialog"_qs);
+  setWindowTitle(parent->windowTitle());
+  setWindowModality(Qt::ApplicationModal);
+  setMinimumDuration(std::numeric_limits<int>::max());  // shown by show() alone
+  setAutoReset(false);
+  setAutoClose(false);
+  setMinimumWidth(360);
+  setCancelButton(cancel_);
+  reset();
+  begun_.start();
+  shown_.start();
+}
+
+bool WorkDialog::show(const BackupStep& step) {
+  if (shown_.elapsed() < kBetween) return !wasCanceled();
+  shown_.restart();
+  display(step);
+  const bool late = begun_.elapsed() >= kPatience;
+  if (late && !isVisible() && !wasCanceled()) QWidget::show();
+  QCoreApplication::processEvents(isVisible() ? QEventLoop::AllEvents
+                                              : QEventLoop::ExcludeUserInputEvents);
+  return !wasCanceled();
+}
+
+void WorkDialog::display(const BackupStep& step) {
+  cancel_->setEnabled(step.canStop);
+  setLabelText(step.total > 0 ? u"%1 %2 / %3"_qs.arg(step.what).arg(step.done).arg(step.total)
+                              : step.what + u' ' + QString::number(step.done));
+  setMaximum(static_cast<int>(step.total));
+  setValue(static_cast<int>(step.done));
+}
+
+}  // namespace vellora

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "backup/backup_work.h"
+
+#include <QElapsedTimer>
+#include <QProgressDialog>
+
+namespace vellora {
+
+// Keeps the program alive during long work on its only thread, and shows how far it is once that
+// takes longer than a moment. Its window must take no input meanwhile.
+class WorkDialog : public QProgressDialog {
+  Q_OBJECT
+
+ public:
+  explicit WorkDialog(QWidget* parent);
+
+  // To be called often; false once the user wants to give up.
+  bool show(const BackupStep& step);
+
+ private:
+  void display(const BackupStep& step);
+
+  QElapsedTimer begun_;
+  QElapsedTimer shown_;
+  QPushButton* cancel_;
+};
+
+}  // namespace vellora

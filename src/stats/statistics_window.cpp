@@ -1,0 +1,181 @@
+#include "stats/statistics_window.h"
+
+#include "grid/surface/grid_surface.h"
+#include "routine/category.h"
+#include "shell/grid_keys.h"
+#include "stats/time_use.h"
+#include "store/store_error.h"
+
+#include <QDateEdit>
+#include <QGridLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QScreen>
+
+#include <algorithm>
+#include <array>
+
+namespace vellora {
+namespace {
+
+constexpr int kTwipsPerPixel = 15;  // 1440 to the inch, at 96 pixels to the inch
+constexpr int kBarHeight = 195 / kTwipsPerPixel;
+constexpr int kFirstBarWidth = 3'000 / kTwipsPerPixel;
+
+QColor barColour(int index) {
+  const std::array<QColor, kCategoryCount> colours{QColor(255, 0, 0),   QColor(0, 0, 255),
+                                                   QColor(255, 255, 0), QColor(0, 192, 0),
+                                                   QColor(255, 0, 255), QColor(0, 0, 0)};
+  return colours[static_cast<std::size_t>(index)];
+}
+
+void fillWith(QWidget& widget, const QColor& colour) {
+  QPalette palette = widget.palette();
+  palette.setColor(QPalette::Window, colour);
+  widget.setPalette(palette);
+  widget.setAutoFillBackground(true);
+}
+
+QDateEdit* makePicker(const QString& name, QWidget* parent) {
+  auto* picker = new QDateEdit(parent);
+  picker->setObjectName(name);
+  picker->setDisplayFormat(u"yyyy-MM-dd"_qs);
+  picker->setCalendarPopup(true);
+  return picker;
+}
+
+// White whatever the skin, so that bars of every colour stand out.
+QFrame* makeTrack(QLabel* bar, QWidget* parent) {
+  auto* track = new QFrame(parent);
+  track->setFrameShape(QFrame::Box);
+  track->setFixedSize(kFullBar / kTwipsPerPixel + 2, kBarHeight + 2);
+  fillWith(*track, Qt::white);
+  bar->setParent(track);
+  bar->setGeometry(1, 1, kFirstBarWidth, kBarHeight);
+  return track;
+}
+
+}  // namespace
+
+StatisticsWindow::StatisticsWindow(ApplicationState& state, QWidget* parent)
+    : PlannerWindow(state, parent),
+      start_(makePicker(u"D1"_qs, this)),
+      end_(makePicker(u"D2"_qs, this)),
+      total_(new QLabel(u"作息总时数"_qs, this)),
+      grid_(new GridSurface(this)) {
+  setObjectName(u"StatisticsWindow"_qs);
+  setWindowTitle(u"Vellora日程表 统计分析"_qs);
+  total_->setObjectName(u"LbZSS"_qs);
+  grid_->setObjectName(u"Cell1"_qs);
+  grid_->setAccessibleName(u"统计表"_qs);
+  grid_->setEditable(false);
+  setUpTimeUse(grid_->sheet());
+  grid_->Redraw();
+  new GridKeys(*grid_, state, [] { return u"统计分析"_qs; });
+  layOut();
+}
+
+void StatisticsWindow::layOut() {
+  auto* all = new QVBoxLayout(this);
+  all->addLayout(makeRange());
+  all->addWidget(grid_, 1);
+  all->addWidget(total_);
+  all->addLayout(makeCategoryLines());
+  const QSize room = screen()->availableSize() * 9 / 10;
+  resize(QSize(680, 620).boundedTo(room));
+}
+
+QLayout* StatisticsWindow::makeRange() {
+  auto* compute = new QPushButton(u"统  计(&U)"_qs, this);
+  compute->setObjectName(u"Command1"_qs);
+  compute->setDefault(true);
+  connect(compute, &QPushButton::clicked, this, &StatisticsWindow::compute);
+  auto* close = new QPushButton(u"返  回(&Q)"_qs, this);
+  close->setObjectName(u"Command2"_qs);
+  connect(close, &QPushButton::clicked, this, &QWidget::close);
+  auto* range = new QHBoxLayout;
+  const auto addPicker = [&](const QString& caption, QDateEdit* picker) {
+    auto* label = new QLabel(caption, this);
+    label->setBuddy(picker);
+    picker->setAccessibleName(caption);
+    range->addWidget(label);
+    range->addWidget(picker);
+  };
+  addPicker(u"起始日期"_qs, start_);
+  addPicker(u"截止日期"_qs, end_);
+  range->addStretch();
+  range->addWidget(compute);
+  range->addWidget(close);
+  return range;
+}
+
+QGridLayout* StatisticsWindow::makeCategoryLines() {
+  auto* lines = new QGridLayout;
+  lines->setColumnStretch(2, 1);
+  for (int i = 0; i < kCategoryCount; ++i) {
+    lines_.push_back(makeCategoryLine(i));
+    const auto& label = categories()[static_cast<std::size_t>(i)].label;
+    lines->addWidget(new QLabel(label, this), i, 0);
+    lines->addWidget(makeTrack(lines_.back().bar, this), i, 1);
+    lines->addWidget(lines_.back().text, i, 2);
+  }
+  return lines;
+}
+
+StatisticsWindow::CategoryLine StatisticsWindow::makeCategoryLine(int index) {
+  const CategoryLine line{new QLabel(this), new QLabel(u"总用时"_qs, this)};
+  const QString& label = categories()[static_cast<std::size_t>(index)].label;
+  line.bar->setObjectName(u"LbTJ%1"_qs.arg(index));
+  line.bar->setAccessibleName(label + u"所占比例"_qs);
+  fillWith(*line.bar, barColour(index));
+  line.text->setObjectName(u"LbYS%1"_qs.arg(index));
+  return line;
+}
+
+void StatisticsWindow::load() {
+  const QDate today = state().clock.today();
+  start_->setDate(today.addMonths(-1));
+  end_->setDate(today.addMonths(1));
+}
+
+void StatisticsWindow::compute() {
+  setUpTimeUse(grid_->sheet());
+  try {
+    showTimeUse();
+  } catch (const StoreError& error) {
+    prompts().warn(this, error.description());
+  } catch (const NoPlannedTime& error) {
+    prompts().warn(this, error.description());
+  }
+  grid_->Redraw();
+}
+
+// Both sums are read from one view of the schedule, so that the percentages fit the total.
+void StatisticsWindow::showTimeUse() {
+  const QDate first = start_->date();
+  const QDate last = end_->date();
+  const ScheduleStore::ReadTransaction view(state().Db);
+  const auto uses = useByCategory(state().Db, first, last);
+  if (uses.empty()) return;
+  const qint64 total = totalMinutes(uses);
+  total_->setText(totalText(first, last, total));
+  showCategories(uses, total);
+  listActivities(grid_->sheet(), state().Db, first, last, total);
+}
+
+void StatisticsWindow::showCategories(const std::vector<CategoryUse>& uses, qint64 total) {
+  for (const CategoryLine& line : lines_) {
+    line.text->clear();
+    line.bar->resize(0, kBarHeight);
+  }
+  for (const CategoryUse& use : uses) {
+    const auto index = categoryIndex(use.label);
+    if (!index) continue;
+    const CategoryLine& line = lines_[static_cast<std::size_t>(*index)];
+    line.text->setText(shareText(use.minutes, total));
+    const int width = std::clamp(barWidth(use.minutes, total), 0, kFullBar);
+    line.bar->resize(width / kTwipsPerPixel, kBarHeight);
+  }
+}
+
+}  // namespace vellora

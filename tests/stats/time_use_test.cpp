@@ -1,0 +1,110 @@
+#include "stats/time_use.h"
+
+#include "routine/category.h"
+#include "support/schedule_builder.h"
+#include "support/text_output.h"
+
+#include <gtest/gtest.h>
+#include <map>
+#include <random>
+
+namespace vellora {
+namespace {
+
+const QDate kDay(2007, 3, 5);
+
+QStringList rowTexts(const Sheet& sheet, int row) {
+  QStringList texts;
+  for (int col = 0; col < sheet.Cols(); ++col) texts << sheet.GetCellText(col, row);
+  return texts;
+}
+
+}  // namespace
+
+TEST(TimeUse, RoundsSharesToTwoDecimalsWithTiesToTheEvenNeighbour) {
+  struct Case {
+    qint64 minutes;
+    qint64 total;
+    const char16_t* text;
+  };
+  for (const Case& c :
+       {Case{1, 4, u"25"}, Case{1, 8, u"12.5"}, Case{1, 3, u"33.33"}, Case{2, 3, u"66.67"},
+        Case{1, 32, u"3.12"}, Case{3, 32, u"9.38"}, Case{1, 20'000, u"0"}, Case{3, 20'000, u"0.02"},
+        Case{7, 7, u"100"}, Case{-1, 4, u"-25"}, Case{-5, -20, u"25"}}) {
+    EXPECT_EQ(percentText(c.minutes, c.total), QString::fromUtf16(c.text))
+        << c.minutes << '/' << c.total;
+  }
+}
+
+TEST(TimeUse, CutsBarsDownAndSplitsMinutesIntoHours) {
+  EXPECT_EQ(barWidth(1, 7), 514);
+  EXPECT_EQ(barWidth(7, 7), 3600);
+  EXPECT_EQ(durationText(59), u"0小时59分钟"_qs);
+  EXPECT_EQ(durationText(60'061), u"1001小时1分钟"_qs);
+  EXPECT_EQ(shareText(90, 360), u"共1小时30分钟 占25%"_qs);
+  EXPECT_EQ(totalText(kDay, kDay.addDays(1), 61),
+            u"从2007-03-05到2007-03-06作息总时间为:1小时1分钟"_qs);
+}
+
+TEST(TimeUse, RefusesSharesOfNothing) {
+  EXPECT_THROW(percentText(0, 0), NoPlannedTime);
+  EXPECT_THROW(barWidth(0, 0), NoPlannedTime);
+}
+
+TEST(TimeUse, CountsOnlyEntriesOfTheRangeWhoseBlockAndActivityExist) {
+  test::ScheduleBuilder builder;
+  builder.block(u"a"_qs, u"08:00:59"_qs, u"09:30:00"_qs)
+      .block(u"b"_qs, u"10:00:00"_qs, u"10:30:00"_qs);
+  builder.item(u"001"_qs, u"写'作"_qs).item(u"002"_qs, u"其他"_qs, u"杂项"_qs);
+  builder.plan(kDay, u"a"_qs, u"写'作"_qs).plan(kDay, u"b"_qs, u"写'作"_qs);
+  builder.plan(kDay, u"b"_qs, u"其他"_qs).plan(kDay, u"x"_qs, u"写'作"_qs);
+  builder.plan(kDay, u"a"_qs, u"已删"_qs).plan(kDay.addDays(1), u"a"_qs, u"写'作"_qs);
+  ScheduleStore store = builder.store();
+  const auto uses = useByCategory(store, kDay, kDay);
+  ASSERT_EQ(totalMinutes(uses), 150);
+
+  Sheet sheet;
+  setUpTimeUse(sheet);
+  listActivities(sheet, store, kDay, kDay, 150);
+  ASSERT_EQ(sheet.Rows(), 2);
+  EXPECT_EQ(rowTexts(sheet, 0),
+            QStringList({u"1-工作"_qs, u"写'作"_qs, u"2小时0分钟"_qs, u"2"_qs, u"80"_qs}));
+  EXPECT_EQ(rowTexts(sheet, 1),
+            QStringList({u"杂项"_qs, u"其他"_qs, u"0小时30分钟"_qs, u"1"_qs, u"20"_qs}));
+  EXPECT_EQ(sheet.StyleAt(1, 1).align, 33);
+  EXPECT_EQ(sheet.StyleAt(4, 1).align, 36);
+  EXPECT_TRUE(sheet.StyleAt(4, 1).border);
+  EXPECT_TRUE(useByCategory(store, kDay.addDays(1), kDay).empty()) << "reversed range";
+}
+
+TEST(TimeUse, AgreesWithARecountOfRandomPlans) {
+  std::mt19937 random(20070305);
+  test::ScheduleBuilder builder;
+  for (std::size_t i = 0; i < 12; ++i) {
+    builder.item(QString::number(i), u"活动%1"_qs.arg(i), categories()[i % 6].label);
+  }
+  std::map<QString, qint64> recount;
+  std::vector<int> lengths;
+  for (int i = 0; i < 10; ++i) {
+    lengths.push_back(static_cast<int>(random() % 120));
+    const QTime start(static_cast<int>(random() % 20), static_cast<int>(random() % 60));
+    builder.block(QString::number(i), start.toString(u"HH:mm:ss"),
+                  start.addSecs(lengths.back() * 60).toString(u"HH:mm:ss"));
+  }
+  for (int i = 0; i < 500; ++i) {
+    const QDate day = kDay.addDays(static_cast<int>(random() % 60) - 30);
+    const auto block = random() % 12;  // two of them do not exist
+    const auto item = random() % 12;
+    builder.plan(day, QString::number(block), u"活动%1"_qs.arg(item));
+    const bool counts = block < 10 && day >= kDay.addDays(-7) && day <= kDay.addDays(7);
+    if (counts) recount[categories()[item % 6].label] += lengths[block];
+  }
+  ScheduleStore store = builder.store();
+  std::map<QString, qint64> found;
+  for (const CategoryUse& use : useByCategory(store, kDay.addDays(-7), kDay.addDays(7))) {
+    found[use.label] = use.minutes;
+  }
+  EXPECT_EQ(found, recount);
+}
+
+}  // namespace vellora
