@@ -42,9 +42,10 @@ QLayout* AboutWindow::layOutTexts() {
   auto* title = makeProductTitle(24, this);
   title->setObjectName(u"Label1"_qs);
   auto* texts = new QVBoxLayout;
+  texts->setSpacing(6);
   texts->addWidget(title);
   texts->addWidget(makeLabel(versionLine(), this));
-  texts->addSpacing(texts->spacing() * 2);
+  texts->addSpacing(12);
   texts->addWidget(makeLabel(makersLine(), this));
   texts->addWidget(makeLabel(legalNotice(), this));
   texts->addStretch();

@@ -50,6 +50,7 @@ QLayout* makeNotes(QWidget* parent) {
 
 QLayout* makeMakersLines(QWidget* parent) {
   auto* lines = new QVBoxLayout;
+  lines->setSpacing(6);
   for (const auto& text : {programTitle(), versionLine(), makersLine()}) {
     lines->addWidget(new QLabel(text, parent), 0, Qt::AlignCenter);
   }

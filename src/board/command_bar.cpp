@@ -46,7 +46,7 @@ CommandBar::CommandBar(QWidget* parent) : QScrollArea(parent) {
     button->setObjectName(QString::fromUtf16(name));
     connect(button, &QPushButton::clicked, this,
             [this, which = command] { emit triggered(which); });
-    if (opensGroup) column->addSpacing(column->spacing() * 2);
+    if (opensGroup) column->addSpacing(12);
     column->addWidget(button);
     buttons_[static_cast<std::size_t>(command)] = button;
   }

@@ -21,21 +21,12 @@ namespace {
 
 constexpr int kBoardRowHeight = 38;  // two lines of the board's font
 
-DateStepper* makeStepper(QWidget* parent) {
-  return new DateStepper({u"D1"_qs, u"Lxq"_qs, u"起始日期"_qs},
-                         {{u"Cm1"_qs, u"<<"_qs, u"上一周"_qs, -7},
-                          {u"Cm2"_qs, u"<"_qs, u"前一天"_qs, -1},
-                          {u"Cm3"_qs, u">"_qs, u"后一天"_qs, 1},
-                          {u"Cm4"_qs, u">>"_qs, u"下一周"_qs, 7}},
-                         parent);
-}
-
 }  // namespace
 
 WeekBoard::WeekBoard(ApplicationState& state)
     : PlannerWindow(state),
       commands_(new CommandBar(this)),
-      days_(makeStepper(this)),
+      days_(makeArrowStepper({u"D1"_qs, u"Lxq"_qs, u"起始日期"_qs}, this)),
       week_name_(new QLabel(this)),
       grid_(new GridSurface(this)) {
   setObjectName(u"Form0"_qs);
@@ -61,7 +52,7 @@ WeekBoard::~WeekBoard() = default;
 void WeekBoard::layOut() {
   auto* top = new QHBoxLayout;
   top->addWidget(days_);
-  top->addSpacing(top->spacing() * 2);
+  top->addSpacing(16);
   top->addWidget(week_name_, 1);
   auto* right = new QVBoxLayout;
   right->addLayout(top);

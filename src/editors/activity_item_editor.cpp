@@ -16,6 +16,13 @@
 #include <QVBoxLayout>
 
 namespace vellora {
+namespace {
+
+constexpr int kControlGap = 8;  // pixels at 100 %
+constexpr int kGroupGap = 18;
+constexpr QSize kOpeningSize(760, 560);  // all columns, and twenty items
+
+}  // namespace
 
 ActivityItemEditor::ActivityItemEditor(ApplicationState& state, QWidget* parent)
     : PlannerWindow(state, parent),
@@ -58,20 +65,22 @@ void ActivityItemEditor::nameControls() {
 void ActivityItemEditor::layOut() {
   auto* all = new QHBoxLayout(this);
   all->addLayout(layOutList(), 1);
-  all->addSpacing(all->spacing());
+  all->setSpacing(kGroupGap);
   all->addLayout(layOutItem());
-  resize(860, 560);
+  resize(kOpeningSize);
 }
 
 QBoxLayout* ActivityItemEditor::layOutList() {
   auto* label = new QLabel(u"活动项目分类"_qs, this);
   label->setBuddy(filter_);
   auto* top = new QHBoxLayout;
+  top->setSpacing(kControlGap);
   top->addWidget(label);
   top->addWidget(filter_);
   top->addWidget(refresh_);
   top->addStretch();
   auto* list = new QVBoxLayout;
+  list->setSpacing(kControlGap);
   list->addLayout(top);
   list->addWidget(grid_, 1);
   return list;
@@ -79,15 +88,17 @@ QBoxLayout* ActivityItemEditor::layOutList() {
 
 QBoxLayout* ActivityItemEditor::layOutItem() {
   auto* buttons = new QGridLayout;
+  buttons->setSpacing(kControlGap);
   buttons->addWidget(store_, 0, 0);
   buttons->addWidget(cancel_, 0, 1);
   buttons->addWidget(add_, 1, 0);
   buttons->addWidget(delete_, 1, 1);
   auto* item = new QVBoxLayout;
+  item->setSpacing(0);
   item->addWidget(fields_);
-  item->addSpacing(item->spacing());
+  item->addSpacing(kGroupGap);
   item->addLayout(buttons);
-  item->addSpacing(item->spacing() * 2);
+  item->addSpacing(kGroupGap);
   item->addWidget(new CategoryLegend(this));
   item->addStretch();
   item->addWidget(close_, 0, Qt::AlignRight);

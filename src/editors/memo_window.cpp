@@ -14,15 +14,6 @@
 namespace vellora {
 namespace {
 
-DateStepper* makeStepper(QWidget* parent) {
-  return new DateStepper({u"D1"_qs, u"Lxq"_qs, u"备忘日期"_qs},
-                         {{u"Cm1"_qs, u"<<"_qs, u"上一周"_qs, -7},
-                          {u"Cm2"_qs, u"<"_qs, u"前一天"_qs, -1},
-                          {u"Cm3"_qs, u">"_qs, u"后一天"_qs, 1},
-                          {u"Cm4"_qs, u">>"_qs, u"下一周"_qs, 7}},
-                         parent);
-}
-
 QPlainTextEdit* makeTextBox(QWidget* parent) {
   auto* box = new QPlainTextEdit(parent);
   box->setObjectName(u"Text1"_qs);
@@ -36,7 +27,7 @@ QPlainTextEdit* makeTextBox(QWidget* parent) {
 
 MemoWindow::MemoWindow(ApplicationState& state, QWidget* parent)
     : PlannerWindow(state, parent),
-      days_(makeStepper(this)),
+      days_(makeArrowStepper({u"D1"_qs, u"Lxq"_qs, u"备忘日期"_qs}, this)),
       text_(makeTextBox(this)),
       update_(new QPushButton(u"更新(&U) "_qs, this)) {
   setObjectName(u"FormBWL"_qs);

@@ -7,20 +7,8 @@
 #include <QVBoxLayout>
 
 namespace vellora {
-namespace {
-
-DateStepper* makeStepper(QWidget* parent) {
-  return new DateStepper({u"DTP1"_qs, u"Lxq"_qs, u"所选日期"_qs},
-                         {{u"Command3"_qs, u"上一周"_qs, {}, -7},
-                          {u"Command1"_qs, u"前一天"_qs, {}, -1},
-                          {u"Command2"_qs, u"后一天"_qs, {}, 1},
-                          {u"Command4"_qs, u"下一周"_qs, {}, 7}},
-                         parent);
-}
-
-}  // namespace
-
-WeekBar::WeekBar(QWidget* parent) : QWidget(parent), days_(makeStepper(this)) {
+WeekBar::WeekBar(QWidget* parent)
+    : QWidget(parent), days_(makeWordStepper({u"DTP1"_qs, u"Lxq"_qs, u"所选日期"_qs}, this)) {
   auto* pick = new QHBoxLayout;
   pick->addWidget(days_);
   pick->addStretch();

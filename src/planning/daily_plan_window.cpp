@@ -16,23 +16,10 @@
 #include <QSignalBlocker>
 
 namespace vellora {
-namespace {
-
-DateStepper* makeStepper(QWidget* parent) {
-  return new DateStepper({u"DTP1"_qs, u"Lxq"_qs, u"计划日期"_qs},
-                         {{u"Command3"_qs, u"上一周"_qs, {}, -7},
-                          {u"Command1"_qs, u"前一天"_qs, {}, -1},
-                          {u"Command2"_qs, u"后一天"_qs, {}, 1},
-                          {u"Command4"_qs, u"下一周"_qs, {}, 7}},
-                         parent);
-}
-
-}  // namespace
-
 DailyPlanWindow::DailyPlanWindow(ApplicationState& state, QDate firstDay, QWidget* parent)
     : PlannerWindow(state, parent),
       first_day_(firstDay),
-      day_(makeStepper(this)),
+      day_(makeWordStepper({u"DTP1"_qs, u"Lxq"_qs, u"计划日期"_qs}, this)),
       grid_(new GridSurface(this)),
       items_list_(makeNameList(u"List1"_qs, u"活动项目"_qs, this)),
       unsaved_(new QLabel(this)),

@@ -1,5 +1,6 @@
 #include "planning/day_plan.h"
 
+#include "planning/list_columns.h"
 #include "planning/plan_entry.h"
 #include "routine/calendar_text.h"
 #include "store/statements.h"
@@ -10,14 +11,9 @@
 namespace vellora {
 namespace {
 
-constexpr int kTwoLineRow = 38;   // pixels
 constexpr int kRowsAtFirst = 50;  // until the blocks are laid out
 
-struct ColumnLook {
-  const char16_t* heading;
-  int width;
-};
-constexpr ColumnLook kColumns[kDayCols]{
+constexpr ListColumn kColumns[kDayCols]{
     {u"时间", 140}, {u"内容", 150}, {u"要求", 150}, {u"等级", 80}};
 
 PlanTexts textsInRow(const Sheet& sheet, int row) {
@@ -85,16 +81,7 @@ QString saveRows(ScheduleStore& store, const Sheet& sheet, QDate date) {
 void setUpDayRows(Sheet& sheet) {
   sheet.SetCols(kDayCols);
   sheet.SetRows(kRowsAtFirst);
-  sheet.SetDefaultFont(8, kFontRegular, u"宋体"_qs);
-  sheet.SetDefaultRowHeight(kTwoLineRow);
-  for (int col = 0; col < kDayCols; ++col) {
-    sheet.SetCellText(col, kHeadingRow, QString::fromUtf16(kColumns[col].heading));
-    sheet.SetCellAlign(col, kHeadingRow, kAlignCentred);
-    sheet.SetCellAlign(col, kEveryRow, kAlignCentred);
-    sheet.SetCellInput(col, kEveryRow, 1);
-    sheet.SetCellWrap(col, kEveryRow, true);
-    sheet.SetColumnWidth(col, kColumns[col].width);
-  }
+  setUpListColumns(sheet, kColumns);
   sheet.SetCellOption(kDayActivity, kEveryRow, 1);
   sheet.SetCellOption(kDayRequirement, kEveryRow, 1);
 }

@@ -1,5 +1,6 @@
 #include "planning/plan_rows.h"
 
+#include "planning/list_columns.h"
 #include "routine/calendar_text.h"
 #include "store/moment.h"
 
@@ -7,13 +8,7 @@ namespace vellora {
 namespace {
 
 constexpr int kDateLength = 10;  // characters of yyyy-MM-dd
-constexpr int kTwoLineRow = 38;  // pixels
-
-struct ColumnLook {
-  const char16_t* heading;
-  int width;
-};
-constexpr ColumnLook kColumns[kPlanCols]{
+constexpr ListColumn kColumns[kPlanCols]{
     {u"日期", 120}, {u"时间", 120}, {u"内容", 150}, {u"要求", 100}, {u"等级", 50}};
 
 }  // namespace
@@ -21,18 +16,9 @@ constexpr ColumnLook kColumns[kPlanCols]{
 void setUpPlanRows(Sheet& sheet) {
   sheet.SetCols(kPlanCols);
   sheet.SetRows(kSparePlanRows);
-  sheet.SetDefaultFont(8, kFontRegular, u"宋体"_qs);
-  sheet.SetDefaultRowHeight(kTwoLineRow);
-  for (int col = 0; col < kPlanCols; ++col) {
-    sheet.SetCellText(col, kHeadingRow, QString::fromUtf16(kColumns[col].heading));
-    sheet.SetCellAlign(col, kHeadingRow, kAlignCentred);
-    sheet.SetCellAlign(col, kEveryRow, kAlignCentred);
-    sheet.SetCellInput(col, kEveryRow, 1);
-    sheet.SetCellWrap(col, kEveryRow, true);
-    sheet.SetColumnWidth(col, kColumns[col].width);
-    // Only the level may be taken for a number.
-    if (col != kPlanLevel) sheet.SetCellOption(col, kEveryRow, 1);
-  }
+  setUpListColumns(sheet, kColumns);
+  // Only the level may be taken for a number.
+  for (int col = 0; col < kPlanLevel; ++col) sheet.SetCellOption(col, kEveryRow, 1);
 }
 
 QString planDateCell(QDate date) {

@@ -76,4 +76,22 @@ void DateStepper::showWeekday() {
   weekday_->setText(weekdayName(date()));
 }
 
+DateStepper* makeArrowStepper(const DateStepper::Names& names, QWidget* parent) {
+  return new DateStepper(names,
+                         {{u"Cm1"_qs, u"<<"_qs, u"上一周"_qs, -7},
+                          {u"Cm2"_qs, u"<"_qs, u"前一天"_qs, -1},
+                          {u"Cm3"_qs, u">"_qs, u"后一天"_qs, 1},
+                          {u"Cm4"_qs, u">>"_qs, u"下一周"_qs, 7}},
+                         parent);
+}
+
+DateStepper* makeWordStepper(const DateStepper::Names& names, QWidget* parent) {
+  return new DateStepper(names,
+                         {{u"Command3"_qs, u"上一周"_qs, {}, -7},
+                          {u"Command1"_qs, u"前一天"_qs, {}, -1},
+                          {u"Command2"_qs, u"后一天"_qs, {}, 1},
+                          {u"Command4"_qs, u"下一周"_qs, {}, 7}},
+                         parent);
+}
+
 }  // namespace vellora

@@ -46,4 +46,9 @@ class DateStepper : public QWidget {
   QLabel* weekday_;
 };
 
+// With the buttons Cm1 to Cm4: << < > >>.
+DateStepper* makeArrowStepper(const DateStepper::Names& names, QWidget* parent);
+// With the buttons Command1 to Command4: 前一天 后一天 上一周 下一周.
+DateStepper* makeWordStepper(const DateStepper::Names& names, QWidget* parent);
+
 }  // namespace vellora
