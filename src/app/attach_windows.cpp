@@ -2,6 +2,7 @@
 
 #include "app/about_window.h"
 #include "app/usage_notes_window.h"
+#include "backup/backup_window.h"
 #include "board/week_board.h"
 #include "editors/activity_item_editor.h"
 #include "editors/memo_window.h"
@@ -9,6 +10,7 @@
 #include "editors/week_name_editor.h"
 #include "planning/activity_plan_window.h"
 #include "planning/daily_plan_window.h"
+#include "stats/statistics_window.h"
 
 namespace vellora {
 namespace {
@@ -59,10 +61,15 @@ void attachPlanning(WeekBoard& board, ApplicationState& state) {
 
 void attachWindows(WeekBoard& board, ApplicationState& state) {
   attachPlanning(board, state);
+  attach<StatisticsWindow>(board, state, BoardCommand::Statistics);
   attach<ActivityItemEditor>(board, state, BoardCommand::ActivityItems);
   attach<TimeBlockEditor>(board, state, BoardCommand::TimeBlocks);
   attach<WeekNameEditor>(board, state, BoardCommand::WeekNames);
   attach<MemoWindow>(board, state, BoardCommand::Memo);
+  board.attachCommand(BoardCommand::Backup, [&] {
+    open<BackupWindow>(board, state);
+    board.setRedrawFlag();
+  });
   attach<UsageNotesWindow>(board, state, BoardCommand::UsageNotes);
   attach<AboutWindow>(board, state, BoardCommand::About);
 }

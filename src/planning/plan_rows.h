@@ -48,8 +48,10 @@ class PlanRowCopy {
  public:
   PlanRowCopy(const Sheet& sheet, int row);
 
-  CellSettings& settings(PlanColumn col) { return cells_[col].settings; }
-  void setText(PlanColumn col, const QString& text) { cells_[col].text = text; }
+  CellSettings& settings(PlanColumn col) { return cells_[static_cast<std::size_t>(col)].settings; }
+  void setText(PlanColumn col, const QString& text) {
+    cells_[static_cast<std::size_t>(col)].text = text;
+  }
   // The row must be empty.
   void writeTo(Sheet& sheet, int row) const;
 

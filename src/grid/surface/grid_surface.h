@@ -66,6 +66,10 @@ class GridSurface : public QTableView {
   // Throw FileError and leave the workbook, or the file, as it was.
   void OpenFile(const QString& path);
   void SaveFile(const QString& path) const;
+  // Write the current sheet, entitled with the file's name. 1 on success; otherwise the old file,
+  // if any, stays and the reason is given.
+  int ExportHtml(const QString& path, QString* reason = nullptr) const;
+  int ExportExcel(const QString& path, QString* reason = nullptr) const;
   void PrintSheet(bool board);
   void PrintBoard(bool board);
   void AddSheet(const QString& name, int count);

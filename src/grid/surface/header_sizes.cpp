@@ -47,7 +47,6 @@ void HeaderSizes::listen(QHeaderView* header, void (HeaderSizes::*dragged)(int, 
 
 void HeaderSizes::apply(const Sheet& sheet) {
   const QScopedValueRollback applying(isApplying_, true);
-  applyDefaultHeight(sheet);
   applyHeights(sheet);
   applyWidths(sheet);
 }

@@ -21,7 +21,8 @@ class HeaderSizes : public QObject {
   explicit HeaderSizes(QTableView& view);
 
   void setSharesWidth(bool on) { sharesWidth_ = on; }
-  // Makes rows and columns as large as the sheet says, at least one line of text high.
+  // Makes rows and columns as large as the sheet says, at least one line of text high; follows
+  // applyDefaultHeight().
   void apply(const Sheet& sheet);
   void applyWidths(const Sheet& sheet);
   // Costs nothing before the view knows of its rows, and touches each of them afterwards.

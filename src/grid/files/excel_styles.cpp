@@ -1,0 +1,160 @@
+#include "grid/files/excel_styles.h"
+
+#include "grid/files/file_error.h"
+
+#include <algorithm>
+
+namespace vellora {
+namespace {
+
+constexpr quint16 kFont = 0x0031;
+constexpr quint16 kFormat = 0x00E0;  // XF
+constexpr quint16 kStyle = 0x0293;
+constexpr quint16 kPalette = 0x0092;
+
+// By tradition four fonts and fifteen style formats come first, and there is no font 4.
+constexpr int kBasicFonts = 4;
+constexpr int kFirstOwnFont = 5;
+constexpr int kStyleFormats = ExcelStyles::kPlainFormat;
+constexpr int kMaxFonts = 500;
+constexpr int kMaxFormats = 4'000;
+
+constexpr quint16 kAutomaticColour = 0x7FFF;
+constexpr quint8 kChineseCharset = 134;
+constexpr quint16 kNumberFormatGeneral = 0;
+constexpr quint16 kNumberFormatText = 49;
+constexpr quint16 kNoFill = 64U | 65U << 7U;
+
+QByteArray fontRecord(const CellFont& font, quint16 colour) {
+  const bool isBold = (font.style & kFontBold) != 0;
+  BiffStream stream;
+  stream.begin(kFont);
+  stream.put16(static_cast<quint16>(std::clamp(font.size, 1, 409) * 20));
+  stream.put16(0);
+  stream.put16(colour);
+  stream.put16(isBold ? 700 : 400);
+  stream.put32(0);  // neither raised nor underlined, no family
+  stream.put8(kChineseCharset);
+  stream.put8(0);
+  stream.putShortText(QStringView(font.face).left(31));
+  stream.end();
+  return stream.bytes();
+}
+
+quint8 alignmentOf(const CellStyle& style) {
+  unsigned across = 0;
+  if ((style.align & kAlignLeft) != 0) across = 1;
+  if ((style.align & kAlignCentre) != 0) across = 2;
+  if ((style.align & kAlignRight) != 0) across = 3;
+  unsigned down = 1;
+  if ((style.align & kAlignTop) != 0) down = 0;
+  if ((style.align & kAlignBottom) != 0) down = 2;
+  return static_cast<quint8>(across | (style.wrap ? 8U : 0U) | down << 4U);
+}
+
+unsigned lineOf(const CellStyle& style) {
+  if (!style.border || style.borderWidth <= 0) return 0;
+  constexpr unsigned kThin = 1;
+  constexpr unsigned kMedium = 2;
+  constexpr unsigned kThick = 5;
+  if (style.borderWidth == 1) return kThin;
+  return style.borderWidth == 2 ? kMedium : kThick;
+}
+
+void writeBasicFormat(BiffStream& stream, bool isStyle, bool isFirst) {
+  stream.begin(kFormat);
+  stream.put32(0);
+  stream.put16(isStyle ? 0xFFF5 : 0x0001);
+  stream.put8(0x20);
+  stream.put16(0);
+  stream.put8(isStyle && !isFirst ? 0xF4 : 0);
+  stream.putZeros(8);
+  stream.put16(kNoFill);
+  stream.end();
+}
+
+}  // namespace
+
+int ExcelStyles::Records::numberOf(const QByteArray& record) {
+  const auto found = numbers.constFind(record);
+  if (found != numbers.constEnd()) return *found;
+  const int next = static_cast<int>(numbers.size());
+  numbers.insert(record, next);
+  bytes.append(record);
+  return next;
+}
+
+quint16 ExcelStyles::formatOf(int col, int row) {
+  const auto style = static_cast<std::size_t>(sheet_.StyleNumberAt(col, row));
+  if (style >= known_.size()) known_.resize(style + 1);
+  if (known_[style] == 0) known_[style] = makeFormat(col, row);
+  return known_[style];
+}
+
+quint16 ExcelStyles::makeFormat(int col, int row) {
+  const int number = formats_.numberOf(formatRecord(sheet_.StyleAt(col, row)));
+  if (number >= kMaxFormats || fonts_.numbers.size() > kMaxFonts) {
+    throw FileError(u"表格的单元格样式太多，Excel 文件放不下。"_qs);
+  }
+  return static_cast<quint16>(kPlainFormat + 1 + number);
+}
+
+quint16 ExcelStyles::fontOf(const CellStyle& style) {
+  const auto colour = style.hasColours ? static_cast<quint16>(palette_.indexOf(style.textColour))
+                                       : kAutomaticColour;
+  return static_cast<quint16>(kFirstOwnFont + fonts_.numberOf(fontRecord(style.font, colour)));
+}
+
+QByteArray ExcelStyles::formatRecord(const CellStyle& style) {
+  const unsigned line = lineOf(style);
+  const unsigned lineColour = line == 0 ? 0 : palette_.indexOf(style.borderColour);
+  const unsigned solid = style.hasColours ? 1U << 26U : 0;
+  BiffStream stream;
+  stream.begin(kFormat);
+  stream.put16(fontOf(style));
+  stream.put16(style.option == 1 ? kNumberFormatText : kNumberFormatGeneral);
+  stream.put16(0x0001);  // a cell format below the first style
+  stream.put8(alignmentOf(style));
+  stream.put16(0);
+  stream.put8(0xFC);  // says everything itself
+  stream.put32(line * 0x1111U | lineColour << 16U | lineColour << 23U);
+  stream.put32(lineColour | lineColour << 7U | solid);
+  stream.put16(style.hasColours
+                   ? static_cast<quint16>(palette_.indexOf(style.backColour) | 65U << 7U)
+                   : kNoFill);
+  stream.end();
+  return stream.bytes();
+}
+
+bool ExcelStyles::showsWhenEmpty(int col, int row) const {
+  const CellStyle& style = sheet_.StyleAt(col, row);
+  return style.hasColours || lineOf(style) != 0;
+}
+
+void ExcelStyles::writeFonts(BiffStream& stream) const {
+  const CellFont basic{u"宋体"_qs, 12, kFontRegular};
+  for (int font = 0; font < kBasicFonts; ++font) stream.append(fontRecord(basic, kAutomaticColour));
+  stream.append(fonts_.bytes);
+}
+
+void ExcelStyles::writeFormats(BiffStream& stream) const {
+  for (int format = 0; format < kStyleFormats; ++format) {
+    writeBasicFormat(stream, true, format == 0);
+  }
+  writeBasicFormat(stream, false, false);
+  stream.append(formats_.bytes);
+  stream.begin(kStyle);
+  stream.put16(0x8000);  // built in, format 0
+  stream.put8(0);
+  stream.put8(0xFF);
+  stream.end();
+}
+
+void ExcelStyles::writePalette(BiffStream& stream) const {
+  stream.begin(kPalette);
+  stream.put16(ExcelPalette::kSize);
+  for (const PackedColour colour : palette_.colours()) stream.put32(colour);
+  stream.end();
+}
+
+}  // namespace vellora

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QString>
+
+namespace vellora {
+
+// Given paths use `\` and begin at the root of the current drive. Where the system has no drive
+// letters, that root is the user's home folder.
+
+// The file that a given path means: `\列表.HTM` lies in the current drive's root, a path that
+// begins with `/` is one of the system's own. `\` and `/` both separate folders.
+QString realPath(const QString& givenPath, const QString& currentDriveRoot);
+QString realPath(const QString& givenPath);
+
+// The name with `_` for every character that a file name cannot hold here or on the drives that
+// people carry along: \ / : * ? " < > | and control characters.
+QString fileNameFor(const QString& wanted);
+
+}  // namespace vellora

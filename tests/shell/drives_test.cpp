@@ -1,0 +1,28 @@
+#include "shell/drives.h"
+
+#include "support/text_output.h"
+
+#include <gtest/gtest.h>
+
+namespace vellora {
+
+TEST(RealPath, BeginsAtTheCurrentDrivesRootUnlessItIsTheSystemsOwn) {
+  const QString home = u"/home/小明"_qs;
+  const struct {
+    QString given;
+    QString real;
+  } cases[]{{u"\\活动项目.HTM"_qs, u"/home/小明/活动项目.HTM"_qs},
+            {u"\\文档\\计划.xls"_qs, u"/home/小明/文档/计划.xls"_qs},
+            {u"\\"_qs, u"/home/小明"_qs},
+            {u"/media/盘\\日程表备份.KTZ"_qs, u"/media/盘/日程表备份.KTZ"_qs},
+            {u"/\\x.KTZ"_qs, u"/x.KTZ"_qs}};
+  for (const auto& c : cases) EXPECT_EQ(realPath(c.given, home), c.real);
+}
+
+TEST(FileName, HoldsNoCharacterThatAFileSystemRefuses) {
+  EXPECT_EQ(fileNameFor(u"读/写\\..:*?\"<>|\r\n\x7F 活动计划.HTM"_qs),
+            u"读_写_..__________ 活动计划.HTM"_qs);
+  EXPECT_EQ(fileNameFor(u"2007-03-05 活动计划.xls"_qs), u"2007-03-05 活动计划.xls"_qs);
+}
+
+}  // namespace vellora
