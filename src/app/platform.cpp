@@ -34,7 +34,7 @@ void setUpPlatform(QApplication& application) {
   QLocale::setDefault(QLocale(QLocale::Chinese, QLocale::China));
   QApplication::setStyle(u"Fusion"_qs);
   QApplication::setApplicationDisplayName(QString());
-  application.setWindowIcon(QIcon(QPixmap(u":/vellora/vellora-32.png"_qs, "PNG")));
+  QApplication::setWindowIcon(QIcon(QPixmap(u":/vellora/vellora-32.png"_qs, "PNG")));
   substituteFaces();
   QApplication::setFont(QFont(installedFace(u"黑体"_qs), 9));
   translateQt(application);
