@@ -21,7 +21,7 @@ QListWidget* makeNameList(const QString& objectName, const QString& accessibleNa
   return list;
 }
 
-void placeFromList(QListWidget& list, std::function<void(int position)> place) {
+void placeFromList(QListWidget& list, const std::function<void(int position)>& place) {
   QObject::connect(&list, &QListWidget::doubleClicked, &list,
                    [place](const QModelIndex& line) { place(line.row()); });
   for (const auto key : {Qt::Key_Return, Qt::Key_Enter}) {

@@ -19,7 +19,7 @@ QListWidget* makeNameList(const QString& objectName, const QString& accessibleNa
                           QWidget* parent);
 
 // Double-clicking a line, or Enter on the current one, places it: `place` gets its position.
-void placeFromList(QListWidget& list, std::function<void(int position)> place);
+void placeFromList(QListWidget& list, const std::function<void(int position)>& place);
 
 // "(双击完成操作)", for the list that it stands beside.
 QLabel* makePlacingHint(QListWidget& list, QWidget* parent);
