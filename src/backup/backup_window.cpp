@@ -42,6 +42,7 @@ BackupWindow::BackupWindow(ApplicationState& state, QWidget* parent)
   setObjectName(u"BackupWindow"_qs);
   setWindowTitle(u"数据备份恢复:请谨慎操作."_qs);
   grid_->setEditable(false);
+  grid_->setHeadingStripVisible(false);
   layOut();
   drives_->addItems(backupDrives());
   connect(drives_, &QComboBox::activated, this, &BackupWindow::goToDrive);

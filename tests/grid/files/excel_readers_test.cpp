@@ -17,7 +17,7 @@ const QString kParseExcelScript = QStringLiteral(READER_DIR "/read_xls.pl");
 class ExcelReaders : public testing::Test {
  protected:
   QString write(const Sheet& sheet, const QString& name = u"列表.xls"_qs) {
-    const QString path = folder_.path(name);
+    QString path = folder_.path(name);
     writeExcelFile(sheet, setup_, u"活动/计划"_qs, path);
     return path;
   }
