@@ -16,6 +16,9 @@ namespace {
 
 // Given paths begin in the home folder; this one is the test's own.
 class GridKeysTest : public testing::Test {
+ public:
+  ~GridKeysTest() override { qputenv("HOME", oldHome_); }
+
  protected:
   GridKeysTest() {
     qputenv("HOME", home_.path(QString()).toLocal8Bit());
@@ -25,8 +28,6 @@ class GridKeysTest : public testing::Test {
     QObject::connect(&keys_, &GridKeys::ExportFailed,
                      [this](const QString& reason) { reasons_ << reason; });
   }
-  ~GridKeysTest() override { qputenv("HOME", oldHome_); }
-
   const QByteArray oldHome_ = qgetenv("HOME");
   test::TemporaryFolder home_;
   test::ScheduleBuilder schedule_;
