@@ -61,7 +61,7 @@ class Planning : public test::WindowTest {
 };
 
 TEST_F(Planning, ADayIsPlannedBlockByBlockAndSeenOnTheBoardInColour) {
-  clickBoard(3, 0, [this](PlannerWindow& window) {
+  clickBoard(3, 0, [](PlannerWindow& window) {
     EXPECT_EQ(window.windowTitle(), u"每日活动计划  2007年3月7日 星期三"_qs);
     doubleClick(window, u"List1"_qs, 0);
     type(window, 2, 0, u"第一章"_qs);
@@ -82,7 +82,7 @@ TEST_F(Planning, ATermOfOneActivityIsPlannedAroundWhatIsTaken) {
   schedule_.plan(kToday, u"002"_qs, u"读书"_qs, u"第一章"_qs, 2)
       .plan(kToday.addDays(7), u"002"_qs, u"跑步"_qs, u"五公里"_qs, 4);
   board_.FillWeek();
-  clickBoard(1, 2, [this](PlannerWindow& window) {
+  clickBoard(1, 2, [](PlannerWindow& window) {
     EXPECT_EQ(window.windowTitle(), u"项目活动计划  读书"_qs);
     repeat(window, u"Text1"_qs, u"3"_qs, u"CmdJH"_qs);
     EXPECT_EQ(grid(window).GetCellText(2, 1), u"跑步"_qs);
