@@ -141,8 +141,7 @@ void WeekBoard::BuildTimeRows() {
 void WeekBoard::FillWeek() {
   const QDate first = firstDay();
   const WeekTexts texts = vellora::FillWeek(state().Db, grid_->sheet(), first);
-  // Qt reads "[*]" in a title as a mark of its own; doubled it stands for itself.
-  setWindowTitle(boardCaption(first, texts.memo).replace(u"[*]"_qs, u"[*][*]"_qs));
+  showTitle(boardCaption(first, texts.memo));
   week_name_->setText(texts.weekName);
   grid_->SetRangeBorder(0, 0, grid_->Cols() - 1, grid_->Rows() - 1, 0, 1, kBlue);
   const qint64 untilToday = first.daysTo(state().clock.today());

@@ -26,6 +26,7 @@ TableEditor::TableEditor(ApplicationState& state, const Kind& kind, QWidget* abo
   grid_->setEditable(true);
   grid_->setHeadingStripVisible(true);
   grid_->setRowNumbersVisible(true);
+  tellCutPastes(*grid_);
   new GridKeys(*grid_, state, [name = kind.documentName] { return name; });
   column->addWidget(grid_, 1);
   if (below) column->addWidget(below);

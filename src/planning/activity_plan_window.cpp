@@ -79,8 +79,7 @@ void ActivityPlanWindow::connectGrid() {
   connect(grid, &GridSurface::CellEditStart, this, [this, grid](int col, int row) {
     proposePlanDate(grid->sheet(), col, row, controls_.day->date());
   });
-  connect(grid, &GridSurface::PasteCut, this,
-          [this](int rows, int cols) { prompts().warn(this, pasteCutText(rows, cols)); });
+  tellCutPastes(*grid);
   connect(grid, &GridSurface::RowDuplicate, this, &ActivityPlanWindow::duplicateRow);
 }
 
@@ -146,7 +145,7 @@ void ActivityPlanWindow::chooseAgain(const QString& name) {
 void ActivityPlanWindow::ListPlan() {
   is_listed_ = false;
   guarded([this] {
-    setWindowTitle(plainTitle(u"项目活动计划  "_qs + chosenActivity()));
+    showTitle(u"项目活动计划  "_qs + chosenActivity());
     auto* grid = controls_.grid;
     const QStringList missing = listPlan(state().Db, grid->sheet(), blocks_, chosenActivity());
     is_listed_ = true;

@@ -33,8 +33,7 @@ DailyPlanWindow::DailyPlanWindow(ApplicationState& state, QDate firstDay, QWidge
   new GridKeys(*grid_, state, [this]() -> QString { return isoDate(date()) + u" 活动计划"; });
   connect(day_, &DateStepper::dateChanged, this, &DailyPlanWindow::openDay);
   placeFromList(*items_list_, [this](int position) { placeItem(position); });
-  connect(grid_, &GridSurface::PasteCut, this,
-          [this](int rows, int cols) { prompts().warn(this, pasteCutText(rows, cols)); });
+  tellCutPastes(*grid_);
   layOut();
 }
 

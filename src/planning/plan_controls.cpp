@@ -48,12 +48,4 @@ void finishTyping(GridSurface& grid) {
   if (editor && grid.viewport()->isAncestorOf(editor)) editor->clearFocus();
 }
 
-QString pasteCutText(int lostRows, int lostCols) {
-  return u"粘贴的内容比表格多出 %1 行、%2 列，多出的部分没有粘贴。"_qs.arg(lostRows).arg(lostCols);
-}
-
-QString plainTitle(QString title) {
-  return title.replace(u"[*]"_qs, u"[*][*]"_qs);
-}
-
 }  // namespace vellora

@@ -29,10 +29,4 @@ QPushButton* makeButton(const QString& objectName, const QString& caption, QWidg
 // Takes over what is being typed into a cell, as leaving the cell would.
 void finishTyping(GridSurface& grid);
 
-// For a user who pasted more than the grid has room for.
-QString pasteCutText(int lostRows, int lostCols);
-
-// Qt reads "[*]" in a title as a mark of its own; doubled it stands for itself.
-QString plainTitle(QString title);
-
 }  // namespace vellora

@@ -1,5 +1,6 @@
 #include "shell/planner_window.h"
 
+#include "grid/surface/grid_surface.h"
 #include "shell/skin.h"
 
 #include <QCloseEvent>
@@ -13,6 +14,17 @@ PlannerWindow::PlannerWindow(ApplicationState& state, QWidget* parent)
 
 void PlannerWindow::putSkinOn() {
   applySkin(state_.SkinPath, *this);
+}
+
+void PlannerWindow::showTitle(const QString& title) {
+  setWindowTitle(QString(title).replace(u"[*]"_qs, u"[*][*]"_qs));
+}
+
+void PlannerWindow::tellCutPastes(GridSurface& grid) {
+  connect(&grid, &GridSurface::PasteCut, this, [this](int rows, int cols) {
+    prompts().warn(
+        this, u"粘贴的内容比表格多出 %1 行、%2 列，多出的部分没有粘贴。"_qs.arg(rows).arg(cols));
+  });
 }
 
 void PlannerWindow::Load() {

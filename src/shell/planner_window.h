@@ -6,6 +6,8 @@
 
 namespace vellora {
 
+class GridSurface;
+
 // A window's life: Load once before it is shown, Activate when it is opened and again when a window
 // that it opened has closed, Unload when it closes. The desktop's focus plays no part, so that
 // coming back from a box or another program never reloads what the user typed.
@@ -36,6 +38,10 @@ class PlannerWindow : public QWidget {
   const ApplicationState& state() const { return state_; }
   Prompts& prompts() { return state_.prompts; }
   void putSkinOn();
+  // Shows a title as it stands; Qt alone would read "[*]" in it as a mark of its own.
+  void showTitle(const QString& title);
+  // From now on tells the user what a paste into the grid had to leave out.
+  void tellCutPastes(GridSurface& grid);
 
   void closeEvent(QCloseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;

@@ -3,6 +3,9 @@
 #include "editor_fixture.h"
 #include "support/text_output.h"
 
+#include <QApplication>
+#include <QClipboard>
+
 namespace vellora {
 namespace {
 
@@ -47,6 +50,14 @@ TEST_F(TimeBlockEditorTest, ShowsTheCellThatCannotBeStoredAndKeepsEverythingType
   click(u"cmdSV"_qs);
   EXPECT_EQ(prompts_.warnings.last(), u"保存完毕!"_qs);
   EXPECT_EQ(store_.open(u"SJ"_qs).count(), 2);
+}
+
+TEST_F(TimeBlockEditorTest, TellsWhatAPastedTableHadTooMuch) {
+  QApplication::clipboard()->setText(u"7:00\t7:30\tc\t早\t多\t余\n"_qs);
+  press(Qt::Key_V, Qt::ControlModifier);
+  EXPECT_EQ(shown(3, 0), u"早"_qs);
+  EXPECT_EQ(prompts_.warnings,
+            QStringList(u"粘贴的内容比表格多出 0 行、2 列，多出的部分没有粘贴。"_qs));
 }
 
 TEST_F(TimeBlockEditorTest, OpenDropsTypingAndEscapeDoesNot) {
