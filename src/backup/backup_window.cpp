@@ -4,9 +4,9 @@
 #include "backup/backup_path.h"
 #include "backup/folder_list.h"
 #include "backup/table_backup.h"
-#include "backup/work_dialog.h"
 #include "grid/files/file_error.h"
 #include "grid/surface/grid_surface.h"
+#include "shell/work_dialog.h"
 #include "store/store_error.h"
 
 #include <QCloseEvent>
@@ -132,20 +132,20 @@ QString BackupWindow::file() const {
 
 void BackupWindow::backUp() {
   run({u"备份已正确完成, 共 %1 条记录 ！"_qs, u"数据未能正确备份！"_qs},
-      [this](const BackupProgress& progress) {
+      [this](const WorkProgress& progress) {
         return BackupTables(state().Db, grid_->workbook(), file(), progress);
       });
 }
 
 void BackupWindow::restore() {
   run({u"恢复已正确完成, 共 %1 条记录！"_qs, u"数据未能正确恢复！"_qs},
-      [this](const BackupProgress& progress) {
+      [this](const WorkProgress& progress) {
         return RestoreTables(state().Db, grid_->workbook(), file(), progress);
       });
 }
 
 void BackupWindow::run(const Wording& wording,
-                       const std::function<qint64(const BackupProgress&)>& job) {
+                       const std::function<qint64(const WorkProgress&)>& job) {
   const QPointer<QWidget> focus = focusWidget();
   busy_ = true;
   setEnabled(false);
@@ -156,10 +156,10 @@ void BackupWindow::run(const Wording& wording,
 }
 
 void BackupWindow::work(const Wording& wording,
-                        const std::function<qint64(const BackupProgress&)>& job) {
+                        const std::function<qint64(const WorkProgress&)>& job) {
   try {
     WorkDialog dialog(this);
-    const qint64 total = job([&dialog](const BackupStep& step) { return dialog.show(step); });
+    const qint64 total = job(dialog.progress());
     dialog.hide();
     grid_->Redraw();
     prompts().warn(this, wording.done.arg(total));
@@ -169,7 +169,7 @@ void BackupWindow::work(const Wording& wording,
     tellFailure(wording, error.number(), error.description());
   } catch (const FileError& error) {
     tellFailure(wording, BackupError::kFile, error.description());
-  } catch (const BackupGivenUp&) {
+  } catch (const WorkGivenUp&) {
     return;  // as the user wished
   }
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "backup/backup_work.h"
+#include "routine/work_step.h"
 #include "shell/planner_window.h"
 
 #include <functional>
@@ -41,8 +41,8 @@ class BackupWindow : public PlannerWindow {
   void chooseFile();
   void backUp();
   void restore();
-  void run(const Wording& wording, const std::function<qint64(const BackupProgress&)>& work);
-  void work(const Wording& wording, const std::function<qint64(const BackupProgress&)>& work);
+  void run(const Wording& wording, const std::function<qint64(const WorkProgress&)>& work);
+  void work(const Wording& wording, const std::function<qint64(const WorkProgress&)>& work);
   void tellFailure(const Wording& wording, int number, const QString& description);
   QString file() const;
 

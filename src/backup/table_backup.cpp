@@ -18,7 +18,7 @@ class TableReader {
       : table_(table), rows_(store.readOnce(table)), sheet_(sheet) {}
 
   // Gives the number of records; `before` is how many the tables before had.
-  qint64 read(qint64 before, const BackupProgress& progress);
+  qint64 read(qint64 before, const WorkProgress& progress);
 
  private:
   void setUpColumns();
@@ -31,7 +31,7 @@ class TableReader {
   std::vector<FieldForm> forms_;
 };
 
-qint64 TableReader::read(qint64 before, const BackupProgress& progress) {
+qint64 TableReader::read(qint64 before, const WorkProgress& progress) {
   setUpColumns();
   int row = 0;
   for (; rows_.next(); ++row) {
@@ -102,7 +102,7 @@ void compareWithFile(const Workbook& workbook, const QString& path,
 }
 
 // One view of the schedule for all tables, so that they fit each other.
-qint64 readTables(ScheduleStore& store, Workbook& workbook, const BackupProgress& progress) {
+qint64 readTables(ScheduleStore& store, Workbook& workbook, const WorkProgress& progress) {
   const ScheduleStore::ReadTransaction view(store);
   qint64 total = 0;
   for (int k = 0; k < static_cast<int>(backedUpTables().size()); ++k) {
@@ -119,7 +119,7 @@ qint64 readTables(ScheduleStore& store, Workbook& workbook, const BackupProgress
 }  // namespace
 
 qint64 BackupTables(ScheduleStore& store, Workbook& workbook, const QString& path,
-                    const BackupProgress& progress) {
+                    const WorkProgress& progress) {
   Workbook backup;
   const qint64 total = readTables(store, backup, progress);
   writeWorkbookFile(backup, path, [&] { report(progress, {u"正在写入备份文件……"_qs, total}); });

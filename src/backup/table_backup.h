@@ -1,7 +1,7 @@
 #pragma once
 
-#include "backup/backup_work.h"
 #include "grid/sheet/workbook.h"
+#include "routine/work_step.h"
 #include "store/schedule_store.h"
 
 #include <QString>
@@ -19,18 +19,18 @@ inline const std::array<QString, 5>& backedUpTables() {
   return tables;
 }
 
-// Both throw StoreError, FileError, BackupError and BackupGivenUp; they give the number of records
+// Both throw StoreError, FileError, BackupError and WorkGivenUp; they give the number of records
 // and leave the file's content in `workbook`, which stays as it was when they throw.
 
 // Replaces the file whole or not at all, then reads it back and compares it with the schedule.
 // `path` is one of the system's own.
 qint64 BackupTables(ScheduleStore& store, Workbook& workbook, const QString& path,
-                    const BackupProgress& progress = {});
+                    const WorkProgress& progress = {});
 
 // Replaces all five tables or none: the file is checked, down to the last cell against its column,
 // before anything is deleted. Of a file with fewer sheets only the first tables are replaced. ID
 // columns get new numbers.
 qint64 RestoreTables(ScheduleStore& store, Workbook& workbook, const QString& path,
-                     const BackupProgress& progress = {});
+                     const WorkProgress& progress = {});
 
 }  // namespace vellora

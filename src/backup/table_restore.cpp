@@ -111,7 +111,7 @@ qint64 rowsIn(const Workbook& backup) {
 }
 
 void runAll(ScheduleStore& store, const Workbook& backup, TableWriter::Mode mode,
-            const QString& what, const BackupProgress& progress) {
+            const QString& what, const WorkProgress& progress) {
   const qint64 total = rowsIn(backup);
   qint64 before = 0;
   for (int k = 0; k < restoredTables(backup); ++k) {
@@ -128,7 +128,7 @@ void runAll(ScheduleStore& store, const Workbook& backup, TableWriter::Mode mode
 }  // namespace
 
 qint64 RestoreTables(ScheduleStore& store, Workbook& workbook, const QString& path,
-                     const BackupProgress& progress) {
+                     const WorkProgress& progress) {
   Workbook backup = readWorkbookFile(path, [&] { report(progress, {u"正在读取备份文件……"_qs}); });
   requireBackup(backup, path);
   runAll(store, backup, TableWriter::Mode::Check, u"正在检查表 %1……"_qs, progress);

@@ -9,13 +9,13 @@
 #include "planning/plan_repetition.h"
 #include "planning/plan_rows.h"
 #include "planning/plan_saving.h"
-#include "planning/slow_work.h"
 #include "planning/undo_step.h"
 #include "planning/unsaved_watch.h"
 #include "planning/week_count_keys.h"
 #include "routine/calendar_text.h"
 #include "shell/date_stepper.h"
 #include "shell/grid_keys.h"
+#include "shell/work_dialog.h"
 #include "store/statements.h"
 
 #include <QLineEdit>
@@ -191,11 +191,13 @@ void ActivityPlanWindow::SavePlan() {
   }
   finishTyping(*controls_.grid);
   PlanSaveOutcome outcome;
-  runShowingProgress(this, u"正在保存…"_qs, [&](const PlanProgress& progress) {
-    outcome = savePlan(state().Db, controls_.grid->sheet(), chosenActivity(), progress);
-  });
+  try {
+    WorkDialog dialog(this);
+    outcome = savePlan(state().Db, controls_.grid->sheet(), chosenActivity(), dialog.progress());
+  } catch (const WorkGivenUp&) {
+    return;
+  }
   guarded([this] { readSaved(); });
-  if (outcome.isCancelled) return;
   for (const TakenBlock& taken : outcome.taken) {
     prompts().warn(this, taken.date + takenText() + taken.holder);
   }
@@ -218,10 +220,9 @@ void ActivityPlanWindow::Repeat(const QString& count, int stepDays) {
     std::optional<int> below;
     {
       const UndoStep step(*grid, u"追加计划"_qs);
-      runShowingProgress(this, u"正在追加计划…"_qs, [&](const PlanProgress& progress) {
-        below = repeatPlanRow(state().Db, grid->sheet(), grid->CurrentRow(),
-                              {repetitionCount(count), stepDays}, progress);
-      });
+      WorkDialog dialog(this);
+      below = repeatPlanRow(state().Db, grid->sheet(), grid->CurrentRow(),
+                            {repetitionCount(count), stepDays}, dialog.progress());
     }
     grid->Redraw();
     if (below) grid->SetCurrentCell(kPlanDate, *below);
@@ -252,6 +253,8 @@ void ActivityPlanWindow::guarded(const std::function<void()>& step) {
     step();
   } catch (const StoreError& error) {
     prompts().warn(this, error.description());
+  } catch (const WorkGivenUp&) {
+    return;  // as the user wished
   }
 }
 

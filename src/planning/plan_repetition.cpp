@@ -25,15 +25,13 @@ std::vector<QDate> copyDates(QDate source, const Repetition& repetition) {
   return dates;
 }
 
-// Who holds the block on each of the dates; nothing when cancelled.
-std::optional<std::vector<Holder>> holdersOn(ScheduleStore& store, const QString& code,
-                                             const std::vector<QDate>& dates,
-                                             const PlanProgress& progress) {
+// Who holds the block on each of the dates.
+std::vector<Holder> holdersOn(ScheduleStore& store, const QString& code,
+                              const std::vector<QDate>& dates, const WorkProgress& progress) {
   const ScheduleStore::ReadTransaction oneView(store);
   std::vector<Holder> holders;
   for (const QDate date : dates) {
-    const int done = static_cast<int>(holders.size());
-    if (progress && !progress(done, static_cast<int>(dates.size()))) return {};
+    report(progress, {u"正在追加计划…"_qs, std::ssize(holders), std::ssize(dates)});
     auto entry = store.readOnce(statements::planOfBlock(date, code));
     holders.push_back(entry.next() ? planTexts(entry) : Holder());
   }
@@ -66,17 +64,16 @@ QString boundedWeeks(const QString& text, int change) {
 }
 
 std::optional<int> repeatPlanRow(ScheduleStore& store, Sheet& sheet, int row,
-                                 const Repetition& repetition, const PlanProgress& progress) {
+                                 const Repetition& repetition, const WorkProgress& progress) {
   const auto source = planDate(sheet, row);
   if (sheet.GetCellText(kPlanActivity, row).isEmpty() || !source) return {};
   const std::vector<QDate> dates = copyDates(*source, repetition);
   const auto holders = holdersOn(store, sheet.CellTag(kPlanTime, row), dates, progress);
-  if (!holders) return {};
   PlanRowCopy copy(sheet, row);
   sheet.InsertRows(row + 1, static_cast<int>(dates.size()));
   for (std::size_t k = 0; k < dates.size(); ++k) {
     copy.setText(kPlanDate, planDateCell(dates[k]));
-    writeCopy(sheet, ++row, copy, (*holders)[k]);
+    writeCopy(sheet, ++row, copy, holders[k]);
   }
   keepSparePlanRow(sheet, row);
   return row + 1;

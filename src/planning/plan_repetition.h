@@ -1,7 +1,7 @@
 #pragma once
 
 #include "grid/sheet/sheet.h"
-#include "planning/plan_progress.h"
+#include "routine/work_step.h"
 #include "store/schedule_store.h"
 
 #include <QString>
@@ -28,9 +28,9 @@ QString boundedWeeks(const QString& text, int change);
 // Copies a row of the plan grid `count` times directly below itself, each `stepDays` later. A copy
 // whose block is taken on its date shows that entry's activity in red, its requirement and level.
 // Returns the row below the last copy; nothing, and nothing happens, when the row has no activity
-// or no date, or when it is cancelled. Copies end with the year 9999. Throws StoreError and leaves
-// the grid as it was.
+// or no date. Copies end with the year 9999. Throws StoreError, or WorkGivenUp, and leaves the grid
+// as it was.
 std::optional<int> repeatPlanRow(ScheduleStore& store, Sheet& sheet, int row,
-                                 const Repetition& repetition, const PlanProgress& progress = {});
+                                 const Repetition& repetition, const WorkProgress& progress = {});
 
 }  // namespace vellora

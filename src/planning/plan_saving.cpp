@@ -15,8 +15,6 @@ namespace {
 
 using BlockOnDate = std::pair<QDate, QString>;
 
-struct Cancelled {};
-
 QDate requiredDate(const Sheet& sheet, int row) {
   const auto date = planDate(sheet, row);
   if (date) return *date;
@@ -116,11 +114,11 @@ void PlanSaver::deleteUnwritten() {
 }
 
 void saveRows(PlanSaver& saver, const Sheet& sheet, const QString& activity,
-              PlanSaveOutcome& outcome, const PlanProgress& progress) {
+              PlanSaveOutcome& outcome, const WorkProgress& progress) {
   int row = 0;
   try {
     for (; row < sheet.Rows(); row = sheet.NextWrittenRow(row + 1)) {
-      if (progress && !progress(row, sheet.Rows())) throw Cancelled();
+      report(progress, {u"正在保存…"_qs, row, sheet.Rows()});
       if (takesPartInSave(sheet, row, activity)) saver.saveRow(sheet, row, outcome.taken);
     }
   } catch (const StoreError& error) {
@@ -139,15 +137,13 @@ bool takesPartInSave(const Sheet& sheet, int row, const QString& activity) {
 }
 
 PlanSaveOutcome savePlan(ScheduleStore& store, const Sheet& sheet, const QString& activity,
-                         const PlanProgress& progress) {
+                         const WorkProgress& progress) {
   PlanSaveOutcome outcome;
   try {
     ScheduleStore::Transaction transaction(store);
     PlanSaver saver(store, activity);
     saveRows(saver, sheet, activity, outcome, progress);
     transaction.commit();
-  } catch (const Cancelled&) {
-    outcome.isCancelled = true;
   } catch (const StoreError& error) {
     outcome.failure = nothingSaved(outcome.failure, error);
   }

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "grid/sheet/sheet.h"
-#include "planning/plan_progress.h"
+#include "routine/work_step.h"
 #include "store/schedule_store.h"
 
 #include <QList>
@@ -22,7 +22,6 @@ struct TakenBlock {
 struct PlanSaveOutcome {
   QList<TakenBlock> taken;  // in row order, up to the failure
   QString failure;          // what went wrong, and in which row; empty when all was saved
-  bool isCancelled = false;
 };
 
 // Makes the saved plan of the activity what the grid's rows say. Of two rows for one block and date
@@ -30,8 +29,9 @@ struct PlanSaveOutcome {
 //
 // Everything is one transaction, and entries are changed in place and deleted last. So a row that
 // cannot be saved ends the save with the rows before it saved and every other old entry still
-// there, and a save that is killed, cancelled or cannot be committed leaves all as it was.
+// there, and a save that is killed, given up (WorkGivenUp) or cannot be committed leaves all as it
+// was.
 PlanSaveOutcome savePlan(ScheduleStore& store, const Sheet& sheet, const QString& activity,
-                         const PlanProgress& progress = {});
+                         const WorkProgress& progress = {});
 
 }  // namespace vellora

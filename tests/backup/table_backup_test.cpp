@@ -160,20 +160,20 @@ TEST_F(TableBackupTest, LeavesNoTraceWhereverItIsGivenUp) {
   int step = 0;
   const auto givesUpAt = [&](int last) {
     step = 0;
-    return [&step, last](const BackupStep&) { return ++step <= last; };
+    return [&step, last](const WorkStep&) { return ++step <= last; };
   };
   int stops = 0;
   for (int last = 0; last < 100; ++last) {
     try {
       RestoreTables(store_, workbook_, path_, givesUpAt(last));
       break;
-    } catch (const BackupGivenUp&) {
+    } catch (const WorkGivenUp&) {
       ++stops;
       ASSERT_EQ(test::dumpOf(store_), rows) << "restore given up at step " << last;
     }
   }
   EXPECT_GT(stops, 10) << "reading, five tables checked, five stored";
-  EXPECT_THROW(BackupTables(store_, workbook_, path_, givesUpAt(2)), BackupGivenUp);
+  EXPECT_THROW(BackupTables(store_, workbook_, path_, givesUpAt(2)), WorkGivenUp);
   EXPECT_EQ(test::bytesOf(path_), file);
   EXPECT_EQ(folder_.names().size(), 1);
 }

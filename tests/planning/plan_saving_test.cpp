@@ -13,7 +13,7 @@ using test::kMonday;
 
 class PlanSaving : public test::PlanningTest {
  protected:
-  PlanSaveOutcome save(const PlanProgress& progress = {}) {
+  PlanSaveOutcome save(const WorkProgress& progress = {}) {
     return savePlan(*store_, sheet_, u"读书"_qs, progress);
   }
   // Three entries of the activity, listed, then changed in the grid.
@@ -125,12 +125,10 @@ TEST_F(PlanSaving, ALockedScheduleIsLeftAsItWas) {
   EXPECT_EQ(saved().first(), u"2007-03-05|002|读书|要求|1"_qs);
 }
 
-TEST_F(PlanSaving, ACancelledSaveLeavesNoTrace) {
+TEST_F(PlanSaving, ASaveThatIsGivenUpLeavesNoTrace) {
   changeAListedPlan();
   const QStringList before = saved();
-  const auto outcome = save([](int done, int) { return done < 2; });
-  EXPECT_TRUE(outcome.isCancelled);
-  EXPECT_EQ(outcome.failure, QString());
+  EXPECT_THROW(save([](const WorkStep& step) { return step.done < 2; }), WorkGivenUp);
   EXPECT_EQ(saved(), before);
 }
 
@@ -142,7 +140,7 @@ TEST_F(PlanSaving, AKilledProcessLeavesEveryEntryAsItWas) {
   if (child == 0) {
     ScheduleStore own = builder_.store();
     savePlan(own, sheet_, u"读书"_qs,
-             [](int done, int) { return done < 2 || raise(SIGKILL) != 0; });
+             [](const WorkStep& step) { return step.done < 2 || raise(SIGKILL) != 0; });
     _exit(0);
   }
   int status = 0;

@@ -6,8 +6,8 @@
 
 namespace vellora {
 
-// How far a backup or a restore is.
-struct BackupStep {
+// How far long work is.
+struct WorkStep {
   QString what;
   qint64 done = 0;
   qint64 total = 0;     // 0 while it is not known
@@ -15,14 +15,14 @@ struct BackupStep {
 };
 
 // Told often while the work goes on; false gives it up, as if it had never begun.
-using BackupProgress = std::function<bool(const BackupStep&)>;
+using WorkProgress = std::function<bool(const WorkStep&)>;
 
 // Thrown through the work when it is given up.
-struct BackupGivenUp {};
+struct WorkGivenUp {};
 
-// Passes on one step; throws BackupGivenUp.
-inline void report(const BackupProgress& progress, const BackupStep& step) {
-  if (progress && !progress(step) && step.canStop) throw BackupGivenUp();
+// Passes on one step; throws WorkGivenUp.
+inline void report(const WorkProgress& progress, const WorkStep& step) {
+  if (progress && !progress(step) && step.canStop) throw WorkGivenUp();
 }
 
 }  // namespace vellora

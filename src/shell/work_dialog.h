@@ -1,6 +1,6 @@
 #pragma once
 
-#include "backup/backup_work.h"
+#include "routine/work_step.h"
 
 #include <QElapsedTimer>
 #include <QProgressDialog>
@@ -15,11 +15,12 @@ class WorkDialog : public QProgressDialog {
  public:
   explicit WorkDialog(QWidget* parent);
 
-  // To be called often; false once the user wants to give up.
-  bool show(const BackupStep& step);
+  // To be told often; false once the user wants to give up. Valid while the dialog lives.
+  WorkProgress progress();
 
  private:
-  void display(const BackupStep& step);
+  bool show(const WorkStep& step);
+  void display(const WorkStep& step);
 
   QElapsedTimer begun_;
   QElapsedTimer shown_;

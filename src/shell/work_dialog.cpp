@@ -1,4 +1,4 @@
-#include "backup/work_dialog.h"
+#include "shell/work_dialog.h"
 
 #include <QCoreApplication>
 #include <QPushButton>
@@ -28,7 +28,11 @@ WorkDialog::WorkDialog(QWidget* parent)
   shown_.start();
 }
 
-bool WorkDialog::show(const BackupStep& step) {
+WorkProgress WorkDialog::progress() {
+  return [this](const WorkStep& step) { return show(step); };
+}
+
+bool WorkDialog::show(const WorkStep& step) {
   if (shown_.elapsed() < kBetween) return !wasCanceled();
   shown_.restart();
   display(step);
@@ -39,7 +43,7 @@ bool WorkDialog::show(const BackupStep& step) {
   return !wasCanceled();
 }
 
-void WorkDialog::display(const BackupStep& step) {
+void WorkDialog::display(const WorkStep& step) {
   cancel_->setEnabled(step.canStop);
   setLabelText(step.total > 0 ? u"%1 %2 / %3"_qs.arg(step.what).arg(step.done).arg(step.total)
                               : step.what + u' ' + QString::number(step.done));
