@@ -2,10 +2,7 @@
 
 #include "grid/surface/grid_surface.h"
 #include "store/store_error.h"
-#include "support/fixed_clock.h"
-#include "support/schedule_builder.h"
-#include "support/scripted_prompts.h"
-#include "support/text_output.h"
+#include "support/planner_test.h"
 
 #include <QDateEdit>
 #include <QFile>
@@ -18,17 +15,17 @@
 namespace vellora {
 namespace {
 
-const QDate kToday(2007, 3, 5);
+using test::kMonday;
 
-class WeekBoardTest : public testing::Test {
+class WeekBoardTest : public test::PlannerTest {
  protected:
   WeekBoardTest() {
     schedule_.block(u"001"_qs, u"08:00:00"_qs, u"09:00:00"_qs)
         .item(u"001"_qs, u"读书"_qs)
-        .plan(kToday, u"001"_qs, u"读书"_qs)
-        .plan(kToday.addDays(7), u"001"_qs, u"跑步"_qs)
-        .memo(kToday, u"交[*]报告"_qs)
-        .weekName(kToday, kToday.addDays(6), u"第一周"_qs)
+        .plan(kMonday, u"001"_qs, u"读书"_qs)
+        .plan(kMonday.addDays(7), u"001"_qs, u"跑步"_qs)
+        .memo(kMonday, u"交[*]报告"_qs)
+        .weekName(kMonday, kMonday.addDays(6), u"第一周"_qs)
         .skin(u"KTZ9.SKN"_qs);
   }
 
@@ -48,13 +45,6 @@ class WeekBoardTest : public testing::Test {
   QString shown(int col, int row) { return grid().GetCellText(col, row); }
   qsizetype rowsOf(const QString& table) { return store_.open(table).count(); }
 
-  test::ScheduleBuilder schedule_;
-  ScheduleStore store_{schedule_.path(), std::chrono::milliseconds(50)};
-  test::ScriptedPrompts prompts_;
-  test::FixedClock clock_{kToday};
-  ApplicationState state_{
-      store_,   prompts_, clock_, schedule_.folder(), schedule_.folder() + u"/none.skn"_qs,
-      QString()};
   WeekBoard board_{state_};
 };
 
@@ -62,7 +52,7 @@ class WeekBoardTest : public testing::Test {
 
 TEST_F(WeekBoardTest, OpensAtTodayWithPlansWeekNameAndMemo) {
   open();
-  EXPECT_EQ(board_.firstDay(), kToday);
+  EXPECT_EQ(board_.firstDay(), kMonday);
   EXPECT_EQ(shown(1, 1), u"读书\r要求"_qs);
   EXPECT_EQ(shown(0, 0), u"时间\\日期"_qs);
   EXPECT_EQ(label(u"Lxq"_qs), u"星期一"_qs);
@@ -83,8 +73,8 @@ TEST_F(WeekBoardTest, StepsByDayAndByWeek) {
   EXPECT_EQ(label(u"Lxq"_qs), u"星期日"_qs);
   click(u"Cm3"_qs);
   click(u"Cm1"_qs);
-  EXPECT_EQ(board_.firstDay(), kToday);
-  board_.findChild<QDateEdit*>(u"D1"_qs)->setDate(kToday.addDays(1));
+  EXPECT_EQ(board_.firstDay(), kMonday);
+  board_.findChild<QDateEdit*>(u"D1"_qs)->setDate(kMonday.addDays(1));
   EXPECT_EQ(shown(7, 1), u"跑步\r要求"_qs);
 }
 
@@ -113,7 +103,7 @@ TEST_F(WeekBoardTest, OpensTheDayOrTheActivityThatIsClickedAndIsRebuiltOnReturn)
   });
   open();
   clickCell(3, 0);
-  EXPECT_EQ(days, QList<QDate>{kToday.addDays(2)});
+  EXPECT_EQ(days, QList<QDate>{kMonday.addDays(2)});
   clickCell(1, 1);
   EXPECT_EQ(activities, QStringList{u"读书"_qs});
   EXPECT_EQ(shown(1, 1), QString());
@@ -140,7 +130,7 @@ TEST_F(WeekBoardTest, TheKeyboardOpensWhatAClickOpens) {
   open();
   emit grid().CellActivated(7, 0);
   emit grid().CellActivated(1, 1);
-  EXPECT_EQ(days, QList<QDate>{kToday.addDays(6)});
+  EXPECT_EQ(days, QList<QDate>{kMonday.addDays(6)});
   EXPECT_EQ(activities, QStringList{u"读书"_qs});
 }
 

@@ -2,10 +2,7 @@
 
 #include "grid/surface/grid_surface.h"
 #include "store/statements.h"
-#include "support/fixed_clock.h"
-#include "support/schedule_builder.h"
-#include "support/scripted_prompts.h"
-#include "support/text_output.h"
+#include "support/planner_test.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -25,20 +22,12 @@ struct Step {
   QString shown;
 };
 
-class ActivityItemEditorTest : public testing::Test {
+class ActivityItemEditorTest : public test::PlannerTest {
  protected:
-  test::ScheduleBuilder builder_;
-  test::ScriptedPrompts prompts_;
-  test::FixedClock clock_{QDate(2007, 3, 5)};
-  std::optional<ScheduleStore> store_;
-  std::optional<ApplicationState> state_;
   std::unique_ptr<ActivityItemEditor> editor_;
 
   void open() {
-    store_.emplace(builder_.path(), std::chrono::milliseconds(1));
-    state_.emplace(ApplicationState{
-        *store_, prompts_, clock_, builder_.folder(), builder_.folder() + u"/none.skn"_qs, {}});
-    editor_ = std::make_unique<ActivityItemEditor>(*state_);
+    editor_ = std::make_unique<ActivityItemEditor>(state_);
     editor_->Load();
     editor_->Show();
   }
@@ -86,7 +75,7 @@ class ActivityItemEditorTest : public testing::Test {
 
   QStringList storedItems() {
     QStringList items;
-    for (auto rows = store_->open(statements::allItems()); !rows.atEnd(); rows.moveNext()) {
+    for (auto rows = store_.open(statements::allItems()); !rows.atEnd(); rows.moveNext()) {
       items << rows.text(u"HDBH") + u' ' + rows.text(u"HDMC") + u' ' + rows.text(u"HDLB") + u' ' +
                    rows.text(u"SFWC");
     }
@@ -97,7 +86,7 @@ class ActivityItemEditorTest : public testing::Test {
 }  // namespace
 
 TEST_F(ActivityItemEditorTest, FollowsTheUserThroughAddingChangingAndLeaving) {
-  builder_.item(u"001"_qs, u"晨读"_qs).item(u"HD099"_qs, u"跑步"_qs);
+  schedule_.item(u"001"_qs, u"晨读"_qs).item(u"HD099"_qs, u"跑步"_qs);
   open();
   EXPECT_EQ(shown(), u"添删 0/2 001 晨读"_qs);
   walk({
@@ -123,7 +112,7 @@ TEST_F(ActivityItemEditorTest, FollowsTheUserThroughAddingChangingAndLeaving) {
 }
 
 TEST_F(ActivityItemEditorTest, DeletesTheMiddleTheLastTheFirstAndTheOnlyItem) {
-  builder_.items(4);
+  schedule_.items(4);
   open();
   walk({
       {[&] { enter(1); }, u"添删 1/4 002 活动002"_qs},
@@ -164,7 +153,7 @@ TEST_F(ActivityItemEditorTest, TakesTheFirstItemOfAnEmptyCatalogueOnlyWithACateg
 }
 
 TEST_F(ActivityItemEditorTest, RefusesTakenAndUnknownCodes) {
-  builder_.items(2);
+  schedule_.items(2);
   open();
   press("CmdNEW");
   type(name(), u"A"_qs);
@@ -182,7 +171,7 @@ TEST_F(ActivityItemEditorTest, RefusesTakenAndUnknownCodes) {
 }
 
 TEST_F(ActivityItemEditorTest, KeepsAStoredItemInViewUntilTheFilterRuns) {
-  builder_.item(u"001"_qs, u"晨读"_qs, u"2-学习"_qs).item(u"002"_qs, u"英语"_qs, u"2-学习"_qs);
+  schedule_.item(u"001"_qs, u"晨读"_qs, u"2-学习"_qs).item(u"002"_qs, u"英语"_qs, u"2-学习"_qs);
   open();
   choose("Combo2", u"2-学习"_qs);
   choose("Combo1", u"3-运动"_qs);
@@ -214,16 +203,16 @@ TEST_F(ActivityItemEditorTest, WalksFromFieldToFieldWithEnter) {
 }
 
 TEST_F(ActivityItemEditorTest, SaysWhyAnItemWasNotStoredAndKeepsWhatWasTyped) {
-  builder_.items(1);
+  schedule_.items(1);
   open();
   type(name(), u"walk"_qs);
-  builder_.sql(u"BEGIN IMMEDIATE"_qs);
+  schedule_.sql(u"BEGIN IMMEDIATE"_qs);
   press("cmdOK");
   EXPECT_EQ(prompts_.warnings.size(), 1);
   EXPECT_EQ(shown(), u"确取 0/1 001 walk"_qs);
   QTest::keyClick(editor_.get(), Qt::Key_Escape);
   EXPECT_TRUE(editor_->isVisible()) << "typed text would be lost";
-  builder_.sql(u"COMMIT"_qs);
+  schedule_.sql(u"COMMIT"_qs);
   press("cmdOK");
   EXPECT_EQ(storedItems().size(), 1);
   EXPECT_TRUE(storedItems().first().startsWith(u"001 walk"_qs));
@@ -232,19 +221,19 @@ TEST_F(ActivityItemEditorTest, SaysWhyAnItemWasNotStoredAndKeepsWhatWasTyped) {
 }
 
 TEST_F(ActivityItemEditorTest, LeavesAnItemThatCannotBeDeletedInTheList) {
-  builder_.items(2);
+  schedule_.items(2);
   open();
-  builder_.sql(u"BEGIN IMMEDIATE"_qs);
+  schedule_.sql(u"BEGIN IMMEDIATE"_qs);
   press("CmdDEL");
-  builder_.sql(u"COMMIT"_qs);
+  schedule_.sql(u"COMMIT"_qs);
   EXPECT_EQ(shown(), u"添删 0/2 001 活动001"_qs);
   EXPECT_EQ(storedItems().size(), 2);
 }
 
 TEST_F(ActivityItemEditorTest, SaysWhyAFilterFailsAndKeepsTheList) {
-  builder_.items(2);
+  schedule_.items(2);
   open();
-  builder_.sql(u"ALTER TABLE HD RENAME TO HD0"_qs);
+  schedule_.sql(u"ALTER TABLE HD RENAME TO HD0"_qs);
   press("CmdSX");
   EXPECT_EQ(prompts_.warnings.size(), 1);
   EXPECT_EQ(shown(), u"添删 0/2 001 活动001"_qs);
@@ -252,7 +241,7 @@ TEST_F(ActivityItemEditorTest, SaysWhyAFilterFailsAndKeepsTheList) {
 
 TEST_F(ActivityItemEditorTest, ChangesAnItemWithTextsLongerThanTheFieldsTakeWithoutCuttingThem) {
   const QString longName = QString(255, u'读');
-  builder_.item(u"A'#12345678"_qs, longName, u"其他"_qs);
+  schedule_.item(u"A'#12345678"_qs, longName, u"其他"_qs);
   open();
   EXPECT_EQ(name().text(), longName);
   QTest::keyClick(&child<QCheckBox>("Check1"), Qt::Key_Space);

@@ -2,9 +2,7 @@
 
 #include "grid/surface/grid_surface.h"
 #include "shell/planner_window.h"
-#include "support/fixed_clock.h"
-#include "support/schedule_builder.h"
-#include "support/scripted_prompts.h"
+#include "support/planner_test.h"
 
 #include <QApplication>
 #include <QPushButton>
@@ -15,11 +13,9 @@
 
 namespace vellora::test {
 
-// A schedule, scripted prompts, a clock that stands at a Monday, and hands for a window.
-class EditorTest : public testing::Test {
+// The user's hands on an editor.
+class EditorTest : public PlannerTest {
  protected:
-  const QDate kToday{2007, 3, 5};
-
   void open(PlannerWindow& window) {
     window_ = &window;
     window.Load();
@@ -61,16 +57,8 @@ class EditorTest : public testing::Test {
   // Ends the test's hold of the table when the result goes.
   ScheduleStore::Transaction otherProgramSaves() { return ScheduleStore::Transaction(other_); }
 
-  ScheduleBuilder schedule_;
-  ScheduleStore store_{schedule_.path(), std::chrono::milliseconds(0)};
-  ScheduleStore other_{schedule_.path()};
-  ScriptedPrompts prompts_;
-  FixedClock clock_{kToday};
-  ApplicationState state_{
-      store_,   prompts_, clock_, schedule_.folder(), schedule_.folder() + u"/none.skn"_qs,
-      QString()};
-
  private:
+  ScheduleStore other_{schedule_.path()};
   PlannerWindow* window_ = nullptr;
 };
 

@@ -2,17 +2,18 @@
 
 #include "editor_fixture.h"
 #include "editors/daily_memo.h"
-#include "support/text_output.h"
 
 #include <QPlainTextEdit>
 
 namespace vellora {
 namespace {
 
+using test::kMonday;
+
 class MemoWindowTest : public test::EditorTest {
  protected:
   MemoWindowTest() {
-    schedule_.memo(kToday, u"交报告\n给'老王'"_qs);
+    schedule_.memo(kMonday, u"交报告\n给'老王'"_qs);
     open(memo_);
   }
   QPlainTextEdit& box() { return *memo_.findChild<QPlainTextEdit*>(u"Text1"_qs); }
@@ -39,7 +40,7 @@ TEST_F(MemoWindowTest, StoresTheTextWithoutAMessageAndDropsItWithTheDate) {
   press(Qt::Key_Escape);
   EXPECT_TRUE(memo_.isVisible()) << "the text is not stored yet";
   pressMnemonic(Qt::Key_U);
-  EXPECT_EQ(memoOf(store_, kToday.addDays(1)), u"买票"_qs);
+  EXPECT_EQ(memoOf(store_, kMonday.addDays(1)), u"买票"_qs);
   type(u"丢弃"_qs);
   click(u"Cm3"_qs);
   click(u"Cm2"_qs);
@@ -60,7 +61,7 @@ TEST_F(MemoWindowTest, AFailedStoreIsToldAndKeepsTheText) {
   }
   EXPECT_EQ(prompts_.warnings.size(), 1);
   EXPECT_EQ(box().toPlainText(), u"新交报告\n给'老王'"_qs);
-  EXPECT_EQ(memoOf(store_, kToday), u"交报告\n给'老王'"_qs);
+  EXPECT_EQ(memoOf(store_, kMonday), u"交报告\n给'老王'"_qs);
 }
 
 TEST_F(MemoWindowTest, AMemoThatCannotBeReadCannotBeOverwritten) {

@@ -1,7 +1,6 @@
 #include "editors/time_block_editor.h"
 
 #include "editor_fixture.h"
-#include "support/text_output.h"
 
 #include <QApplication>
 #include <QClipboard>

@@ -1,7 +1,6 @@
 #include "editors/week_name_editor.h"
 
 #include "editor_fixture.h"
-#include "support/text_output.h"
 
 #include <QDateEdit>
 
@@ -37,7 +36,7 @@ TEST_F(WeekNameEditorTest, FillsWeeksAndCarriesANameDownThem) {
 }
 
 TEST_F(WeekNameEditorTest, AnEmptyRowAlwaysFollowsTheList) {
-  schedule_.weekName(kToday, kToday.addDays(6), u"第一周"_qs);
+  schedule_.weekName(test::kMonday, test::kMonday.addDays(6), u"第一周"_qs);
   open(editor_);
   EXPECT_EQ(grid().Rows(), 2);
   EXPECT_EQ(shown(2, 1), QString()) << "opening carries nothing";

@@ -1,11 +1,8 @@
 #include "shell/grid_keys.h"
 
 #include "grid/surface/grid_surface.h"
-#include "support/fixed_clock.h"
-#include "support/schedule_builder.h"
-#include "support/scripted_prompts.h"
+#include "support/planner_test.h"
 #include "support/temporary_folder.h"
-#include "support/text_output.h"
 
 #include <QTest>
 
@@ -15,7 +12,7 @@ namespace vellora {
 namespace {
 
 // Given paths begin in the home folder; this one is the test's own.
-class GridKeysTest : public testing::Test {
+class GridKeysTest : public test::PlannerTest {
  public:
   ~GridKeysTest() override { qputenv("HOME", oldHome_); }
 
@@ -30,11 +27,6 @@ class GridKeysTest : public testing::Test {
   }
   const QByteArray oldHome_ = qgetenv("HOME");
   test::TemporaryFolder home_;
-  test::ScheduleBuilder schedule_;
-  ScheduleStore store_{schedule_.path()};
-  test::ScriptedPrompts prompts_;
-  test::FixedClock clock_{QDate(2007, 3, 5)};
-  ApplicationState state_{store_, prompts_, clock_, schedule_.folder(), QString(), QString()};
   GridSurface grid_;
   QString name_ = u"活动项目"_qs;
   GridKeys keys_{grid_, state_, [this] { return name_; }};

@@ -1,9 +1,6 @@
 #include "shell/planner_window.h"
 
-#include "support/fixed_clock.h"
-#include "support/schedule_builder.h"
-#include "support/scripted_prompts.h"
-#include "support/text_output.h"
+#include "support/planner_test.h"
 
 #include <QTest>
 #include <QTimer>
@@ -26,15 +23,8 @@ class RecordingWindow : public PlannerWindow {
   bool hasUnsavedTyping() const override { return typed; }
 };
 
-class PlannerWindowTest : public testing::Test {
+class PlannerWindowTest : public test::PlannerTest {
  protected:
-  test::ScheduleBuilder schedule_;
-  ScheduleStore store_{schedule_.path()};
-  test::ScriptedPrompts prompts_;
-  test::FixedClock clock_{QDate(2007, 3, 5)};
-  ApplicationState state_{
-      store_,   prompts_, clock_, schedule_.folder(), schedule_.folder() + u"/none.skn"_qs,
-      QString()};
   RecordingWindow window_{state_};
 };
 
