@@ -61,48 +61,13 @@ bool Recordset::noMatch() const {
   return state_->noMatch;
 }
 
-QVariant Recordset::value(QStringView name) {
-  return value(static_cast<int>(columnPosition(state_->lazy.set().columns, name)));
+const QList<Column>& Recordset::columns() const {
+  return state_->lazy.set().columns;
 }
 
-QVariant Recordset::value(int position) {
-  return cellValue(state_->cell(position), columnKind(position));
-}
-
-QString Recordset::text(QStringView name) {
-  return cellText(state_->cell(name));
-}
-
-QString Recordset::text(int position) {
-  return cellText(state_->cell(position));
-}
-
-QDate Recordset::date(QStringView name) {
-  return cellDate(state_->cell(name));
-}
-
-QTime Recordset::time(QStringView name) {
-  return cellTime(state_->cell(name));
-}
-
-qint64 Recordset::number(QStringView name) {
-  return cellNumber(state_->cell(name));
-}
-
-qint64 Recordset::number(int position) {
-  return cellNumber(state_->cell(position));
-}
-
-int Recordset::columnCount() {
-  return static_cast<int>(state_->lazy.set().columns.size());
-}
-
-QString Recordset::columnName(int position) {
-  return columnAt(state_->lazy.set().columns, position).name;
-}
-
-ColumnKind Recordset::columnKind(int position) {
-  return columnAt(state_->lazy.set().columns, position).kind;
+Cell Recordset::cell(qsizetype column) {
+  const qsizetype row = state_->currentRow();
+  return state_->rows().cell(row, column);
 }
 
 }  // namespace vellora

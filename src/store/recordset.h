@@ -1,11 +1,6 @@
 #pragma once
 
-#include "store/column_kind.h"
-
-#include <QDate>
-#include <QString>
-#include <QTime>
-#include <QVariant>
+#include "store/row_reader.h"
 
 #include <memory>
 
@@ -15,16 +10,15 @@ class Connection;
 
 // A set of rows opened by ScheduleStore::open. Rows are read when they are first asked for, all at
 // once; from then on the set holds no lock and does not change but through its own edits (rolling a
-// transaction back does not take them out of the set again). Column names match without regard to
-// case.
+// transaction back does not take them out of the set again).
 //
 // Every operation may throw StoreError. A set must not outlive its store.
-class Recordset {
+class Recordset final : public RowReader {
  public:
   Recordset(Connection& connection, const QString& tableOrSelect);  // see ScheduleStore::open
   Recordset(Recordset&&) noexcept;
   Recordset& operator=(Recordset&&) noexcept;
-  ~Recordset();
+  ~Recordset() override;
 
   qsizetype count();
   bool isEmpty();
@@ -44,22 +38,6 @@ class Recordset {
   bool findFirst(const QString& condition);
   bool noMatch() const;
 
-  // Read the current row; StoreFault::NoCurrentRow when there is none. An empty column gives an
-  // invalid QVariant, an empty text, an invalid date or time, 0. As a QVariant a date, a time of
-  // day or both read as QDate, QTime or QDateTime, a yes/no column as bool, integers as qint64.
-  QVariant value(QStringView name);
-  QVariant value(int position);
-  QString text(QStringView name);
-  QString text(int position);
-  QDate date(QStringView name);
-  QTime time(QStringView name);
-  qint64 number(QStringView name);
-  qint64 number(int position);
-
-  int columnCount();
-  QString columnName(int position);
-  ColumnKind columnKind(int position);
-
   // addNew or edit, then set, then update. The set must come from one table: SELECT * or its name;
   // StoreFault::NotUpdatable otherwise. After update the stored row is part of the set and current.
   // A value that its column cannot hold is refused by set; the columns set before stay set.
@@ -77,6 +55,8 @@ class Recordset {
 
  private:
   struct State;
+  const QList<Column>& columns() const override;
+  Cell cell(qsizetype column) override;
   void storeNew();
   void storeEdited();
 

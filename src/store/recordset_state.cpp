@@ -26,17 +26,6 @@ qsizetype Recordset::State::currentRow() {
   throw StoreError(StoreFault::NoCurrentRow, u"没有当前记录。"_qs);
 }
 
-Cell Recordset::State::cell(QStringView name) {
-  const qsizetype row = currentRow();
-  return rows().cell(row, columnPosition(lazy.set().columns, name));
-}
-
-Cell Recordset::State::cell(int index) {
-  const qsizetype row = currentRow();
-  columnAt(lazy.set().columns, index);
-  return rows().cell(row, index);
-}
-
 RowWriter& Recordset::State::writer() {
   if (rowWriter) return *rowWriter;
   if (!lazy.set().table.isEmpty()) return rowWriter.emplace(lazy.connection(), lazy.set());

@@ -22,8 +22,6 @@ struct Recordset::State {
   RowArena& rows();
   // The current row, which must be one.
   qsizetype currentRow();
-  Cell cell(QStringView name);
-  Cell cell(int index);
   RowWriter& writer();  // StoreFault::NotUpdatable when rows of the set cannot be changed
 
   LazyRows lazy;

@@ -20,13 +20,6 @@ struct RowCursor::State {
     place = Place::Over;
   }
 
-  Cell cell(qsizetype position) const {
-    if (place == Place::OnRow) return opened.cell(position);
-    throw StoreError(StoreFault::NoCurrentRow, u"没有当前记录。"_qs);
-  }
-
-  Cell cell(QStringView name) const { return cell(columnPosition(opened.set().columns, name)); }
-
   OpenedSet opened;
   PreparedStatement* statement = nullptr;  // while it runs
   Place place = Place::BeforeFirst;
@@ -52,47 +45,13 @@ bool RowCursor::next() {
   return true;
 }
 
-QVariant RowCursor::value(int position) {
-  const ColumnKind kind = columnKind(position);
-  return cellValue(state_->cell(position), kind);
+const QList<Column>& RowCursor::columns() const {
+  return state_->opened.set().columns;
 }
 
-QString RowCursor::text(QStringView name) {
-  return cellText(state_->cell(name));
-}
-
-QString RowCursor::text(int position) {
-  columnKind(position);
-  return cellText(state_->cell(position));
-}
-
-QDate RowCursor::date(QStringView name) {
-  return cellDate(state_->cell(name));
-}
-
-QTime RowCursor::time(QStringView name) {
-  return cellTime(state_->cell(name));
-}
-
-qint64 RowCursor::number(QStringView name) {
-  return cellNumber(state_->cell(name));
-}
-
-qint64 RowCursor::number(int position) {
-  columnKind(position);
-  return cellNumber(state_->cell(position));
-}
-
-int RowCursor::columnCount() const {
-  return static_cast<int>(state_->opened.set().columns.size());
-}
-
-QString RowCursor::columnName(int position) const {
-  return columnAt(state_->opened.set().columns, position).name;
-}
-
-ColumnKind RowCursor::columnKind(int position) const {
-  return columnAt(state_->opened.set().columns, position).kind;
+Cell RowCursor::cell(qsizetype column) {
+  if (state_->place == State::Place::OnRow) return state_->opened.cell(column);
+  throw StoreError(StoreFault::NoCurrentRow, u"没有当前记录。"_qs);
 }
 
 }  // namespace vellora

@@ -1,11 +1,6 @@
 #pragma once
 
-#include "store/column_kind.h"
-
-#include <QDate>
-#include <QString>
-#include <QTime>
-#include <QVariant>
+#include "store/row_reader.h"
 
 #include <memory>
 
@@ -19,32 +14,22 @@ class Connection;
 // outlive its store.
 //
 // Every operation may throw StoreError.
-class RowCursor {
+class RowCursor final : public RowReader {
  public:
   RowCursor(Connection& connection, const QString& tableOrSelect);  // see ScheduleStore::readOnce
   RowCursor(RowCursor&&) noexcept;
   RowCursor& operator=(RowCursor&&) noexcept;
-  ~RowCursor();
+  ~RowCursor() override;
 
-  // Goes to the next row, at first to the first; false when there is none any more.
+  // Goes to the next row, at first to the first; false when there is none any more. Before the
+  // first call and after the last row no row is current.
   bool next();
-
-  // Read the current row as Recordset does; StoreFault::NoCurrentRow before the first next() and
-  // after the last.
-  QVariant value(int position);
-  QString text(QStringView name);
-  QString text(int position);
-  QDate date(QStringView name);
-  QTime time(QStringView name);
-  qint64 number(QStringView name);
-  qint64 number(int position);
-
-  int columnCount() const;
-  QString columnName(int position) const;
-  ColumnKind columnKind(int position) const;
 
  private:
   struct State;
+  const QList<Column>& columns() const override;
+  Cell cell(qsizetype column) override;
+
   std::unique_ptr<State> state_;
 };
 
