@@ -33,6 +33,7 @@ MemoWindow::MemoWindow(ApplicationState& state, QWidget* parent)
   setObjectName(u"FormBWL"_qs);
   setWindowTitle(u"备忘录"_qs);
   update_->setObjectName(u"CmdSV"_qs);
+  update_->setFocusPolicy(Qt::TabFocus);  // a click must not turn to a typed date before it stores
   layOut();
   connect(days_, &DateStepper::dateChanged, this, &MemoWindow::showOtherDay);
   connect(update_, &QPushButton::clicked, this, &MemoWindow::store);
@@ -93,10 +94,10 @@ void MemoWindow::showOtherDay() {
 }
 
 void MemoWindow::store() {
-  const QDate day = days_->date();  // first: a date still being typed brings its own text
   try {
-    storeMemo(state().Db, day, text_->toPlainText());
+    storeMemo(state().Db, days_->date(), text_->toPlainText());
     text_->document()->setModified(false);
+    days_->finishTyping();
   } catch (const StoreError& error) {
     prompts().warn(this, error.description());
   }

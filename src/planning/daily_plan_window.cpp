@@ -66,6 +66,7 @@ QHBoxLayout* DailyPlanWindow::layButtons() {
   auto* open = makeButton(u"cmdOP"_qs, u"打开(&O)"_qs, this);
   auto* save = makeButton(u"cmdSV"_qs, u"保存(&S)"_qs, this);
   auto* end = makeButton(u"CmdEND"_qs, u"关闭(&Q) "_qs, this);
+  save->setFocusPolicy(Qt::TabFocus);  // a click must not turn to a typed date before it saves
   connect(open, &QPushButton::clicked, this, &DailyPlanWindow::openDay);
   connect(save, &QPushButton::clicked, this, &DailyPlanWindow::SaveDayPlan);
   connect(end, &QPushButton::clicked, this, &QWidget::close);
@@ -159,6 +160,7 @@ void DailyPlanWindow::SaveDayPlan() {
     prompts().warn(this, error.description());
   }
   prompts().warn(this, failure.isEmpty() ? u"保存完毕!"_qs : failure);
+  if (failure.isEmpty()) day_->finishTyping();
 }
 
 bool DailyPlanWindow::hasUnsavedTyping() const {

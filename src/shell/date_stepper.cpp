@@ -46,8 +46,7 @@ DateStepper::DateStepper(const Names& names, std::initializer_list<StepButton> b
     button->setObjectName(step.objectName);
     button->setToolTip(step.toolTip);
     button->setFixedWidth(narrowWidth(*button));
-    connect(button, &QPushButton::clicked, this,
-            [this, days = step.days] { setDate(date().addDays(days)); });
+    connect(button, &QPushButton::clicked, this, [this, days = step.days] { stepBy(days); });
     row->addWidget(button);
   };
   for (const auto& step : buttons) {
@@ -65,13 +64,21 @@ DateStepper::DateStepper(const Names& names, std::initializer_list<StepButton> b
   showWeekday();
 }
 
-QDate DateStepper::date() {
-  picker_->interpretText();
+QDate DateStepper::date() const {
   return picker_->date();
 }
 
 void DateStepper::setDate(QDate date) {
   picker_->setDate(qBound(kFirstDate, date, kLastDate));
+}
+
+void DateStepper::finishTyping() {
+  picker_->interpretText();
+}
+
+void DateStepper::stepBy(int days) {
+  finishTyping();
+  setDate(date().addDays(days));
 }
 
 void DateStepper::showWeekday() {

@@ -12,6 +12,7 @@ namespace vellora {
 
 // A date picker with buttons that step by days and a label that names its weekday. A date being
 // typed counts once it is entered or left, so that no window reads a day for each of its parts.
+// Until then date() is the one before it: what a window shows and saves.
 class DateStepper : public QWidget {
   Q_OBJECT
 
@@ -32,16 +33,19 @@ class DateStepper : public QWidget {
   DateStepper(const Names& names, std::initializer_list<StepButton> buttons,
               QWidget* parent = nullptr);
 
-  // Takes in what is still being typed, like leaving the picker.
-  QDate date();
+  QDate date() const;
   // Emits dateChanged when the date is another one.
   void setDate(QDate date);
+  // Takes in a date that is still being typed, like leaving the picker. For buttons that keep the
+  // focus where it is: a save first stores what is shown and then turns to the typed date.
+  void finishTyping();
   QDateEdit* picker() const { return picker_; }
 
  signals:
   void dateChanged(QDate date);
 
  private:
+  void stepBy(int days);
   void showWeekday();
 
   QDateEdit* picker_;

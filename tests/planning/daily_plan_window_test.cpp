@@ -1,5 +1,6 @@
 #include "planning/daily_plan_window.h"
 
+#include "routine/calendar_text.h"
 #include "window_fixture.h"
 
 namespace vellora {
@@ -74,6 +75,26 @@ TEST_F(DailyPlanWindowTest, MovingTheDateDropsWhatWasNotSaved) {
     EXPECT_EQ(window_.date(), kToday.addDays(days));
     EXPECT_EQ(grid(window_).GetCellText(1, 0), days == 7 ? u"读书"_qs : QString());
     EXPECT_FALSE(isMarked(window_, 0));
+  }
+}
+
+TEST_F(DailyPlanWindowTest, ASaveRightAfterTypingADateIsOfTheShownDayAndThenTurnsToTheTypedOne) {
+  open();
+  auto* picker = window_.findChild<QDateEdit*>(u"DTP1"_qs);
+  QDate shown = kToday;
+  for (const bool byMouse : {true, false}) {
+    doubleClick(window_, u"List1"_qs, 0);
+    picker->setFocus();
+    picker->setSelectedSection(QDateTimeEdit::DaySection);
+    QTest::keyClicks(picker, byMouse ? u"19"_qs : u"26"_qs);
+    EXPECT_TRUE(isMarked(window_, 0)) << "the shown day stays until the date is complete";
+    if (byMouse) click(window_, u"cmdSV"_qs);
+    if (!byMouse) QTest::keyClick(picker, Qt::Key_S, Qt::AltModifier);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return saved().size() == (byMouse ? 1 : 2); }));
+    EXPECT_EQ(saved().last(), isoDate(shown) + u"|002|读书||0"_qs);
+    shown = QDate(2007, 3, byMouse ? 19 : 26);
+    EXPECT_EQ(window_.date(), shown);
+    EXPECT_EQ(row(window_, 0), u"08:00-09:30/早读|||"_qs);
   }
 }
 

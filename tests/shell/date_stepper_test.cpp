@@ -55,7 +55,7 @@ TEST_F(DateStepperTest, StopsAtTheEndsOfTheCalendar) {
   EXPECT_EQ(stepper_.date(), QDate(9999, 12, 24));
 }
 
-TEST_F(DateStepperTest, TakesATypedDateWhenItIsEnteredOrAskedFor) {
+TEST_F(DateStepperTest, TakesATypedDateWhenItIsEnteredAskedForOrSteppedFrom) {
   stepper_.setDate(QDate(2007, 3, 5));
   auto* picker = stepper_.findChild<QDateEdit*>(u"D1"_qs);
   picker->setSelectedSection(QDateTimeEdit::MonthSection);
@@ -66,8 +66,14 @@ TEST_F(DateStepperTest, TakesATypedDateWhenItIsEnteredOrAskedFor) {
   EXPECT_EQ(weekday(), u"星期六"_qs);
   picker->setSelectedSection(QDateTimeEdit::DaySection);
   QTest::keyClicks(picker, u"30"_qs);
+  EXPECT_EQ(stepper_.date(), QDate(2007, 4, 28));
+  stepper_.finishTyping();
   EXPECT_EQ(stepper_.date(), QDate(2007, 4, 30));
   EXPECT_EQ(weekday(), u"星期一"_qs);
+  picker->setSelectedSection(QDateTimeEdit::DaySection);
+  QTest::keyClicks(picker, u"10"_qs);
+  click(u"On1"_qs);
+  EXPECT_EQ(stepper_.date(), QDate(2007, 4, 11));
 }
 
 }  // namespace vellora
