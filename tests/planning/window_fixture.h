@@ -2,6 +2,7 @@
 
 #include "grid/surface/grid_surface.h"
 #include "shell/planner_window.h"
+#include "support/failing_disk.h"
 #include "support/fixed_clock.h"
 #include "support/schedule_builder.h"
 #include "support/scripted_prompts.h"
@@ -103,6 +104,7 @@ class WindowTest : public testing::Test {
     return lines;
   }
 
+  FailingDisk disk_;
   ScheduleBuilder schedule_;
   ScheduleStore store_{schedule_.path(), std::chrono::milliseconds(0)};
   ScriptedPrompts prompts_;
