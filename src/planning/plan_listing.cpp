@@ -6,12 +6,25 @@
 namespace vellora {
 namespace {
 
+// Entries come by date, so one text serves all of a day.
+class DateCells {
+ public:
+  const QString& of(QDate date) {
+    if (date != date_) cell_ = planDateCell(date_ = date);
+    return cell_;
+  }
+
+ private:
+  QDate date_;
+  QString cell_;
+};
+
 // Returns whether the entry's block was found.
 bool writeRow(Sheet& sheet, int row, RowCursor& entry, const TimeBlockList& blocks,
-              const QString& activity) {
+              const QString& activity, DateCells& dates) {
   const QString code = entry.text(u"SJKH");
   const TimeBlock* block = blocks.find(code);
-  sheet.SetCellText(kPlanDate, row, planDateCell(entry.date(u"RQ")));
+  sheet.SetCellText(kPlanDate, row, dates.of(entry.date(u"RQ")));
   sheet.SetCellTag(kPlanTime, row, code);
   if (block) sheet.SetCellText(kPlanTime, row, block->cell);
   sheet.SetCellText(kPlanActivity, row, activity);
@@ -29,9 +42,11 @@ QStringList listPlan(ScheduleStore& store, Sheet& sheet, const TimeBlockList& bl
   listed.SetRows(0);
   listed.SetRows(kMaxRows);  // until they are counted
   QStringList missing;
+  DateCells dates;
   int count = 0;
   while (entries.next()) {
-    if (!writeRow(listed, count++, entries, blocks, activity)) missing << entries.text(u"SJKH");
+    const bool isWhole = writeRow(listed, count++, entries, blocks, activity, dates);
+    if (!isWhole) missing << entries.text(u"SJKH");
   }
   listed.SetRows(count + kSparePlanRows);
   sheet = listed;

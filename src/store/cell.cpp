@@ -68,6 +68,8 @@ QString cellText(const Cell& cell) {
 }
 
 QDate cellDate(const Cell& cell) {
+  const QLatin1String bytes(cell.bytes.data(), static_cast<qsizetype>(cell.bytes.size()));
+  if (const auto date = readStoredDate(bytes)) return *date;
   const std::optional<Moment> moment = readMoment(cellText(cell));
   return moment ? moment->date : QDate();
 }

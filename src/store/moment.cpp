@@ -89,17 +89,26 @@ class MomentScanner {
   QStringView rest_;
 };
 
-}  // namespace
-
-std::optional<QDate> readStoredDate(QStringView text) {
+template <typename Text>
+std::optional<QDate> storedDate(Text text) {
   if (text.size() != 10 || text[4] != u'-' || text[7] != u'-') return {};
   int value[10];
   for (const int i : {0, 1, 2, 3, 5, 6, 8, 9}) {
-    value[i] = text[i].unicode() - u'0';
+    value[i] = QChar(text[i]).unicode() - u'0';
     if (value[i] < 0 || value[i] > 9) return {};
   }
   return validOrNone(QDate(value[0] * 1000 + value[1] * 100 + value[2] * 10 + value[3],
                            value[5] * 10 + value[6], value[8] * 10 + value[9]));
+}
+
+}  // namespace
+
+std::optional<QDate> readStoredDate(QStringView text) {
+  return storedDate(text);
+}
+
+std::optional<QDate> readStoredDate(QLatin1String text) {
+  return storedDate(text);
 }
 
 std::optional<Moment> readMoment(QStringView text) {

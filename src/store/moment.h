@@ -29,5 +29,6 @@ QString storedText(const Moment& moment);
 
 // A day that exists, already in its stored form: the quick way past nearly every date.
 std::optional<QDate> readStoredDate(QStringView text);
+std::optional<QDate> readStoredDate(QLatin1String text);
 
 }  // namespace vellora

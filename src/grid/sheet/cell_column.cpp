@@ -31,6 +31,16 @@ CellColumn::Cell& CellColumn::writable(int index) {
   return cells_[position];
 }
 
+// A list's rows often repeat the text above, which is found sooner than by the pool's own search.
+void CellColumn::setText(int index, const QString& text) {
+  const TextPool::Id above = index > 0 ? at(index - 1).text : TextPool::kEmpty;
+  TextPool::Id& id = writable(index).text;
+  if (pool_->text(above) != text) return replace(id, text);
+  pool_->retain(above);
+  pool_->release(id);
+  id = above;
+}
+
 void CellColumn::replace(TextPool::Id& id, const QString& text) {
   const TextPool::Id old = id;
   id = pool_->take(text);

@@ -26,7 +26,7 @@ class CellColumn {
   const QString& tag(int index) const { return pool_->text(at(index).tag); }
   StyleTable::Number style(int index) const { return at(index).style; }
 
-  void setText(int index, const QString& text) { replace(writable(index).text, text); }
+  void setText(int index, const QString& text);
   void setTag(int index, const QString& tag) { replace(writable(index).tag, tag); }
   StyleTable::Number& writableStyle(int index) { return writable(index).style; }
   void restyle(int first, int last, const Restyle& map);
