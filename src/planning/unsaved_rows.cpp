@@ -5,6 +5,8 @@
 #include "store/statements.h"
 
 #include <algorithm>
+#include <iterator>
+#include <utility>
 
 namespace vellora {
 namespace {
@@ -58,12 +60,18 @@ bool isUnsavedDayRow(const Sheet& sheet, int row, QDate date, const SavedEntries
   return !areStoredAlike(texts, {}) || !texts.level.isEmpty();
 }
 
-std::vector<int> unsavedRows(const Sheet& sheet, const std::function<bool(int row)>& isUnsaved) {
-  std::vector<int> rows;
-  for (int row = 0; row < sheet.Rows(); row = sheet.NextWrittenRow(row + 1)) {
-    if (isUnsaved(row)) rows.push_back(row);
+void findUnsavedRows(const Sheet& sheet, const std::function<bool(int row)>& isUnsaved,
+                     UnsavedRows& found) {
+  const std::vector<int> before = std::exchange(found.rows, {});
+  for (int row = 0; row < sheet.Rows(); ++row) {
+    const int changed = sheet.NextChangedRow(row, found.seen);
+    std::copy(std::lower_bound(before.begin(), before.end(), row),
+              std::lower_bound(before.begin(), before.end(), changed),
+              std::back_inserter(found.rows));
+    row = sheet.NextWrittenRow(changed);
+    if (row < sheet.Rows() && isUnsaved(row)) found.rows.push_back(row);
   }
-  return rows;
+  found.seen = sheet;
 }
 
 }  // namespace vellora

@@ -40,7 +40,14 @@ bool isUnsavedPlanRow(const Sheet& sheet, int row, const QString& activity,
 // A row of the daily grid that differs from the entry of its block.
 bool isUnsavedDayRow(const Sheet& sheet, int row, QDate date, const SavedEntries& saved);
 
-// The unsaved rows of a sheet, in ascending order.
-std::vector<int> unsavedRows(const Sheet& sheet, const std::function<bool(int row)>& isUnsaved);
+// The unsaved rows of a sheet as they were found last, in ascending order.
+struct UnsavedRows {
+  Sheet seen;  // when they were found
+  std::vector<int> rows;
+};
+
+// Brings them up to date, asking only about rows that may have changed since they were found.
+void findUnsavedRows(const Sheet& sheet, const std::function<bool(int row)>& isUnsaved,
+                     UnsavedRows& found);
 
 }  // namespace vellora

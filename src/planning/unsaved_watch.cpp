@@ -1,7 +1,6 @@
 #include "planning/unsaved_watch.h"
 
 #include "grid/surface/grid_surface.h"
-#include "planning/unsaved_rows.h"
 
 #include <QLabel>
 
@@ -20,21 +19,23 @@ UnsavedWatch::UnsavedWatch(GridSurface& grid, QLabel& notice, Question isUnsaved
 }
 
 void UnsavedWatch::lookAgain() {
-  const Sheet& sheet = grid_.sheet();
-  grid_.markRows(unsavedRows(sheet, [&](int row) { return is_unsaved_(sheet, row); }),
-                 u"未保存"_qs);
-  seen_revision_ = sheet.revision();
-  const auto count = grid_.markedRows().size();
-  notice_.setText(count == 0 ? QString() : u"左边有橙色标记的 %1 行还没有保存"_qs.arg(count));
+  found_ = {};
+  catchUp();
 }
 
 bool UnsavedWatch::hasUnsaved() {
   catchUp();
-  return !grid_.markedRows().empty();
+  return !found_.rows.empty();
 }
 
 void UnsavedWatch::catchUp() {
-  if (grid_.sheet().revision() != seen_revision_) lookAgain();
+  const Sheet& sheet = grid_.sheet();
+  findUnsavedRows(
+      sheet, [&](int row) { return is_unsaved_(sheet, row); }, found_);
+  if (found_.rows == grid_.markedRows()) return;
+  grid_.markRows(found_.rows, u"未保存"_qs);
+  const auto count = found_.rows.size();
+  notice_.setText(count == 0 ? QString() : u"左边有橙色标记的 %1 行还没有保存"_qs.arg(count));
 }
 
 }  // namespace vellora

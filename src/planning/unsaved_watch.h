@@ -1,6 +1,6 @@
 #pragma once
 
-#include "grid/sheet/sheet.h"
+#include "planning/unsaved_rows.h"
 
 #include <QObject>
 #include <QTimer>
@@ -33,7 +33,7 @@ class UnsavedWatch : public QObject {
   QLabel& notice_;
   Question is_unsaved_;
   QTimer later_;  // several changes are looked at once
-  quint64 seen_revision_ = 0;
+  UnsavedRows found_;
 };
 
 }  // namespace vellora
