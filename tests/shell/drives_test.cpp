@@ -1,5 +1,6 @@
 #include "shell/drives.h"
 
+#include "grid/files/file_error.h"
 #include "support/text_output.h"
 
 #include <gtest/gtest.h>
@@ -17,6 +18,14 @@ TEST(RealPath, BeginsAtTheCurrentDrivesRootUnlessItIsTheSystemsOwn) {
             {u"/media/盘\\日程表备份.KTZ"_qs, u"/media/盘/日程表备份.KTZ"_qs},
             {u"/\\x.KTZ"_qs, u"/x.KTZ"_qs}};
   for (const auto& c : cases) EXPECT_EQ(realPath(c.given, home), c.real);
+}
+
+TEST(RealPath, RefusesADriveThatTheSystemCannotHave) {
+  if (hasDriveLetters()) GTEST_SKIP();
+  for (const QString& path : {u"C:\\x.KTZ"_qs, u"d:/x.KTZ"_qs, u"E:"_qs}) {
+    EXPECT_THROW(realPath(path, u"/home/小明"_qs), FileError) << path.toStdString();
+  }
+  EXPECT_EQ(realPath(u"\\C:"_qs, u"/home"_qs), u"/home/C:"_qs);
 }
 
 TEST(FileName, HoldsNoCharacterThatAFileSystemRefuses) {
