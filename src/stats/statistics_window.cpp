@@ -2,7 +2,6 @@
 
 #include "grid/surface/grid_surface.h"
 #include "routine/category.h"
-#include "shell/grid_keys.h"
 #include "stats/time_use.h"
 #include "store/store_error.h"
 
@@ -71,7 +70,7 @@ StatisticsWindow::StatisticsWindow(ApplicationState& state, QWidget* parent)
   grid_->setEditable(false);
   setUpTimeUse(grid_->sheet());
   grid_->Redraw();
-  new GridKeys(*grid_, state, [] { return u"统计分析"_qs; });
+  answerGridKeys(*grid_, [] { return u"统计分析"_qs; });
   layOut();
 }
 
@@ -79,6 +78,7 @@ void StatisticsWindow::layOut() {
   auto* all = new QVBoxLayout(this);
   all->addLayout(makeRange());
   all->addWidget(grid_, 1);
+  all->addWidget(statusLine());
   all->addWidget(total_);
   all->addLayout(makeCategoryLines());
   const QSize room = screen()->availableSize() * 9 / 10;

@@ -16,10 +16,9 @@
 #include <QPushButton>
 #include <QScreen>
 #include <QStandardPaths>
+#include <QTimer>
 #include <QToolBar>
 #include <QToolButton>
-
-#include <functional>
 
 namespace vellora {
 namespace {
@@ -35,15 +34,19 @@ PageSetup pageSetupOf(const QPrinter& printer, PageSetup setup) {
   return setup;
 }
 
-// Runs the action; its failure is told and otherwise changes nothing.
-void withWarning(QWidget* parent, const std::function<void()>& action) {
+// False when the user gives the work up. Its failure is told and otherwise changes nothing.
+bool runTold(const WorkRunner& run, QWidget* parent,
+             const std::function<void(const WorkProgress&)>& work) {
   try {
-    action();
+    run(parent, work);
+  } catch (const WorkGivenUp&) {
+    return false;
   } catch (const FileError& error) {
     QMessageBox box(QMessageBox::Warning, u"打印"_qs, error.description(), QMessageBox::Ok, parent);
     box.button(QMessageBox::Ok)->setText(u"确定"_qs);
     box.exec();
   }
+  return true;
 }
 
 QString proposedPath(QString documentName) {
@@ -90,7 +93,8 @@ void takeMostOfTheScreen(QPrintPreviewDialog& dialog) {
 }  // namespace
 
 void savePdf(const Sheet& sheet, const PageSetup& setup, PrintHeadings headings,
-             const QPageLayout& paper, const QString& documentName, const QString& path) {
+             const QPageLayout& paper, const QString& documentName, const QString& path,
+             const WorkProgress& progress) {
   SafeFile file(path);
   QBuffer pdf;
   pdf.open(QIODevice::WriteOnly);
@@ -98,14 +102,18 @@ void savePdf(const Sheet& sheet, const PageSetup& setup, PrintHeadings headings,
     QPdfWriter writer(&pdf);
     writer.setTitle(documentName);
     writer.setPageLayout(paper);
-    printSheet(sheet, setup, headings, writer);
+    printSheet(sheet, setup, headings, writer, progress);
   }
   file.write(withReadableText(pdf.data()));
   file.commit();
 }
 
+void runUntold(QWidget* /*window*/, const std::function<void(const WorkProgress&)>& work) {
+  work({});
+}
+
 PageSetup previewSheet(const Sheet& sheet, const PageSetup& setup, PrintHeadings headings,
-                       const QString& documentName, QWidget* parent) {
+                       const QString& documentName, QWidget* parent, const WorkRunner& run) {
   QPrinter printer(QPrinter::HighResolution);
   printer.setDocName(documentName);
   printer.setPageLayout(paperOf(setup));
@@ -113,13 +121,17 @@ PageSetup previewSheet(const Sheet& sheet, const PageSetup& setup, PrintHeadings
   dialog.setWindowTitle(u"打印预览 "_qs + documentName);
   takeMostOfTheScreen(dialog);
   QObject::connect(&dialog, &QPrintPreviewDialog::paintRequested, &dialog, [&](QPrinter* paper) {
-    withWarning(&dialog, [&] { printSheet(sheet, setup, headings, *paper); });
+    const bool isDone = runTold(run, &dialog, [&](const WorkProgress& progress) {
+      printSheet(sheet, setup, headings, *paper, progress);
+    });
+    if (!isDone) QTimer::singleShot(0, &dialog, &QDialog::reject);
   });
   QObject::connect(addPdfButton(dialog), &QPushButton::clicked, &dialog, [&] {
     const QString path = askForPdfPath(documentName, &dialog);
     if (path.isEmpty()) return;
-    withWarning(&dialog,
-                [&] { savePdf(sheet, setup, headings, printer.pageLayout(), documentName, path); });
+    runTold(run, &dialog, [&](const WorkProgress& progress) {
+      savePdf(sheet, setup, headings, printer.pageLayout(), documentName, path, progress);
+    });
   });
   dialog.exec();
   return pageSetupOf(printer, setup);
