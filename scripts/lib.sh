@@ -7,7 +7,8 @@ build_packages=(
 )
 font_packages=(fonts-noto-cjk fonts-arphic-gkai00mp)
 check_packages=(clang-format clang-tidy)
-test_packages=(libgtest-dev poppler-utils python3-xlrd libspreadsheet-parseexcel-perl)
+test_packages=(libgtest-dev poppler-utils tidy python3-xlrd libspreadsheet-parseexcel-perl)
+long_packages=(libreoffice-calc-nogui chromium)
 bench_packages=(libgtest-dev libbenchmark-dev python3-xlwt python3-uno libreoffice-calc-nogui)
 picture_packages=(xvfb xdotool imagemagick)
 

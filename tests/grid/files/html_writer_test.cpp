@@ -7,6 +7,7 @@
 #include "support/text_output.h"
 
 #include <QBuffer>
+#include <QProcess>
 
 #include <gtest/gtest.h>
 
@@ -102,6 +103,45 @@ TEST(HtmlWriter, LetsNoFaceEndTheStyleElementOrItsRule) {
   EXPECT_FALSE(html.contains(u"<script"));
   EXPECT_EQ(html.count(u"</style>"), 1);
   EXPECT_TRUE(html.contains(u"\"x\\22 \\7d \\3c \\2f style\\3e "));
+}
+
+TEST(HtmlFile, IsValidWhateverTheTexts) {
+  const test::TemporaryFolder folder;
+  const QString path = folder.path(u"表.HTM"_qs);
+  Sheet nasty = sheetOf(2, 7);
+  nasty.SetCellText(0, kHeadingRow, u"</th><th>"_qs);
+  const QStringList texts{u"</td></table><script>alert(1)</script>"_qs,
+                          u"&lt; &#0; &\r\n\r  x"_qs,
+                          u"\x01\x7F\u0085\uFFFE"_qs + QChar(0xDC00),
+                          u"\"'`-->]]><!--"_qs,
+                          u"\t 😀 =1+1"_qs,
+                          u"007"_qs,
+                          u"12.5"_qs};
+  for (int row = 0; row < texts.size(); ++row) nasty.SetCellText(0, row, texts[row]);
+  nasty.SetCellFont(1, 0, 9, kFontBold, u"x\"}</style>"_qs);
+  nasty.SetCellColors(1, 1, kRed, kWhite);
+  nasty.SetRangeBorder(0, 2, 1, 3, 0, 2, kBlue);
+  nasty.SetRowHeight(4, 80);
+  for (const Sheet& sheet : {nasty, sheetOf(1, 1), sheetOf(1, 0)}) {
+    writeHtmlFile(sheet, {true, true}, u"</title>&x"_qs, path);
+    QProcess tidy;
+    tidy.start(u"tidy"_qs,
+               {u"-quiet"_qs, u"-errors"_qs, u"--drop-empty-elements"_qs, u"no"_qs, path});
+    ASSERT_TRUE(tidy.waitForFinished()) << tidy.errorString().toStdString();
+    EXPECT_EQ(QString::fromUtf8(tidy.readAllStandardError()), QString());
+    EXPECT_EQ(tidy.exitCode(), 0);
+  }
+}
+
+TEST(HtmlFile, IsNotWrittenWhenTheWorkIsGivenUp) {
+  const test::TemporaryFolder folder;
+  for (int steps = 0; steps < 4; ++steps) {
+    int left = steps;
+    const auto progress = [&](const WorkStep&) { return left-- > 0; };
+    const QString path = folder.path(u"表.HTM"_qs);
+    EXPECT_THROW(writeHtmlFile(sheetOf(1, 1'000), {}, u"表"_qs, path, progress), WorkGivenUp);
+    EXPECT_TRUE(folder.names().isEmpty());
+  }
 }
 
 TEST(HtmlFile, IsReplacedWholeOrNotAtAll) {
