@@ -23,6 +23,7 @@ QDateEdit* makePicker(const DateStepper::Names& names, QWidget* parent) {
   picker->setDisplayFormat(u"yyyy-MM-dd"_qs);
   picker->setDateRange(kFirstDate, kLastDate);
   picker->setCalendarPopup(true);
+  picker->setKeyboardTracking(false);
   return picker;
 }
 
@@ -64,7 +65,8 @@ DateStepper::DateStepper(const Names& names, std::initializer_list<StepButton> b
   showWeekday();
 }
 
-QDate DateStepper::date() const {
+QDate DateStepper::date() {
+  picker_->interpretText();
   return picker_->date();
 }
 
@@ -73,7 +75,7 @@ void DateStepper::setDate(QDate date) {
 }
 
 void DateStepper::showWeekday() {
-  weekday_->setText(weekdayName(date()));
+  weekday_->setText(weekdayName(picker_->date()));
 }
 
 DateStepper* makeArrowStepper(const DateStepper::Names& names, QWidget* parent) {
