@@ -33,12 +33,4 @@ QString realPath(const QString& givenPath) {
   return realPath(givenPath, QDir::homePath());
 }
 
-QString fileNameFor(const QString& wanted) {
-  QString name = wanted;
-  for (QChar& unit : name) {
-    if (unit < u' ' || unit == u'\x7F' || QStringView(u"\\/:*?\"<>|").contains(unit)) unit = u'_';
-  }
-  return name;
-}
-
 }  // namespace vellora

@@ -15,8 +15,4 @@ bool hasDriveLetters();
 QString realPath(const QString& givenPath, const QString& currentDriveRoot);
 QString realPath(const QString& givenPath);
 
-// The name with `_` for every character that a file name cannot hold here or on the drives that
-// people carry along: \ / : * ? " < > | and control characters.
-QString fileNameFor(const QString& wanted);
-
 }  // namespace vellora

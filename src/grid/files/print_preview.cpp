@@ -1,5 +1,6 @@
 #include "grid/files/print_preview.h"
 
+#include "grid/files/file_name.h"
 #include "grid/files/pdf_text.h"
 #include "grid/files/safe_file.h"
 
@@ -49,13 +50,9 @@ bool runTold(const WorkRunner& run, QWidget* parent,
   return true;
 }
 
-QString proposedPath(QString documentName) {
-  static const QString kForbidden = u"\\/:*?\"<>|"_qs;
-  for (QChar& character : documentName) {
-    if (kForbidden.contains(character) || character.unicode() < 32) character = u'_';
-  }
+QString proposedPath(const QString& documentName) {
   const QString folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
-  return QDir(folder).filePath(documentName + u".pdf");
+  return QDir(folder).filePath(fileNameFor(documentName) + u".pdf");
 }
 
 QString askForPdfPath(const QString& documentName, QWidget* parent) {
