@@ -28,6 +28,27 @@ class GridKeysTest : public test::PlannerTest {
     grid_.SetRows(1);
     grid_.SetCellText(0, 0, u"读书"_qs);
   }
+  // Presses the key on a list so long that the work shows how far it is, and cancels it there.
+  void pressAndCancel(Qt::Key key) {
+    grid_.SetCols(50);
+    grid_.SetRows(300'000);
+    for (int col = 0; col < grid_.Cols(); ++col) grid_.SetCellColors(col, kEveryRow, kRed, kWhite);
+    for (int row = 0; row < grid_.Rows(); ++row) {
+      grid_.SetCellText(0, row, QString::number(row) + u'x');
+    }
+    bool isShown = false;
+    QTimer user;
+    QObject::connect(&user, &QTimer::timeout, [&] {
+      auto* dialog = qobject_cast<WorkDialog*>(QApplication::activeModalWidget());
+      if (!dialog) return;
+      isShown = true;
+      dialog->cancel();
+    });
+    user.start(1);
+    QTest::keyClick(&grid_, key);
+    EXPECT_TRUE(isShown);
+  }
+
   const QByteArray oldHome_ = qgetenv("HOME");
   test::TemporaryFolder home_;
   GridSurface grid_;
@@ -91,20 +112,16 @@ TEST_F(GridKeysTest, TellsWhatTheSystemRefusesAndKeepsTheOldFile) {
 TEST_F(GridKeysTest, ACancelledExportLeavesTheOldFile) {
   const QString path = home_.path(u"活动项目.xls"_qs);
   test::writeBytes(path, "old");
-  grid_.SetCols(5);
-  grid_.SetRows(300'000);
-  for (int row = 0; row < grid_.Rows(); ++row)
-    grid_.SetCellText(0, row, QString::number(row) + u'x');
-  QTimer user;
-  QObject::connect(&user, &QTimer::timeout, [] {
-    auto* dialog = qobject_cast<WorkDialog*>(QApplication::activeModalWidget());
-    if (dialog) dialog->cancel();
-  });
-  user.start(1);
-  QTest::keyClick(&grid_, Qt::Key_F8);
+  pressAndCancel(Qt::Key_F8);
   EXPECT_EQ(status_.text(), u"没有导出：已取消，原来的文件没有改动。"_qs);
   EXPECT_EQ(test::bytesOf(path), "old");
   EXPECT_EQ(home_.names(), QStringList{u"活动项目.xls"_qs});
+}
+
+TEST_F(GridKeysTest, ACancelledPrintClosesItsPreview) {
+  pressAndCancel(Qt::Key_F3);
+  EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+  EXPECT_TRUE(prompts_.informed.isEmpty() && prompts_.warnings.isEmpty());
 }
 
 TEST_F(GridKeysTest, OtherKeysWriteNothing) {
