@@ -57,6 +57,9 @@ DateStepper::DateStepper(const Names& names, std::initializer_list<StepButton> b
     if (step.days > 0) addButton(step);
   }
   row->addWidget(weekday_);
+  for (int i = 1; i < row->count(); ++i) {
+    setTabOrder(row->itemAt(i - 1)->widget(), row->itemAt(i)->widget());
+  }
   connect(picker_, &QDateEdit::dateChanged, this, [this](QDate day) {
     showWeekday();
     emit dateChanged(day);

@@ -10,7 +10,6 @@
 #include <QGridLayout>
 #include <QLabel>
 #include <QPushButton>
-#include <QScreen>
 
 #include <algorithm>
 #include <array>
@@ -81,8 +80,7 @@ void StatisticsWindow::layOut() {
   all->addWidget(grid_, 1);
   all->addWidget(total_);
   all->addLayout(makeCategoryLines());
-  const QSize room = screen()->availableSize() * 9 / 10;
-  resize(QSize(680, 620).boundedTo(room));
+  resize(680, 620);
 }
 
 QLayout* StatisticsWindow::makeRange() {
@@ -106,6 +104,9 @@ QLayout* StatisticsWindow::makeRange() {
   range->addStretch();
   range->addWidget(compute);
   range->addWidget(close);
+  setTabOrder(end_, compute);
+  setTabOrder(compute, close);
+  setTabOrder(close, grid_);
   return range;
 }
 
