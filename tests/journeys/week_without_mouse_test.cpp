@@ -1,27 +1,10 @@
 // A week is planned, looked at, printed, exported, backed up and brought back by keys alone.
 
 #include "keyboard_journey.h"
-
-#include <QFile>
-#include <QTemporaryDir>
+#include "support/home_folder.h"
 
 namespace vellora {
 namespace {
-
-// While it lives, what is exported to the user's home folder lies here.
-class HomeFolder {
- public:
-  HomeFolder() { qputenv("HOME", folder_.path().toLocal8Bit()); }
-  ~HomeFolder() { qputenv("HOME", old_); }
-  HomeFolder(const HomeFolder&) = delete;
-  HomeFolder& operator=(const HomeFolder&) = delete;
-
-  bool holds(const QString& name) const { return QFile::exists(folder_.filePath(name)); }
-
- private:
-  QTemporaryDir folder_;
-  QByteArray old_ = qgetenv("HOME");
-};
 
 // With two blocks and two activities to plan.
 class WeekWithoutMouse : public test::KeyboardJourney {
@@ -50,7 +33,7 @@ class WeekWithoutMouse : public test::KeyboardJourney {
     prompts_.warnings.clear();
   }
 
-  HomeFolder home_;
+  test::HomeFolder home_;
 };
 
 }  // namespace
@@ -109,8 +92,7 @@ TEST_F(WeekWithoutMouse, IsCountedPrintedAndExported) {
     inWindowOpenedBy([] { press(Qt::Key_F3); }, [] { EXPECT_FALSE(title().isEmpty()); });
     alt('Q');
   });
-  EXPECT_TRUE(home_.holds(u"统计分析.HTM"_qs));
-  EXPECT_TRUE(home_.holds(u"统计分析.xls"_qs));
+  EXPECT_EQ(home_.names(), (QStringList{u"统计分析.HTM"_qs, u"统计分析.xls"_qs}));
   inWindow(u"CmdA1"_qs, [] { EXPECT_FALSE(title().isEmpty()); });
 }
 
