@@ -27,10 +27,10 @@ QStringList listPlan(ScheduleStore& store, Sheet& sheet, const TimeBlockList& bl
   auto entries = store.readOnce(statements::plansOfActivity(activity));
   Sheet listed = sheet;
   listed.SetRows(0);
+  listed.SetRows(kMaxRows);  // until they are counted
   QStringList missing;
   int count = 0;
   while (entries.next()) {
-    if (count == listed.Rows()) listed.SetRows(2 * count + kSparePlanRows);
     if (!writeRow(listed, count++, entries, blocks, activity)) missing << entries.text(u"SJKH");
   }
   listed.SetRows(count + kSparePlanRows);

@@ -78,9 +78,6 @@ std::optional<Moment> momentOf(const QVariant& value) {
 }
 
 OwnedCell momentCell(const Column& column, const QVariant& value) {
-  if (value.userType() == QMetaType::QString && isStoredDate(value.toString())) {
-    return textCell(value.toString());
-  }
   const std::optional<Moment> moment = momentOf(value);
   const QString text = moment ? storedText(*moment) : QString();
   if (!text.isEmpty()) return textCell(text);

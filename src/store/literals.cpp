@@ -48,7 +48,7 @@ void Literals::addText(QStringView inside) {
 }
 
 void Literals::addMoment(QStringView inside) {
-  if (isStoredDate(inside)) return append(inside);
+  if (readStoredDate(inside)) return append(inside);
   const std::optional<Moment> moment = readMoment(inside);
   if (moment) return append(storedText(*moment));
   throw StoreError(StoreFault::NotADateOrTime,

@@ -91,7 +91,19 @@ class MomentScanner {
 
 }  // namespace
 
+std::optional<QDate> readStoredDate(QStringView text) {
+  if (text.size() != 10 || text[4] != u'-' || text[7] != u'-') return {};
+  int value[10];
+  for (const int i : {0, 1, 2, 3, 5, 6, 8, 9}) {
+    value[i] = text[i].unicode() - u'0';
+    if (value[i] < 0 || value[i] > 9) return {};
+  }
+  return validOrNone(QDate(value[0] * 1000 + value[1] * 100 + value[2] * 10 + value[3],
+                           value[5] * 10 + value[6], value[8] * 10 + value[9]));
+}
+
 std::optional<Moment> readMoment(QStringView text) {
+  if (const auto date = readStoredDate(text)) return Moment{*date, {}};
   const QString narrow = narrowed(text);
   MomentScanner scanner(narrow);
   Moment moment;
@@ -116,17 +128,6 @@ std::optional<QDate> readDate(QStringView text) {
 std::optional<QTime> readTime(QStringView text) {
   const std::optional<Moment> moment = readMoment(text);
   return moment && !moment->date.isValid() ? std::optional(moment->time) : std::nullopt;
-}
-
-bool isStoredDate(QStringView text) {
-  if (text.size() != 10 || text[4] != u'-' || text[7] != u'-') return false;
-  int value[10];
-  for (const int i : {0, 1, 2, 3, 5, 6, 8, 9}) {
-    value[i] = text[i].unicode() - u'0';
-    if (value[i] < 0 || value[i] > 9) return false;
-  }
-  return QDate::isValid(value[0] * 1000 + value[1] * 100 + value[2] * 10 + value[3],
-                        value[5] * 10 + value[6], value[8] * 10 + value[9]);
 }
 
 QString storedText(const Moment& moment) {

@@ -27,7 +27,7 @@ std::optional<QTime> readTime(QStringView text);  // a time of day alone
 // Empty when both parts are invalid.
 QString storedText(const Moment& moment);
 
-// True for a day that exists, already in its stored form: the quick way past nearly every date.
-bool isStoredDate(QStringView text);
+// A day that exists, already in its stored form: the quick way past nearly every date.
+std::optional<QDate> readStoredDate(QStringView text);
 
 }  // namespace vellora

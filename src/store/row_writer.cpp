@@ -7,6 +7,8 @@
 
 #include <QStringList>
 
+#include <algorithm>
+
 namespace vellora {
 namespace {
 
@@ -17,34 +19,34 @@ OwnedCell owned(const Cell& cell) {
           QByteArray(cell.bytes.data(), static_cast<qsizetype>(cell.bytes.size()))};
 }
 
-QList<OwnedCell> valuesOf(const ColumnChanges& changes) {
-  QList<OwnedCell> values;
-  for (const ColumnChange& change : changes) values.append(change.value);
-  return values;
+// Binds the values from the first place on; returns the place behind them.
+int bindValues(PreparedStatement& statement, const ColumnChanges& changes) {
+  int index = 1;
+  for (const ColumnChange& change : changes) statement.bind(index++, change.value.view());
+  return index;
 }
 
-// The row number and the cells that recognise a row.
-QList<OwnedCell> identityOf(const RowArena& rows, qsizetype row, qsizetype columns) {
-  QList<OwnedCell> identity{{Cell::Kind::Integer, rows.rowId(row), 0, {}}};
-  for (qsizetype column = 0; column < columns; ++column) {
-    identity.append(owned(rows.cell(row, column)));
-  }
-  return identity;
-}
-
-// A statement that touches one row or none. The row counts once the run has ended well.
-std::optional<StoredRow> run(PreparedStatement& statement, const QList<OwnedCell>& values) {
-  const StatementRun statementRun(statement);
-  for (qsizetype i = 0; i < values.size(); ++i) {
-    statement.bind(static_cast<int>(i) + 1, values[i].view());
-  }
-  std::optional<StoredRow> stored;
-  while (statement.step()) {
-    stored = StoredRow{statement.cell(0).integer, {}};
-    for (int i = 1; i < statement.columnCount(); ++i)
-      stored->cells.append(owned(statement.cell(i)));
-  }
+StoredRow returnedRow(const PreparedStatement& statement) {
+  StoredRow stored{statement.cell(0).integer, {}};
+  stored.cells.reserve(statement.columnCount() - 1);
+  for (int i = 1; i < statement.columnCount(); ++i) stored.cells.append(owned(statement.cell(i)));
   return stored;
+}
+
+// Runs a statement that touches one row or none. The row counts once the run has ended well.
+std::optional<StoredRow> run(PreparedStatement& statement) {
+  std::optional<StoredRow> stored;
+  while (statement.step()) stored = returnedRow(statement);
+  return stored;
+}
+
+// Without those that the row holds already: what is not written need not be sorted into an index.
+ColumnChanges differences(const ColumnChanges& changes, const RowArena& rows, qsizetype row) {
+  ColumnChanges different;
+  for (const ColumnChange& change : changes) {
+    if (change.value.view() != rows.cell(row, change.column)) different.append(change);
+  }
+  return different;
 }
 
 StoreError rowChanged() {
@@ -54,47 +56,56 @@ StoreError rowChanged() {
 }  // namespace
 
 StoredRow RowWriter::insert(const ColumnChanges& changes) {
-  return run(insertion(changes, kReturningRow), valuesOf(changes)).value();
+  PreparedStatement& statement = prepared(readInsertion_, changes, &RowWriter::readInsertion);
+  const StatementRun statementRun(statement);
+  bindValues(statement, changes);
+  return run(statement).value();
 }
 
 qint64 RowWriter::insertUnread(const ColumnChanges& changes) {
-  run(insertion(changes, u""), valuesOf(changes));
+  PreparedStatement& statement = prepared(insertion_, changes, &RowWriter::insertion);
+  const StatementRun statementRun(statement);
+  bindValues(statement, changes);
+  run(statement);
   return connection_.lastInsertedRow();
 }
 
 StoredRow RowWriter::update(const RowArena& rows, qsizetype row, const ColumnChanges& changes) {
-  QStringList assignments;
-  for (const ColumnChange& change : changes) assignments.append(columnName(change.column) + u"=?");
-  if (changes.isEmpty()) assignments.append(u"_rowid_=_rowid_"_qs);
-  const QString sql = u"UPDATE %1 SET %2 WHERE %3"_qs.arg(quotedName(set_.table),
-                                                          assignments.join(u','), unchangedRow());
-  const std::optional<StoredRow> stored =
-      run(prepared(sql + kReturningRow),
-          valuesOf(changes) + identityOf(rows, row, set_.columns.size()));
+  const ColumnChanges different = differences(changes, rows, row);
+  PreparedStatement& statement = prepared(change_, different, &RowWriter::change);
+  const StatementRun statementRun(statement);
+  bindIdentity(statement, bindValues(statement, different), rows, row);
+  const std::optional<StoredRow> stored = run(statement);
   if (!stored) throw rowChanged();
   return *stored;
 }
 
 void RowWriter::remove(const RowArena& rows, qsizetype row) {
-  const QString sql = u"DELETE FROM %1 WHERE %2"_qs.arg(quotedName(set_.table), unchangedRow());
-  if (!run(prepared(sql + kReturningRow), identityOf(rows, row, set_.columns.size())))
-    throw rowChanged();
+  PreparedStatement& statement = prepared(removal_, {}, &RowWriter::removal);
+  const StatementRun statementRun(statement);
+  bindIdentity(statement, 1, rows, row);
+  const qint64 before = connection_.changeCount();
+  run(statement);
+  if (connection_.changeCount() == before) throw rowChanged();
+}
+
+PreparedStatement& RowWriter::prepared(Prepared& last, const ColumnChanges& changes,
+                                       QString (RowWriter::*sqlOf)(const ColumnChanges&) const) {
+  const bool isSame = std::equal(
+      changes.begin(), changes.end(), last.columns.begin(), last.columns.end(),
+      [](const ColumnChange& change, qsizetype column) { return change.column == column; });
+  if (last.statement != nullptr && isSame) return *last.statement;
+  last.statement = &connection_.statements().native((this->*sqlOf)(changes).toUtf8());
+  last.columns.clear();
+  for (const ColumnChange& change : changes) last.columns.append(change.column);
+  return *last.statement;
 }
 
 QString RowWriter::columnName(qsizetype column) const {
   return quotedName(set_.columns[column].name);
 }
 
-PreparedStatement& RowWriter::insertion(const ColumnChanges& changes, QStringView returning) {
-  QList<qsizetype> columns;
-  for (const ColumnChange& change : changes) columns.append(change.column);
-  if (last_.statement == nullptr || last_.columns != columns || last_.returning != returning) {
-    last_ = {columns, returning, &prepared(insertionOf(changes) + returning)};
-  }
-  return *last_.statement;
-}
-
-QString RowWriter::insertionOf(const ColumnChanges& changes) const {
+QString RowWriter::insertion(const ColumnChanges& changes) const {
   QStringList names;
   QStringList places;
   for (const ColumnChange& change : changes) {
@@ -107,16 +118,37 @@ QString RowWriter::insertionOf(const ColumnChanges& changes) const {
   return u"INSERT INTO %1 %2"_qs.arg(quotedName(set_.table), columns);
 }
 
-QString RowWriter::unchangedRow() const {
-  QString condition = u"_rowid_=?"_qs;
+QString RowWriter::readInsertion(const ColumnChanges& changes) const {
+  return insertion(changes) + kReturningRow;
+}
+
+QString RowWriter::change(const ColumnChanges& changes) const {
+  QStringList assignments;
+  for (const ColumnChange& change : changes) assignments.append(columnName(change.column) + u"=?");
+  if (changes.isEmpty()) assignments.append(u"_rowid_=_rowid_"_qs);
+  return u"UPDATE %1 SET %2"_qs.arg(quotedName(set_.table), assignments.join(u',')) +
+         whereUnchanged() + kReturningRow;
+}
+
+QString RowWriter::removal(const ColumnChanges& /*none*/) const {
+  return u"DELETE FROM "_qs + quotedName(set_.table) + whereUnchanged();
+}
+
+// The row number and the cells that recognise a row.
+QString RowWriter::whereUnchanged() const {
+  QString condition = u" WHERE _rowid_=?"_qs;
   for (qsizetype i = 0; i < set_.columns.size(); ++i) {
     condition += u" AND " + columnName(i) + u" IS ?";
   }
   return condition;
 }
 
-PreparedStatement& RowWriter::prepared(const QString& sql) const {
-  return connection_.statements().native(sql.toUtf8());
+void RowWriter::bindIdentity(PreparedStatement& statement, int index, const RowArena& rows,
+                             qsizetype row) const {
+  statement.bind(index++, Cell{Cell::Kind::Integer, rows.rowId(row), 0, {}});
+  for (qsizetype column = 0; column < set_.columns.size(); ++column) {
+    statement.bind(index++, rows.cell(row, column));
+  }
 }
 
 }  // namespace vellora

@@ -41,21 +41,30 @@ class RowWriter {
   void remove(const RowArena& rows, qsizetype row);
 
  private:
-  QString columnName(qsizetype column) const;
-  PreparedStatement& insertion(const ColumnChanges& changes, QStringView returning);
-  QString insertionOf(const ColumnChanges& changes) const;
-  QString unchangedRow() const;
-  PreparedStatement& prepared(const QString& sql) const;
-
-  struct Insertion {
+  // The columns that a statement writes, and the statement: a save writes the same ones again and
+  // again.
+  struct Prepared {
     QList<qsizetype> columns;
-    QStringView returning;
     PreparedStatement* statement = nullptr;
   };
 
+  QString columnName(qsizetype column) const;
+  PreparedStatement& prepared(Prepared& last, const ColumnChanges& changes,
+                              QString (RowWriter::*sqlOf)(const ColumnChanges&) const);
+  QString insertion(const ColumnChanges& changes) const;
+  QString readInsertion(const ColumnChanges& changes) const;
+  QString change(const ColumnChanges& changes) const;
+  QString removal(const ColumnChanges& changes) const;
+  QString whereUnchanged() const;
+  void bindIdentity(PreparedStatement& statement, int index, const RowArena& rows,
+                    qsizetype row) const;
+
   Connection& connection_;
   const PreparedSet& set_;
-  Insertion last_;  // a restore sets the same columns a million times
+  Prepared insertion_;
+  Prepared readInsertion_;
+  Prepared change_;
+  Prepared removal_;
 };
 
 }  // namespace vellora

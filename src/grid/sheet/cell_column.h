@@ -22,8 +22,8 @@ class CellColumn {
   CellColumn& operator=(CellColumn other) noexcept;
   ~CellColumn();
 
-  QString text(int index) const { return pool_->text(at(index).text); }
-  QString tag(int index) const { return pool_->text(at(index).tag); }
+  const QString& text(int index) const { return pool_->text(at(index).text); }
+  const QString& tag(int index) const { return pool_->text(at(index).tag); }
   StyleTable::Number style(int index) const { return at(index).style; }
 
   void setText(int index, const QString& text) { replace(writable(index).text, text); }

@@ -108,7 +108,10 @@ void RowBlocks::restyle(int col, int firstRow, int lastRow, const Restyle& map) 
   }
 }
 
+// Rows written from the first on lie in runs of equal length, so a guess is nearly always right.
 std::size_t RowBlocks::runOf(int row) const {
+  const auto guess = static_cast<std::size_t>(row) / kNewBlockRows;
+  if (guess < runs_.size() && runs_[guess].has(row)) return guess;
   const auto after = std::upper_bound(runs_.begin(), runs_.end(), row,
                                       [](int r, const Run& run) { return r < run.first; });
   return static_cast<std::size_t>(after - runs_.begin()) - 1;

@@ -43,6 +43,7 @@ class RowBlocks {
     int first;
     int rows;
     std::shared_ptr<RowBlock> block;
+    bool has(int row) const { return row >= first && row - first < rows; }
   };
 
   std::size_t runOf(int row) const;

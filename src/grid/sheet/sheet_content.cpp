@@ -10,6 +10,8 @@ namespace {
 
 using Number = StyleTable::Number;
 
+const QString kNoText;
+
 }  // namespace
 
 SheetContent::SheetContent() {
@@ -26,20 +28,20 @@ void SheetContent::setCols(int count) {
   }
 }
 
-QString SheetContent::text(int col, int row) const {
+const QString& SheetContent::text(int col, int row) const {
   if (row == kHeadingRow) return column(col).headingText;
-  if (row == kEveryRow) return {};
+  if (row == kEveryRow) return kNoText;
   const auto place = rows_.find(row);
   const CellColumn* cells = place.block ? place.block->column(col) : nullptr;
-  return cells ? cells->text(place.index) : QString();
+  return cells ? cells->text(place.index) : kNoText;
 }
 
-QString SheetContent::tag(int col, int row) const {
+const QString& SheetContent::tag(int col, int row) const {
   if (row == kHeadingRow) return column(col).headingTag;
-  if (row == kEveryRow) return {};
+  if (row == kEveryRow) return kNoText;
   const auto place = rows_.find(row);
   const CellColumn* cells = place.block ? place.block->column(col) : nullptr;
-  return cells ? cells->tag(place.index) : QString();
+  return cells ? cells->tag(place.index) : kNoText;
 }
 
 void SheetContent::setText(int col, int row, const QString& text) {

@@ -18,8 +18,9 @@ class SheetContent {
   RowBlocks& blocks() { return rows_; }
   const RowBlocks& blocks() const { return rows_; }
 
-  QString text(int col, int row) const;
-  QString tag(int col, int row) const;
+  // Valid until the content changes.
+  const QString& text(int col, int row) const;
+  const QString& tag(int col, int row) const;
   void setText(int col, int row, const QString& text);
   void setTag(int col, int row, const QString& tag);
 
