@@ -58,7 +58,7 @@ void PlannerWindow::Load() {
 
 // No larger than the screen has room for, and over the window that opened it.
 void PlannerWindow::takePlace() {
-  const QRect room = roomOn(*screen());
+  const QRect room = roomOn(*(parentWidget() ? parentWidget()->screen() : screen()));
   const QSize wanted = testAttribute(Qt::WA_Resized) ? size() : sizeHint();
   resize(wanted.boundedTo(room.size()).expandedTo(minimumSizeHint()));
   if (!parentWidget()) return;

@@ -65,6 +65,8 @@ TEST_F(AccessibleTree, NamesWhateverCanBeUsed) {
       if (!isUsed(node) || isPartOfABox(node)) return;
       ++used;
       EXPECT_FALSE(nameOf(node).trimmed().isEmpty()) << described(node);
+      const bool isText = node.role() == QAccessible::EditableText;
+      EXPECT_TRUE(!isText || node.textInterface()) << described(node);
     });
     EXPECT_GT(used, 0);
   });
