@@ -92,8 +92,9 @@ void MemoWindow::showOtherDay() {
 }
 
 void MemoWindow::store() {
+  const QDate day = days_->date();  // first: a date still being typed brings its own text
   try {
-    storeMemo(state().Db, days_->date(), text_->toPlainText());
+    storeMemo(state().Db, day, text_->toPlainText());
     text_->document()->setModified(false);
   } catch (const StoreError& error) {
     prompts().warn(this, error.description());

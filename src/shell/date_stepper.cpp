@@ -24,6 +24,7 @@ DateStepper::DateStepper(const Names& names, std::initializer_list<StepButton> b
     : QWidget(parent),
       picker_(makeDatePicker(names.picker, names.accessible, this)),
       weekday_(new QLabel(this)) {
+  picker_->setKeyboardTracking(false);
   weekday_->setObjectName(names.weekdayLabel);
   auto* row = new QHBoxLayout(this);
   row->setContentsMargins({});
@@ -54,7 +55,8 @@ DateStepper::DateStepper(const Names& names, std::initializer_list<StepButton> b
   showWeekday();
 }
 
-QDate DateStepper::date() const {
+QDate DateStepper::date() {
+  picker_->interpretText();
   return picker_->date();
 }
 
@@ -63,7 +65,7 @@ void DateStepper::setDate(QDate date) {
 }
 
 void DateStepper::showWeekday() {
-  weekday_->setText(weekdayName(date()));
+  weekday_->setText(weekdayName(picker_->date()));
 }
 
 DateStepper* makeArrowStepper(const DateStepper::Names& names, QWidget* parent) {
