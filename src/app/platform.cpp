@@ -44,6 +44,7 @@ void setUpPlatform(QApplication& application) {
   QLocale::setDefault(QLocale(QLocale::Chinese, QLocale::China));
   QApplication::setStyle(u"Fusion"_qs);
   QApplication::setApplicationDisplayName(QString());
+  QApplication::setDesktopFileName(u"org.vellora.Vellora"_qs);
   QApplication::setWindowIcon(QIcon(QPixmap(u":/vellora/vellora-32.png"_qs, "PNG")));
   addFacesBesideProgram();
   substituteFaces();
