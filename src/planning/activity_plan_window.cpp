@@ -195,7 +195,10 @@ void ActivityPlanWindow::SavePlan() {
   } catch (const WorkGivenUp&) {
     return;
   }
-  guarded([this] { readSaved(); });
+  guarded([this] {
+    readSaved();
+    showDay();
+  });
   for (const TakenBlock& taken : outcome.taken) {
     prompts().warn(this, taken.date + takenText() + taken.holder);
   }
@@ -208,6 +211,7 @@ void ActivityPlanWindow::DeletePlan() {
   guarded([&] {
     state().Db.execute(statements::deletePlansOfActivity(name));
     ListPlan();
+    showDay();
   });
 }
 

@@ -4,8 +4,8 @@
 #include "shell/status_line.h"
 #include "shell/work_dialog.h"
 #include "support/file_size_limit.h"
+#include "support/home_folder.h"
 #include "support/planner_test.h"
-#include "support/temporary_folder.h"
 
 #include <QApplication>
 #include <QTest>
@@ -16,14 +16,9 @@
 namespace vellora {
 namespace {
 
-// Given paths begin in the home folder; this one is the test's own.
 class GridKeysTest : public test::PlannerTest {
- public:
-  ~GridKeysTest() override { qputenv("HOME", oldHome_); }
-
  protected:
   GridKeysTest() {
-    qputenv("HOME", home_.path(QString()).toLocal8Bit());
     grid_.SetCols(1);
     grid_.SetRows(1);
     grid_.SetCellText(0, 0, u"读书"_qs);
@@ -49,8 +44,7 @@ class GridKeysTest : public test::PlannerTest {
     EXPECT_TRUE(isShown);
   }
 
-  const QByteArray oldHome_ = qgetenv("HOME");
-  test::TemporaryFolder home_;
+  test::HomeFolder home_;
   GridSurface grid_;
   QString name_ = u"活动项目"_qs;
   StatusLine status_{nullptr};
