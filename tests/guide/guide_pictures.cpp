@@ -31,7 +31,7 @@ const QDate kToday(2026, 10, 12);
 // A home folder with the program in it.
 QString layProgramFolder(const QString& home) {
   for (const auto& folder : {u"日程表"_qs, u"文档"_qs, u"备份"_qs}) QDir(home).mkdir(folder);
-  const QString program = home + u"/日程表"_qs;
+  QString program = home + u"/日程表"_qs;
   const QDir skins(QStringLiteral(SKIN_DIR));
   for (const QString& skin : skins.entryList(QDir::Files)) {
     QFile::copy(skins.filePath(skin), program + u'/' + skin);
