@@ -5,6 +5,7 @@
 #include "planning/day_summary.h"
 #include "planning/open_items.h"
 #include "planning/plan_controls.h"
+#include "planning/plan_entry.h"
 #include "planning/plan_listing.h"
 #include "planning/plan_repetition.h"
 #include "planning/plan_rows.h"
@@ -165,9 +166,8 @@ void ActivityPlanWindow::PlaceBlock(int position) {
   if (!block || row < 0) return;
   guarded([&] {
     const QDate date = controls_.day->date();
-    auto holder = state().Db.open(statements::planOfBlock(date, block->code));
-    if (!holder.isEmpty()) {
-      prompts().warn(this, takenText() + holder.text(u"hdmc"));
+    if (const auto holder = entryOfBlock(state().Db, date, block->code)) {
+      prompts().warn(this, takenText() + holder->activity);
       return;
     }
     {

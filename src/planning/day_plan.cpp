@@ -38,8 +38,8 @@ std::vector<PlanTexts> entriesOfRows(ScheduleStore& store, const Sheet& sheet, Q
   const ScheduleStore::ReadTransaction oneView(store);
   std::vector<PlanTexts> entries;
   for (int row = 0; row < sheet.Rows(); ++row) {
-    auto entry = store.readOnce(statements::planOfBlock(date, sheet.CellTag(kDayBlock, row)));
-    entries.push_back(entry.next() ? planTexts(entry) : PlanTexts());
+    const auto entry = entryOfBlock(store, date, sheet.CellTag(kDayBlock, row));
+    entries.push_back(entry.value_or(PlanTexts()));
   }
   return entries;
 }

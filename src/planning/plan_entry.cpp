@@ -1,6 +1,7 @@
 #include "planning/plan_entry.h"
 
 #include "routine/number_text.h"
+#include "store/statements.h"
 
 namespace vellora {
 namespace {
@@ -27,12 +28,13 @@ bool areStoredAlike(const PlanTexts& one, const PlanTexts& other) {
          levelNumber(one) == levelNumber(other);
 }
 
-PlanTexts planTexts(Recordset& entry) {
+PlanTexts planTexts(RowReader& entry) {
   return {entry.text(u"HDMC"), entry.text(u"HDYQ"), entry.text(u"ZYDJ")};
 }
 
-PlanTexts planTexts(RowCursor& entry) {
-  return {entry.text(u"HDMC"), entry.text(u"HDYQ"), entry.text(u"ZYDJ")};
+std::optional<PlanTexts> entryOfBlock(ScheduleStore& store, QDate date, const QString& code) {
+  auto entries = store.readOnce(statements::planOfBlock(date, code));
+  return entries.next() ? std::optional(planTexts(entries)) : std::nullopt;
 }
 
 void editPlan(Recordset& entry, const PlanTexts& texts) {

@@ -1,11 +1,12 @@
 #pragma once
 
-#include "store/recordset.h"
-#include "store/row_cursor.h"
+#include "store/schedule_store.h"
 #include "store/store_error.h"
 
 #include <QDate>
 #include <QString>
+
+#include <optional>
 
 namespace vellora {
 
@@ -19,9 +20,11 @@ struct PlanTexts {
 // Whether two texts are stored alike: "3x" and "3" are one level.
 bool areStoredAlike(const PlanTexts& one, const PlanTexts& other);
 
-// Read the current one of several plan entries.
-PlanTexts planTexts(Recordset& entry);
-PlanTexts planTexts(RowCursor& entry);
+// Reads the current one of several plan entries.
+PlanTexts planTexts(RowReader& entry);
+
+// The first entry that holds a block on a date; none when the block is free. Throws StoreError.
+std::optional<PlanTexts> entryOfBlock(ScheduleStore& store, QDate date, const QString& code);
 
 // Changes the current row to the texts, or leaves it alone when it says the same already. Throws
 // StoreError when a text is too long or a level too large.

@@ -3,7 +3,6 @@
 #include "planning/plan_entry.h"
 #include "planning/plan_rows.h"
 #include "routine/number_text.h"
-#include "store/statements.h"
 
 #include <algorithm>
 #include <limits>
@@ -32,8 +31,7 @@ std::vector<Holder> holdersOn(ScheduleStore& store, const QString& code,
   std::vector<Holder> holders;
   for (const QDate date : dates) {
     report(progress, {u"正在追加计划…"_qs, std::ssize(holders), std::ssize(dates)});
-    auto entry = store.readOnce(statements::planOfBlock(date, code));
-    holders.push_back(entry.next() ? planTexts(entry) : Holder());
+    holders.push_back(entryOfBlock(store, date, code));
   }
   return holders;
 }
