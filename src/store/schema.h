@@ -34,7 +34,7 @@ void requireSchema(const Connection& connection);
 void requireWholeFile(Connection& connection, const QString& path);
 
 // Adds the planner's indices that are missing. They only speed look-ups up: where they cannot be
-// written the schedule is used without them.
+// written, or where the file is damaged, the schedule is used without them.
 void addMissingIndices(Connection& connection);
 
 }  // namespace vellora

@@ -1,48 +1,16 @@
 #include "faults/saving_test.h"
 
-#include "backup/backup_error.h"
-#include "grid/files/file_error.h"
-#include "store/store_error.h"
+#include "faults/told.h"
 #include "support/text_output.h"
 
-#include <algorithm>
 #include <csignal>
-#include <cstdio>
 #include <thread>
 
 namespace vellora::test {
 namespace {
 
-// What a child tells, and added to it when a call met the fault.
-enum Told { kDone, kRefused, kRefusedWithoutAReason, kOther };
+// Added to what a child tells when a call met the fault.
 constexpr int kMet = 8;
-
-bool isChinese(const char* description) {
-  const QString text = QString::fromUtf8(description);
-  return std::any_of(text.begin(), text.end(),
-                     [](QChar c) { return c.script() == QChar::Script_Han; });
-}
-
-Told toldBy(const SavingJob& job, const QString& folder) {
-  const auto told = [](const std::exception& error) {
-    return isChinese(error.what()) ? kRefused : kRefusedWithoutAReason;
-  };
-  try {
-    job.run(folder);
-    return kDone;
-  } catch (const StoreError& error) {
-    return told(error);
-  } catch (const FileError& error) {
-    return told(error);
-  } catch (const BackupError& error) {
-    return told(error);
-  } catch (const Refusal& error) {
-    return told(error);
-  } catch (const std::exception& error) {
-    std::fprintf(stderr, "%s: %s\n", job.name, error.what());
-    return kOther;
-  }
-}
 
 bool isLeftOver(const QString& name) {
   return name.startsWith(u".vellora-"_qs) && name.endsWith(u".tmp"_qs);
@@ -61,7 +29,7 @@ SavingTest::SavingTest(void (*fill)(ScheduleBuilder&)) {
 ChildEnd SavingTest::run(const CallFault& fault) {
   return endOf([&] {
     breakCalls(fault);
-    const int told = toldBy(*job_, folder_.path());
+    const int told = toldBy([&] { job_->run(folder_.path()); });
     return told | (hasMetFault() ? kMet : 0);
   });
 }
@@ -105,7 +73,7 @@ void SavingTest::killAtMoment(std::chrono::microseconds moment) {
   putBack();
   SCOPED_TRACE(testing::Message() << job_->name << ", after " << moment.count() << " us");
   {
-    ChildProcess child([&] { return int{toldBy(*job_, folder_.path())}; });
+    ChildProcess child([&] { return int{toldBy([&] { job_->run(folder_.path()); })}; });
     std::this_thread::sleep_for(moment);
     child.kill();
     child.wait();
