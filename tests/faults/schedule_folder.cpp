@@ -51,12 +51,16 @@ QString placeOf(const QString& planEntry) {
   return planEntry.section(u'|', 0, 1);
 }
 
+bool isIn(const QStringList& sorted, const QString& entry) {
+  return std::binary_search(sorted.begin(), sorted.end(), entry);
+}
+
 // One entry for each place.
 bool areOldOrNewEntries(const QStringList& now, const QStringList& before,
                         const QStringList& after) {
   std::set<QString> places;
   for (const QString& entry : now) {
-    if (!before.contains(entry) && !after.contains(entry)) return false;
+    if (!isIn(before, entry) && !isIn(after, entry)) return false;
     if (!places.insert(placeOf(entry)).second) return false;
   }
   std::set<QString> kept;
