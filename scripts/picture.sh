@@ -1,7 +1,8 @@
 # Starts the planner on a virtual display and saves a picture of its board.
 # shellcheck shell=bash
 
-board_title='Vellora日程表2\.8版   [0-9]'
+# The board's title shows a date. Looked for in plain letters: without a locale, others do not match.
+board_title=' [0-9]{4}-[0-9]{2}-[0-9]{2} '
 
 wait_for() {  # seconds, command...
   local tries=$(($1 * 10))
@@ -17,7 +18,7 @@ has_ended() {  # process
 }
 
 find_board() {
-  board=$(LC_ALL=C.UTF-8 xdotool search --onlyvisible --name "$board_title" 2>/dev/null | head -n 1)
+  board=$(xdotool search --onlyvisible --name "$board_title" 2>/dev/null | head -n 1)
   [[ -n $board ]]
 }
 

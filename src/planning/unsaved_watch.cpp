@@ -1,7 +1,6 @@
 #include "planning/unsaved_watch.h"
 
 #include "grid/surface/grid_surface.h"
-#include "planning/unsaved_marks.h"
 #include "planning/unsaved_rows.h"
 
 #include <QLabel>
@@ -9,11 +8,7 @@
 namespace vellora {
 
 UnsavedWatch::UnsavedWatch(GridSurface& grid, QLabel& notice, Question isUnsaved)
-    : QObject(&grid),
-      grid_(grid),
-      marks_(new UnsavedMarks(grid)),
-      notice_(notice),
-      is_unsaved_(std::move(isUnsaved)) {
+    : QObject(&grid), grid_(grid), notice_(notice), is_unsaved_(std::move(isUnsaved)) {
   later_.setSingleShot(true);
   connect(&later_, &QTimer::timeout, this, &UnsavedWatch::catchUp);
   const auto start = qOverload<>(&QTimer::start);
@@ -26,15 +21,16 @@ UnsavedWatch::UnsavedWatch(GridSurface& grid, QLabel& notice, Question isUnsaved
 
 void UnsavedWatch::lookAgain() {
   const Sheet& sheet = grid_.sheet();
-  marks_->setRows(unsavedRows(sheet, [&](int row) { return is_unsaved_(sheet, row); }));
+  grid_.markRows(unsavedRows(sheet, [&](int row) { return is_unsaved_(sheet, row); }),
+                 u"未保存"_qs);
   seen_revision_ = sheet.revision();
-  const auto count = marks_->rows().size();
+  const auto count = grid_.markedRows().size();
   notice_.setText(count == 0 ? QString() : u"左边有橙色标记的 %1 行还没有保存"_qs.arg(count));
 }
 
 bool UnsavedWatch::hasUnsaved() {
   catchUp();
-  return !marks_->rows().empty();
+  return !grid_.markedRows().empty();
 }
 
 void UnsavedWatch::catchUp() {

@@ -12,7 +12,6 @@ class QLabel;
 namespace vellora {
 
 class GridSurface;
-class UnsavedMarks;
 
 // Keeps the unsaved rows of a grid marked, and tells how many they are, whatever changes the grid.
 class UnsavedWatch : public QObject {
@@ -31,7 +30,6 @@ class UnsavedWatch : public QObject {
   void catchUp();
 
   GridSurface& grid_;
-  UnsavedMarks* marks_;
   QLabel& notice_;
   Question is_unsaved_;
   QTimer later_;  // several changes are looked at once

@@ -10,7 +10,8 @@ class QLabel;
 
 namespace vellora {
 
-// A date picker with buttons that step by days and a label that names its weekday.
+// A date picker with buttons that step by days and a label that names its weekday. A date being
+// typed counts once it is entered or left, so that no window reads a day for each of its parts.
 class DateStepper : public QWidget {
   Q_OBJECT
 
@@ -31,7 +32,8 @@ class DateStepper : public QWidget {
   DateStepper(const Names& names, std::initializer_list<StepButton> buttons,
               QWidget* parent = nullptr);
 
-  QDate date() const;
+  // Takes in what is still being typed, like leaving the picker.
+  QDate date();
   // Emits dateChanged when the date is another one.
   void setDate(QDate date);
   QDateEdit* picker() const { return picker_; }

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "grid/surface/grid_surface.h"
-#include "planning/unsaved_marks.h"
 #include "shell/planner_window.h"
 #include "support/fixed_clock.h"
 #include "support/schedule_builder.h"
@@ -84,7 +83,7 @@ class WindowTest : public testing::Test {
   // Whether a row is shown as not saved yet.
   static bool isMarked(QWidget& window, int row) {
     QCoreApplication::processEvents();
-    const auto& rows = window.findChild<UnsavedMarks*>()->rows();
+    const auto& rows = grid(window).markedRows();
     return std::find(rows.begin(), rows.end(), row) != rows.end();
   }
   // Text as an input method hands it over.

@@ -2,11 +2,13 @@
 
 #include "support/text_output.h"
 
+#include <QCalendarWidget>
 #include <QDateEdit>
 #include <QLabel>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTest>
+#include <QTextCharFormat>
 
 #include <gtest/gtest.h>
 
@@ -55,13 +57,32 @@ TEST_F(DateStepperTest, StopsAtTheEndsOfTheCalendar) {
   EXPECT_EQ(stepper_.date(), QDate(9999, 12, 24));
 }
 
-TEST_F(DateStepperTest, TakesATypedDate) {
+TEST_F(DateStepperTest, TakesATypedDateWhenItIsEnteredOrAskedFor) {
   stepper_.setDate(QDate(2007, 3, 5));
   auto* picker = stepper_.findChild<QDateEdit*>(u"D1"_qs);
+  picker->setSelectedSection(QDateTimeEdit::MonthSection);
+  QTest::keyClicks(picker, u"0428"_qs);
+  EXPECT_EQ(changes_.count(), 1) << "not for each part";
+  QTest::keyClick(picker, Qt::Key_Return);
+  EXPECT_EQ(changes_.count(), 2);
+  EXPECT_EQ(weekday(), u"星期六"_qs);
   picker->setSelectedSection(QDateTimeEdit::DaySection);
-  QTest::keyClicks(picker, u"28"_qs);
-  EXPECT_EQ(stepper_.date(), QDate(2007, 3, 28));
-  EXPECT_EQ(weekday(), u"星期三"_qs);
+  QTest::keyClicks(picker, u"30"_qs);
+  EXPECT_EQ(stepper_.date(), QDate(2007, 4, 30));
+  EXPECT_EQ(weekday(), u"星期一"_qs);
+}
+
+TEST_F(DateStepperTest, OffersACalendarInTheSkinsOwnTextColour) {
+  stepper_.show();
+  auto* picker = stepper_.findChild<QDateEdit*>(u"D1"_qs);
+  QTest::mouseClick(picker, Qt::LeftButton, {},
+                    picker->rect().center() + QPoint(picker->width() / 2 - 6, 0));
+  const auto* calendar = picker->findChild<QCalendarWidget*>();
+  ASSERT_NE(calendar, nullptr);
+  EXPECT_TRUE(calendar->isVisible());
+  for (const auto day : {Qt::Saturday, Qt::Sunday}) {
+    EXPECT_EQ(calendar->weekdayTextFormat(day).foreground().style(), Qt::NoBrush);
+  }
 }
 
 }  // namespace vellora

@@ -2,6 +2,10 @@
 
 #include <QColor>
 #include <QPalette>
+#include <QString>
+
+#include <algorithm>
+#include <vector>
 
 namespace vellora {
 
@@ -27,9 +31,14 @@ struct GridLook {
   int frozenCols = 0;
   int frozenRows = 0;
   int markedCol = -1;
+  std::vector<int> markedRows;  // ascending
+  QString markMeaning;
   bool isEditable = false;
 
   bool isHeading(int col, int row) const { return col < frozenCols || row < frozenRows; }
+  bool isMarkedRow(int row) const {
+    return std::binary_search(markedRows.begin(), markedRows.end(), row);
+  }
 };
 
 }  // namespace vellora

@@ -121,4 +121,14 @@ void GridSurface::markColumn(int col) {
   viewport()->update();
 }
 
+void GridSurface::markRows(std::vector<int> rows, const QString& meaning) {
+  parts_->look.markedRows = std::move(rows);
+  parts_->look.markMeaning = meaning;
+  viewport()->update();
+}
+
+const std::vector<int>& GridSurface::markedRows() const {
+  return parts_->look.markedRows;
+}
+
 }  // namespace vellora

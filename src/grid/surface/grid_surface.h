@@ -6,6 +6,7 @@
 #include <QTableView>
 
 #include <memory>
+#include <vector>
 
 class QKeyEvent;
 
@@ -93,6 +94,10 @@ class GridSurface : public QTableView {
   // Sets one column apart (its frozen heading and its edges) without touching its cells' colours;
   // −1 for none.
   void markColumn(int col);
+  // Sets rows, in ascending order, apart by a bar at their left end; `meaning` says what it stands
+  // for to assistive tools. The marks do not move with their rows.
+  void markRows(std::vector<int> rows, const QString& meaning);
+  const std::vector<int>& markedRows() const;
 
   // Between the two calls every change to the sheet, the user's or the program's, becomes one undo
   // step. Rules that change several rows at once are wrapped in it.

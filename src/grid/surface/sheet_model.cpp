@@ -47,6 +47,8 @@ QVariant SheetModel::data(const QModelIndex& index, int role) const {
       return fontOf(style.font);
     case Qt::TextAlignmentRole:
       return QVariant::fromValue(alignmentOf(style.align));
+    case Qt::AccessibleDescriptionRole:
+      return look_.isMarkedRow(row) ? look_.markMeaning : QString();
     default:
       return {};
   }

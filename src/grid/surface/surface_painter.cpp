@@ -9,6 +9,8 @@ namespace vellora {
 namespace {
 
 constexpr int kMark = 2;  // pixels; the marked column's edges and the focused cell's frame
+constexpr int kRowBar = 5;
+constexpr QColor kRowBarColour(224, 122, 0);  // seen on light and on dark cells
 
 void drawEdges(QPainter& painter, const QRect& rect, int width, const QColor& colour) {
   painter.fillRect(rect.left(), rect.top(), rect.width(), width, colour);
@@ -45,6 +47,7 @@ void SurfacePainter::paintArea(QPainter& painter, const std::vector<Span>& areaC
   cells.setSelection(isFrameEnough ? CellRange() : selected, current);
   cells.paint(areaCols, areaRows);
   paintMarkedColumn(painter, areaCols, clip);
+  paintMarkedRows(painter, areaCols, areaRows);
   paintFrame(painter, clip);
 }
 
@@ -59,6 +62,16 @@ void SurfacePainter::paintMarkedColumn(QPainter& painter, const std::vector<Span
     painter.fillRect(col.start - 1, clip.top(), kMark, height, colour);
     painter.fillRect(col.end() - kMark, clip.top(), kMark, height, colour);
     if (isHeading) painter.fillRect(col.start, clip.top(), col.size, kMark + 1, colour);
+  }
+}
+
+// On the first column, so that the bar scrolls with it.
+void SurfacePainter::paintMarkedRows(QPainter& painter, const std::vector<Span>& areaCols,
+                                     const std::vector<Span>& areaRows) const {
+  if (areaCols.front().section != 0) return;
+  for (const Span& row : areaRows) {
+    if (!look.isMarkedRow(row.section)) continue;
+    painter.fillRect(areaCols.front().start, row.start, kRowBar, row.size - 1, kRowBarColour);
   }
 }
 

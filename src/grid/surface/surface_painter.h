@@ -13,8 +13,8 @@ namespace vellora {
 class TextLayouts;
 struct GridLook;
 
-// Paints a grid's whole viewport: what scrolls, the frozen bands over it, the marked column and the
-// current cell's frame.
+// Paints a grid's whole viewport: what scrolls, the frozen bands over it, the marked column and
+// rows, and the current cell's frame.
 struct SurfacePainter {
   const Sheet& sheet;
   const GridLook& look;
@@ -33,6 +33,8 @@ struct SurfacePainter {
                  const std::vector<Span>& areaRows, const QRect& clip) const;
   void paintMarkedColumn(QPainter& painter, const std::vector<Span>& areaCols,
                          const QRect& clip) const;
+  void paintMarkedRows(QPainter& painter, const std::vector<Span>& areaCols,
+                       const std::vector<Span>& areaRows) const;
   void paintFrame(QPainter& painter, const QRect& clip) const;
 };
 

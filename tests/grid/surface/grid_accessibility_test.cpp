@@ -49,6 +49,15 @@ TEST_F(GridAccessibility, ASelectedCellSaysSo) {
   EXPECT_EQ(table()->cellAt(1, 1)->rect().size(), rect(1, 1).size());
 }
 
+TEST_F(GridAccessibility, AMarkedRowSaysWhatItsMarkStandsFor) {
+  grid.markRows({1, 3}, u"未保存"_qs);
+  const auto description = [&](int row) {
+    return table()->cellAt(row, 0)->text(QAccessible::Description);
+  };
+  EXPECT_EQ(description(3), u"未保存");
+  EXPECT_EQ(description(2), QString());
+}
+
 TEST_F(GridAccessibility, NothingInTheGridIsWithoutAName) {
   grid.setRowNumbersVisible(true);
   const auto* corner = grid.findChild<QAbstractButton*>(QString(), Qt::FindDirectChildrenOnly);
