@@ -108,11 +108,6 @@ bool hasAllIndices(Connection& connection) {
                      [&](const Index& index) { return isThere(connection, index); });
 }
 
-// What is written into a damaged file can land on pages that still hold rows.
-bool isSound(Connection& connection) {
-  return connection.numberFrom("SELECT quick_check='ok' FROM pragma_quick_check(1)") == 1;
-}
-
 bool isOnlyALostSpeedUp(StoreFault fault) {
   return fault == StoreFault::ReadOnly || fault == StoreFault::DiskFull ||
          fault == StoreFault::Busy || fault == StoreFault::InputOutput;
@@ -158,9 +153,14 @@ void requireWholeFile(Connection& connection, const QString& path) {
   if (QFileInfo(path).size() < size) throw engineError(SQLITE_CORRUPT, {});
 }
 
+bool isSound(Connection& connection) {
+  return connection.numberFrom("SELECT quick_check='ok' FROM pragma_quick_check(1)") == 1;
+}
+
 void addMissingIndices(Connection& connection) {
   if (connection.isReadOnly() || hasAllIndices(connection)) return;
   try {
+    // What is written into a damaged file can land on pages that still hold rows.
     if (!isSound(connection)) return;
     for (const Index& index : kIndices) connection.run(creation(index));
   } catch (const StoreError& failure) {

@@ -33,6 +33,9 @@ void requireSchema(const Connection& connection);
 // when only a part of the last page is missing.
 void requireWholeFile(Connection& connection, const QString& path);
 
+// Whether the engine finds no damage in the whole file.
+bool isSound(Connection& connection);
+
 // Adds the planner's indices that are missing. They only speed look-ups up: where they cannot be
 // written, or where the file is damaged, the schedule is used without them.
 void addMissingIndices(Connection& connection);
