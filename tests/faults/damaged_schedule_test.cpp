@@ -1,7 +1,9 @@
 #include "app/start_up.h"
+#include "board/command_bar.h"
 #include "faults/child_process.h"
 #include "faults/damage.h"
 #include "faults/failing_calls.h"
+#include "faults/read_everything.h"
 #include "faults/saving_jobs.h"
 #include "faults/schedule_folder.h"
 #include "faults/told.h"
@@ -11,7 +13,11 @@
 #include "support/temporary_folder.h"
 #include "support/text_output.h"
 
+#include <QPushButton>
+#include <QTimer>
+
 #include <gtest/gtest.h>
+#include <stdexcept>
 
 namespace vellora {
 namespace {
@@ -21,6 +27,25 @@ using test::Told;
 
 const QDate kMonday(2007, 3, 5);
 
+constexpr BoardCommand kWindows[]{BoardCommand::DailyPlan,  BoardCommand::ActivityPlan,
+                                  BoardCommand::Statistics, BoardCommand::ActivityItems,
+                                  BoardCommand::TimeBlocks, BoardCommand::Memo,
+                                  BoardCommand::WeekNames,  BoardCommand::Backup};
+
+// Opens each window over the board and closes it again. Nothing that a window meets may leave it
+// as an exception, which would end the program.
+void openEveryWindow(WeekBoard& board) {
+  QTimer closing;
+  QObject::connect(&closing, &QTimer::timeout, &board, [&] {
+    for (auto* window : board.findChildren<PlannerWindow*>()) {
+      if (window->isVisible()) window->close();
+    }
+  });
+  closing.start(1);
+  const auto* commands = board.findChild<CommandBar*>();
+  for (const BoardCommand command : kWindows) commands->button(command).click();
+}
+
 // The whole program on the schedule in a folder, from start-up to the board, and all that the
 // windows read.
 Told toldByProgram(const QString& folder) {
@@ -29,6 +54,11 @@ Told toldByProgram(const QString& folder) {
   const Told told = test::toldBy([&] {
     StartUp startUp(folder, prompts, clock);
     startUp.showBoard();
+    try {
+      openEveryWindow(startUp.board());
+    } catch (const StoreError& error) {
+      throw std::logic_error(error.what());
+    }
     test::readEverything(startUp.state().Db);
   });
   for (const QString& warning : prompts.warnings) {

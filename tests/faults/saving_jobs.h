@@ -30,8 +30,4 @@ std::span<const SavingJob> savingJobs();
 // something else to restore.
 void fillSchedule(ScheduleBuilder& schedule);
 
-// Reads what a started program shows: the board, the lists, the statistics, all that a backup
-// holds. Throws the first StoreError after having tried everything.
-void readEverything(ScheduleStore& store);
-
 }  // namespace vellora::test
