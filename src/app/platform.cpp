@@ -1,5 +1,6 @@
 #include "app/platform.h"
 
+#include "app/product_icon.h"
 #include "grid/files/installed_face.h"
 
 #include <QApplication>
@@ -45,7 +46,7 @@ void setUpPlatform(QApplication& application) {
   QApplication::setStyle(u"Fusion"_qs);
   QApplication::setApplicationDisplayName(QString());
   QApplication::setDesktopFileName(u"org.vellora.Vellora"_qs);
-  QApplication::setWindowIcon(QIcon(QPixmap(u":/vellora/vellora-32.png"_qs, "PNG")));
+  QApplication::setWindowIcon(productIcon(32));
   addFacesBesideProgram();
   substituteFaces();
   QApplication::setFont(QFont(installedFace(u"黑体"_qs), 9));
