@@ -1,6 +1,7 @@
 #include "app/platform.h"
 
 #include "app/product_icon.h"
+#include "app/skin_style.h"
 #include "grid/files/installed_face.h"
 
 #include <QApplication>
@@ -43,7 +44,7 @@ void translateQt(QApplication& application) {
 
 void setUpPlatform(QApplication& application) {
   QLocale::setDefault(QLocale(QLocale::Chinese, QLocale::China));
-  QApplication::setStyle(u"Fusion"_qs);
+  QApplication::setStyle(new SkinStyle);
   QApplication::setApplicationDisplayName(QString());
   QApplication::setDesktopFileName(u"org.vellora.Vellora"_qs);
   QApplication::setWindowIcon(productIcon(32));

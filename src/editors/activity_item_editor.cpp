@@ -42,11 +42,9 @@ ActivityItemEditor::ActivityItemEditor(ApplicationState& state, QWidget* parent)
   new GridKeys(*grid_, state, [] { return u"活动项目"_qs; });
 }
 
-// Enter presses the button that has the focus, as it ends each field.
 QPushButton* ActivityItemEditor::makeButton(const QString& objectName, const QString& caption) {
   auto* button = new QPushButton(caption, this);
   button->setObjectName(objectName);
-  button->setAutoDefault(true);
   return button;
 }
 

@@ -1,6 +1,5 @@
 #include "editors/table_editor.h"
 
-#include "editors/opening_size.h"
 #include "editors/whole_table.h"
 #include "grid/surface/grid_surface.h"
 #include "shell/grid_keys.h"
@@ -31,7 +30,7 @@ TableEditor::TableEditor(ApplicationState& state, const Kind& kind, QWidget* abo
   column->addWidget(grid_, 1);
   if (below) column->addWidget(below);
   column->addLayout(makeButtons());
-  resize(sizeOnScreen(*this, kind.size));
+  resize(kind.size);
 }
 
 QHBoxLayout* TableEditor::makeButtons() {

@@ -197,7 +197,10 @@ void ActivityPlanWindow::SavePlan() {
   } catch (const WorkGivenUp&) {
     return;
   }
-  guarded([this] { readSaved(); });
+  guarded([this] {
+    readSaved();
+    showDay();
+  });
   for (const TakenBlock& taken : outcome.taken) {
     prompts().warn(this, taken.date + takenText() + taken.holder);
   }
@@ -210,6 +213,7 @@ void ActivityPlanWindow::DeletePlan() {
   guarded([&] {
     state().Db.execute(statements::deletePlansOfActivity(name));
     ListPlan();
+    showDay();
   });
 }
 

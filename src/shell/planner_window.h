@@ -10,7 +10,8 @@ class GridSurface;
 
 // A window's life: Load once before it is shown, Activate when it is opened and again when a window
 // that it opened has closed, Unload when it closes. The desktop's focus plays no part, so that
-// coming back from a box or another program never reloads what the user typed.
+// coming back from a box or another program never reloads what the user typed. Enter presses the
+// button that has the focus, else the window's default button.
 class PlannerWindow : public QWidget {
   Q_OBJECT
 
@@ -19,7 +20,8 @@ class PlannerWindow : public QWidget {
 
   // Puts the skin on, then runs the window's own load step.
   void Load();
-  // Shows the window and activates it; returns at once.
+  // Shows the window and activates it; returns at once. It opens at the size it was given, else at
+  // what its content asks for, both bounded by the screen.
   void Show();
   // Shows the window over its parent, activates it, and returns when it has closed.
   void ShowModal();
@@ -50,6 +52,8 @@ class PlannerWindow : public QWidget {
   void closed();
 
  private:
+  void takePlace();
+
   ApplicationState& state_;
 };
 

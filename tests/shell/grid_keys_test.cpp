@@ -1,8 +1,8 @@
 #include "shell/grid_keys.h"
 
 #include "grid/surface/grid_surface.h"
+#include "support/home_folder.h"
 #include "support/planner_test.h"
-#include "support/temporary_folder.h"
 
 #include <QTest>
 
@@ -11,22 +11,16 @@
 namespace vellora {
 namespace {
 
-// Given paths begin in the home folder; this one is the test's own.
 class GridKeysTest : public test::PlannerTest {
- public:
-  ~GridKeysTest() override { qputenv("HOME", oldHome_); }
-
  protected:
   GridKeysTest() {
-    qputenv("HOME", home_.path(QString()).toLocal8Bit());
     grid_.SetCols(1);
     grid_.SetRows(1);
     grid_.SetCellText(0, 0, u"读书"_qs);
     QObject::connect(&keys_, &GridKeys::ExportFailed,
                      [this](const QString& reason) { reasons_ << reason; });
   }
-  const QByteArray oldHome_ = qgetenv("HOME");
-  test::TemporaryFolder home_;
+  test::HomeFolder home_;
   GridSurface grid_;
   QString name_ = u"活动项目"_qs;
   GridKeys keys_{grid_, state_, [this] { return name_; }};

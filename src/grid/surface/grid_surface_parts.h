@@ -70,6 +70,7 @@ class GridSurface::Parts {
   bool useMoveKey(const QKeyEvent& event);
   bool useEditKey(QKeyEvent& event);
   bool moveBy(int key, Qt::KeyboardModifiers modifiers);
+  bool leaveBy(int key, Qt::KeyboardModifiers modifiers);
 
   GridSurface& grid;
   Workbook book;
