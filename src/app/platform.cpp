@@ -8,7 +8,6 @@
 #include <QDir>
 #include <QFont>
 #include <QFontDatabase>
-#include <QIcon>
 #include <QLibraryInfo>
 #include <QLocale>
 #include <QPixmap>

@@ -2,6 +2,7 @@
 
 #include "app/product_icon.h"
 #include "grid/files/installed_face.h"
+#include "grid/files/plain_font.h"
 #include "shell/application_state.h"
 
 #include <QLabel>
@@ -11,7 +12,7 @@ namespace vellora {
 
 QLabel* makeProductTitle(int points, QWidget* parent) {
   auto* title = new QLabel(programTitle(), parent);
-  title->setFont(QFont(installedFace(u"黑体"_qs), points));
+  title->setFont(plainFont(QFont(installedFace(u"黑体"_qs), points)));
   return title;
 }
 
