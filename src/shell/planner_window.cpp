@@ -1,7 +1,9 @@
 #include "shell/planner_window.h"
 
 #include "grid/surface/grid_surface.h"
+#include "shell/grid_keys.h"
 #include "shell/skin.h"
+#include "shell/status_line.h"
 
 #include <QCloseEvent>
 #include <QEventLoop>
@@ -33,7 +35,7 @@ QPushButton* defaultButton(const QWidget& window) {
 }  // namespace
 
 PlannerWindow::PlannerWindow(ApplicationState& state, QWidget* parent)
-    : QWidget(parent, Qt::Window), state_(state) {}
+    : QWidget(parent, Qt::Window), state_(state), status_line_(new StatusLine(this)) {}
 
 void PlannerWindow::putSkinOn() {
   applySkin(state_.SkinPath, *this);
@@ -41,6 +43,14 @@ void PlannerWindow::putSkinOn() {
 
 void PlannerWindow::showTitle(const QString& title) {
   setWindowTitle(QString(title).replace(u"[*]"_qs, u"[*][*]"_qs));
+}
+
+QWidget* PlannerWindow::statusLine() {
+  return status_line_;
+}
+
+void PlannerWindow::answerGridKeys(GridSurface& grid, const std::function<QString()>& baseName) {
+  new GridKeys(grid, state_, *status_line_, baseName);
 }
 
 void PlannerWindow::tellCutPastes(GridSurface& grid) {

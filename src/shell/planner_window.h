@@ -4,9 +4,12 @@
 
 #include <QWidget>
 
+#include <functional>
+
 namespace vellora {
 
 class GridSurface;
+class StatusLine;
 
 // A window's life: Load once before it is shown, Activate when it is opened and again when a window
 // that it opened has closed, Unload when it closes. The desktop's focus plays no part, so that
@@ -42,6 +45,10 @@ class PlannerWindow : public QWidget {
   void putSkinOn();
   // Shows a title as it stands; Qt alone would read "[*]" in it as a mark of its own.
   void showTitle(const QString& title);
+  // Tells why an export failed; to be put where the window's list ends.
+  QWidget* statusLine();
+  // From now on the grid answers to the print and export keys; see grid_keys.h.
+  void answerGridKeys(GridSurface& grid, const std::function<QString()>& baseName);
   // From now on tells the user what a paste into the grid had to leave out.
   void tellCutPastes(GridSurface& grid);
 
@@ -55,6 +62,7 @@ class PlannerWindow : public QWidget {
   void takePlace();
 
   ApplicationState& state_;
+  StatusLine* status_line_;
 };
 
 }  // namespace vellora

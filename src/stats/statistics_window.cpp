@@ -3,7 +3,6 @@
 #include "grid/surface/grid_surface.h"
 #include "routine/category.h"
 #include "shell/date_picker.h"
-#include "shell/grid_keys.h"
 #include "stats/time_use.h"
 #include "store/store_error.h"
 
@@ -63,7 +62,7 @@ StatisticsWindow::StatisticsWindow(ApplicationState& state, QWidget* parent)
   grid_->setEditable(false);
   setUpTimeUse(grid_->sheet());
   grid_->Redraw();
-  new GridKeys(*grid_, state, [] { return u"统计分析"_qs; });
+  answerGridKeys(*grid_, [] { return u"统计分析"_qs; });
   layOut();
 }
 
@@ -71,6 +70,7 @@ void StatisticsWindow::layOut() {
   auto* all = new QVBoxLayout(this);
   all->addLayout(makeRange());
   all->addWidget(grid_, 1);
+  all->addWidget(statusLine());
   all->addWidget(total_);
   all->addLayout(makeCategoryLines());
   resize(680, 620);

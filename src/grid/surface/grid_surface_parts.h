@@ -88,6 +88,7 @@ class GridSurface::Parts {
   bool hasSkin = false;
   bool isQuiet = false;  // the current cell moves without CellEntered
   QString documentName;
+  WorkRunner runWork = runUntold;
 
   // Cells of the last CopySelection.
   Sheet copied;
