@@ -48,8 +48,8 @@ class DateStepper : public QWidget {
   void stepBy(int days);
   void showWeekday();
 
-  QDateEdit* picker_;
-  QLabel* weekday_;
+  QDateEdit* picker_ = nullptr;
+  QLabel* weekday_ = nullptr;
 };
 
 // With the buttons Cm1 to Cm4: << < > >>.
