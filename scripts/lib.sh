@@ -7,8 +7,9 @@ build_packages=(
 )
 font_packages=(fonts-noto-cjk fonts-arphic-gkai00mp)
 check_packages=(clang-format clang-tidy)
-test_packages=(libgtest-dev poppler-utils python3-xlrd libspreadsheet-parseexcel-perl)
+test_packages=(libgtest-dev appstream desktop-file-utils poppler-utils python3-xlrd libspreadsheet-parseexcel-perl)
 bench_packages=(libgtest-dev libbenchmark-dev)
+portable_packages=(fonts-wqy-microhei fcitx5-frontend-qt6)
 picture_packages=(xvfb xdotool imagemagick)
 
 as_root() {

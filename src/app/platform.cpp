@@ -3,7 +3,9 @@
 #include "grid/files/installed_face.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QFont>
+#include <QFontDatabase>
 #include <QIcon>
 #include <QLibraryInfo>
 #include <QLocale>
@@ -12,6 +14,14 @@
 
 namespace vellora {
 namespace {
+
+// Faces that came along for a machine that may have none.
+void addFacesBesideProgram() {
+  const QDir faces(QCoreApplication::applicationDirPath() + u"/fonts"_qs);
+  for (const QString& face : faces.entryList(QDir::Files)) {
+    QFontDatabase::addApplicationFont(faces.filePath(face));
+  }
+}
 
 // For the faces that windows ask for by name.
 void substituteFaces() {
@@ -34,7 +44,9 @@ void setUpPlatform(QApplication& application) {
   QLocale::setDefault(QLocale(QLocale::Chinese, QLocale::China));
   QApplication::setStyle(u"Fusion"_qs);
   QApplication::setApplicationDisplayName(QString());
+  QApplication::setDesktopFileName(u"org.vellora.Vellora"_qs);
   QApplication::setWindowIcon(QIcon(QPixmap(u":/vellora/vellora-32.png"_qs, "PNG")));
+  addFacesBesideProgram();
   substituteFaces();
   QApplication::setFont(QFont(installedFace(u"黑体"_qs), 9));
   translateQt(application);

@@ -15,12 +15,22 @@ sums() { (cd "$folder" && sha256sum "$@"); }
 
 lays_a_whole_program_folder() {
   install_program
-  for file in vellora KTZ0.SKN KTZ1.SKN KTZ2.SKN SY.mdb vellora.desktop vellora.png; do
+  for file in vellora KTZ0.SKN KTZ1.SKN KTZ2.SKN SY.mdb add_to_menu.sh \
+      share/icons/hicolor/{16x16,512x512}/apps/vellora.png; do
     [[ -s $folder/$file ]] || fail "$file is missing"
   done
   [[ -x $folder/vellora ]] || fail "vellora is not executable"
-  grep -qF "Exec=\"$scratch/my \\\\\$5 or 5%% planner/vellora\"" "$folder/vellora.desktop" ||
-    fail "the desktop entry does not start $folder/vellora: $(grep Exec "$folder/vellora.desktop")"
+}
+
+joins_the_desktops_menu() {
+  local data="$scratch/data" entry
+  XDG_DATA_HOME="$data" "$folder/add_to_menu.sh"
+  entry="$data/applications/org.vellora.Vellora.desktop"
+  grep -qF "Exec=\"$scratch/my \\\\\$5 or 5%% planner/vellora\"" "$entry" ||
+    fail "the desktop entry does not start $folder/vellora: $(grep Exec "$entry")"
+  [[ -s $data/icons/hicolor/scalable/apps/vellora.svg ]] || fail "the icon is missing"
+  desktop-file-validate "$entry" "$folder/share/applications/"*.desktop
+  appstreamcli validate --no-net "$folder/share/metainfo/"*.xml
 }
 
 never_touches_what_is_the_users() {
@@ -68,6 +78,7 @@ refuses_senseless_words() {
 }
 
 lays_a_whole_program_folder
+joins_the_desktops_menu
 never_touches_what_is_the_users
 renews_the_program_itself
 mends_a_broken_off_installation

@@ -7,16 +7,16 @@
 namespace vellora {
 namespace {
 
-// Best first.
+// Best first; any Chinese face is better than none.
 QStringList standInsFor(const QString& face) {
-  if (face == u"宋体"_qs) return {u"SimSun"_qs, u"Noto Serif CJK SC"_qs, u"AR PL UMing CN"_qs};
+  const QStringList sans{u"SimHei"_qs, u"Noto Sans CJK SC"_qs, u"WenQuanYi Micro Hei"_qs};
+  if (face == u"宋体"_qs) {
+    return QStringList{u"SimSun"_qs, u"Noto Serif CJK SC"_qs, u"AR PL UMing CN"_qs} + sans;
+  }
   if (face == u"楷体_GB2312"_qs) {
-    return {u"KaiTi"_qs, u"AR PL KaitiM GB"_qs, u"AR PL UKai CN"_qs};
+    return QStringList{u"KaiTi"_qs, u"AR PL KaitiM GB"_qs, u"AR PL UKai CN"_qs} + sans;
   }
-  if (face == u"黑体"_qs) {
-    return {u"SimHei"_qs, u"Noto Sans CJK SC"_qs, u"WenQuanYi Micro Hei"_qs};
-  }
-  return {};
+  return face == u"黑体"_qs ? sans : QStringList();
 }
 
 QString search(const QString& face) {

@@ -1,0 +1,179 @@
+// Walks through the user guide's scenes on the real program, over the demonstration schedule, and
+// saves a picture of each: guide_pictures FOLDER.
+
+#include "app/platform.h"
+#include "app/start_up.h"
+#include "grid/surface/grid_surface.h"
+#include "sample_schedule.h"
+#include "store/schema.h"
+#include "support/fixed_clock.h"
+#include "support/scripted_prompts.h"
+
+#include <QApplication>
+#include <QDateEdit>
+#include <QDir>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTextStream>
+#include <QTimer>
+
+#include <cstdlib>
+#include <functional>
+
+namespace vellora {
+namespace {
+
+const QDate kToday(2026, 10, 12);
+
+// A home folder with the program in it.
+QString layProgramFolder(const QString& home) {
+  for (const auto& folder : {u"日程表"_qs, u"文档"_qs, u"备份"_qs}) QDir(home).mkdir(folder);
+  QString program = home + u"/日程表"_qs;
+  const QDir skins(QStringLiteral(SKIN_DIR));
+  for (const QString& skin : skins.entryList(QDir::Files)) {
+    QFile::copy(skins.filePath(skin), program + u'/' + skin);
+  }
+  createSchedule(program + u"/SY.mdb"_qs);
+  ScheduleStore store(program + u"/SY.mdb"_qs);
+  writeDemonstration(store, kToday);
+  return program;
+}
+
+class Guide {
+ public:
+  Guide(const QString& programDir, const QString& pictures)
+      : pictures_(pictures), startUp_(programDir, prompts_, clock_) {
+    startUp_.showBoard();
+    board().resize(1180, 720);
+  }
+
+  void showEveryScene();
+
+ private:
+  using Scene = std::function<void(QWidget& window)>;
+
+  WeekBoard& board() { return startUp_.board(); }
+  void keep(QWidget& window, const QString& name);
+  // Opens a window by a board's button, plays the scene in it and closes it.
+  void open(const QString& button, const Scene& scene);
+  // The same, and keeps a picture of its end.
+  void show(
+      const QString& button, const QString& name, const Scene& scene = [](QWidget&) {});
+  void putOnSkin(const QString& skin);
+
+  QDir pictures_;
+  test::ScriptedPrompts prompts_;
+  test::FixedClock clock_{kToday};
+  StartUp startUp_;
+};
+
+template <typename Widget>
+Widget& control(QWidget& window, const QString& name) {
+  auto* found = window.findChild<Widget*>(name);
+  if (found == nullptr) qFatal("no control %s", qPrintable(name));
+  return *found;
+}
+
+void press(QWidget& window, const QString& button) {
+  QTest::mouseClick(&control<QPushButton>(window, button), Qt::LeftButton);
+}
+
+void place(QWidget& window, const QString& list, int line) {
+  auto& lines = control<QListWidget>(window, list);
+  const QPoint middle = lines.visualItemRect(lines.item(line)).center();
+  QTest::mouseClick(lines.viewport(), Qt::LeftButton, {}, middle);
+  QTest::mouseDClick(lines.viewport(), Qt::LeftButton, {}, middle);
+}
+
+void type(QWidget& window, int col, int row, const QString& text) {
+  auto& grid = control<GridSurface>(window, u"Cell1"_qs);
+  grid.SetCellText(col, row, text);
+  grid.Redraw();
+}
+
+void Guide::keep(QWidget& window, const QString& name) {
+  QTest::qWait(50);
+  if (!window.grab().save(pictures_.filePath(name + u".png"))) {
+    qFatal("cannot write %s", qPrintable(name));
+  }
+}
+
+void Guide::open(const QString& button, const Scene& scene) {
+  QTimer::singleShot(0, &board(), [&] {
+    QWidget& window = *QApplication::activeModalWidget();
+    scene(window);
+    window.close();
+  });
+  press(board(), button);
+}
+
+void Guide::show(const QString& button, const QString& name, const Scene& scene) {
+  open(button, [&](QWidget& window) {
+    scene(window);
+    keep(window, name);
+  });
+}
+
+void Guide::putOnSkin(const QString& skin) {
+  prompts_.files << skin;
+  open(u"Command98"_qs, [](QWidget& window) { press(window, u"Command1"_qs); });
+}
+
+// One activity placed and repeated over days, some of which are taken.
+void planATerm(QWidget& window) {
+  control<QListWidget>(window, u"List1"_qs).setCurrentRow(6);
+  auto& grid = control<GridSurface>(window, u"Cell1"_qs);
+  int row = 0;
+  while (!grid.GetCellText(0, row).isEmpty()) ++row;
+  grid.SetCurrentCell(0, row);
+  control<QDateEdit>(window, u"DTP1"_qs).setDate(kToday.addDays(19));
+  place(window, u"List2"_qs, 0);
+  type(window, 3, row, u"八公里"_qs);
+  type(window, 4, row, u"1"_qs);
+  control<QLineEdit>(window, u"Text4"_qs).setText(u"6"_qs);
+  grid.SetCurrentCell(0, row);
+  press(window, u"CmdDAY"_qs);
+}
+
+void Guide::showEveryScene() {
+  keep(board(), u"board"_qs);
+  show(u"Command5"_qs, u"time_blocks"_qs);
+  show(u"Command4"_qs, u"activity_items"_qs,
+       [](QWidget& window) { control<GridSurface>(window, u"Cell1"_qs).SetCurrentCell(1, 6); });
+  show(u"Command1"_qs, u"daily_plan"_qs, [](QWidget& window) {
+    control<GridSurface>(window, u"Cell1"_qs).SetCurrentCell(1, 9);
+    place(window, u"List1"_qs, 9);
+  });
+  show(u"Command2"_qs, u"activity_plan"_qs, planATerm);
+  show(u"Command7"_qs, u"week_names"_qs);
+  show(u"Command6"_qs, u"memo"_qs);
+  show(u"Command3"_qs, u"statistics"_qs, [](QWidget& window) { press(window, u"Command1"_qs); });
+  show(u"CmdA1"_qs, u"print_preview"_qs);
+  show(u"CmdA0"_qs, u"backup"_qs, [](QWidget& window) {
+    control<QLineEdit>(window, u"Txt3"_qs).setText(u"\\备份\\日程表备份2026-10-12.KTZ"_qs);
+    press(window, u"cmdO"_qs);
+  });
+  show(u"Command98"_qs, u"about"_qs);
+  putOnSkin(QStringLiteral(SKIN_DIR "/KTZ1.SKN"));
+  keep(board(), u"board_dark"_qs);
+}
+
+}  // namespace
+}  // namespace vellora
+
+int main(int argc, char** argv) {
+  QApplication application(argc, argv);
+  vellora::setUpPlatform(application);
+  const QString pictures = QApplication::arguments().value(1);
+  const QTemporaryDir home;
+  if (!QDir(pictures).exists() || !home.isValid()) {
+    QTextStream(stderr) << "usage: guide_pictures FOLDER\n";
+    return 2;
+  }
+  qputenv("HOME", home.path().toLocal8Bit());
+  vellora::Guide(vellora::layProgramFolder(home.path()), pictures).showEveryScene();
+  return EXIT_SUCCESS;
+}
