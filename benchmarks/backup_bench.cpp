@@ -122,11 +122,11 @@ void compare(const test::ScheduleBuilder& builder, const QString& path) {
         passOver(raw);
         decodeFile(path);
       },
-      5);
+      3);
   RawRestore rawRestore(raw);
   table.compare(
       "restoring 1,000,000 entries", [&] { RestoreTables(store, workbook, path); },
-      [&] { rawRestore.run(); }, 5);
+      [&] { rawRestore.run(); }, 3);
   table.print();
 }
 

@@ -73,9 +73,14 @@ void SafeFile::create() {
   if (replaces && ::fchmod(descriptor_, old.st_mode & 07777U) != 0) fail(errno);
 }
 
-void SafeFile::commit() {
+QString SafeFile::sync() {
   if (!flush()) fail(error_);
   if (::fsync(descriptor_) != 0) fail(errno);
+  return QFile::decodeName(temporary_);
+}
+
+void SafeFile::commit() {
+  sync();
   if (::close(std::exchange(descriptor_, -1)) != 0) fail(errno);
   if (std::rename(temporary_.constData(), target_.constData()) != 0) fail(errno);
   temporary_.clear();

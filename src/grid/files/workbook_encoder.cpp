@@ -154,13 +154,14 @@ void SheetEncoder::look(int col, int row) {
 }
 
 void SheetEncoder::text(const QString& text) {
+  if (text.isEmpty()) return appendText(writer_, text);
   const auto known = texts_.constFind(text);
   if (known != texts_.constEnd()) {
     writer_.append(*known);
     return;
   }
   appendText(writer_, text);
-  if (text.isEmpty() || static_cast<std::size_t>(texts_.size()) >= kMaxNumberedTexts) return;
+  if (static_cast<std::size_t>(texts_.size()) >= kMaxNumberedTexts) return;
   texts_.insert(text, static_cast<quint32>(texts_.size()));
 }
 
