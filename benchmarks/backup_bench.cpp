@@ -58,7 +58,7 @@ void decodeFile(const QString& path) {
   constexpr qint64 kHeadSize = 10;
   QFile file(path);
   if (!file.open(QIODevice::ReadOnly) || !file.seek(kHeadSize)) std::abort();
-  QCborStreamReader reader(&file);
+  QCborStreamReader reader(file.readAll());
   do {
     while (reader.containerDepth() > 0 && !reader.hasNext()) reader.leaveContainer();
     if (reader.containerDepth() == 0 && !reader.isArray()) break;

@@ -19,6 +19,7 @@ void begin(RowArena& rows, const StoredRow& stored) {
 void Recordset::addNew() {
   state_->writer();
   state_->edit = RowEdit{true, {}};
+  state_->edit->changes.reserve(columns().size());
 }
 
 void Recordset::edit() {

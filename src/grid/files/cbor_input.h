@@ -27,6 +27,7 @@ class CborInput {
   // At most maxBytes long. A text that is no valid Unicode is a byte string of its UTF-16 units.
   QString text(qint64 maxBytes);
 
+  bool isArray() const { return reader_.isArray(); }
   bool isInteger() const { return reader_.isInteger(); }
   bool isNull() const { return reader_.isNull(); }
   void null();
