@@ -7,8 +7,12 @@ build_packages=(
 )
 font_packages=(fonts-noto-cjk fonts-arphic-gkai00mp)
 check_packages=(clang-format clang-tidy)
-test_packages=(libgtest-dev appstream desktop-file-utils poppler-utils python3-xlrd libspreadsheet-parseexcel-perl)
-bench_packages=(libgtest-dev libbenchmark-dev)
+test_packages=(
+  libgtest-dev appstream desktop-file-utils poppler-utils tidy python3-xlrd
+  libspreadsheet-parseexcel-perl
+)
+long_packages=(libreoffice-calc-nogui chromium)
+bench_packages=(libgtest-dev libbenchmark-dev python3-xlwt python3-uno libreoffice-calc-nogui)
 portable_packages=(fonts-wqy-microhei fcitx5-frontend-qt6)
 picture_packages=(xvfb xdotool imagemagick)
 

@@ -67,7 +67,6 @@ QLayout* AboutWindow::layOutButtons() {
 QPushButton* AboutWindow::makeButton(const QString& objectName, const QString& caption) {
   auto* button = new QPushButton(caption, this);
   button->setObjectName(objectName);
-  button->setAutoDefault(true);
   return button;
 }
 

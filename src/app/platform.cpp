@@ -1,5 +1,6 @@
 #include "app/platform.h"
 
+#include "app/skin_style.h"
 #include "grid/files/installed_face.h"
 
 #include <QApplication>
@@ -42,7 +43,7 @@ void translateQt(QApplication& application) {
 
 void setUpPlatform(QApplication& application) {
   QLocale::setDefault(QLocale(QLocale::Chinese, QLocale::China));
-  QApplication::setStyle(u"Fusion"_qs);
+  QApplication::setStyle(new SkinStyle);
   QApplication::setApplicationDisplayName(QString());
   QApplication::setDesktopFileName(u"org.vellora.Vellora"_qs);
   QApplication::setWindowIcon(QIcon(QPixmap(u":/vellora/vellora-32.png"_qs, "PNG")));

@@ -66,7 +66,6 @@ UsageNotesWindow::UsageNotesWindow(ApplicationState& state, QWidget* parent)
   setWindowTitle(u"使用说明"_qs);
   auto* close = new QPushButton(u"关闭(&Q) "_qs, this);
   close->setObjectName(u"CmdEND"_qs);
-  close->setAutoDefault(true);
   connect(close, &QPushButton::clicked, this, &QWidget::close);
   auto* middle = new QHBoxLayout;
   middle->setSpacing(20);

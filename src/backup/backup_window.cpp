@@ -17,7 +17,6 @@
 #include <QLineEdit>
 #include <QPointer>
 #include <QPushButton>
-#include <QScreen>
 #include <QVBoxLayout>
 
 namespace vellora {
@@ -58,14 +57,16 @@ void BackupWindow::layOut() {
   all->addWidget(content);
   all->addWidget(grid_, 1);
   all->addLayout(makeButtons());
-  const QSize room = screen()->availableSize() * 9 / 10;
-  resize(QSize(640, 600).boundedTo(room));
+  resize(640, 600);
 }
 
 QLayout* BackupWindow::makePlaces() {
   auto* chosen = new QHBoxLayout;
   chosen->addWidget(path_, 1);
-  chosen->addWidget(makeButton(u"cmdOPEN"_qs, u"打开(&F)…"_qs, &BackupWindow::chooseFile));
+  auto* open = makeButton(u"cmdOPEN"_qs, u"打开(&F)…"_qs, &BackupWindow::chooseFile);
+  chosen->addWidget(open);
+  setTabOrder(path_, open);
+  setTabOrder(open, grid_);
   auto* places = new QFormLayout;
   places->addRow(u"驱 动 器:"_qs, drives_);
   places->addRow(u"文 件 夹:"_qs, folders_);

@@ -4,7 +4,6 @@
 #include "editors/item_fields.h"
 #include "grid/surface/grid_surface.h"
 #include "routine/category.h"
-#include "shell/grid_keys.h"
 #include "store/store_error.h"
 
 #include <QComboBox>
@@ -39,14 +38,12 @@ ActivityItemEditor::ActivityItemEditor(ApplicationState& state, QWidget* parent)
   nameControls();
   layOut();
   connectControls();
-  new GridKeys(*grid_, state, [] { return u"活动项目"_qs; });
+  answerGridKeys(*grid_, [] { return u"活动项目"_qs; });
 }
 
-// Enter presses the button that has the focus, as it ends each field.
 QPushButton* ActivityItemEditor::makeButton(const QString& objectName, const QString& caption) {
   auto* button = new QPushButton(caption, this);
   button->setObjectName(objectName);
-  button->setAutoDefault(true);
   return button;
 }
 
@@ -83,6 +80,7 @@ QBoxLayout* ActivityItemEditor::layOutList() {
   list->setSpacing(kControlGap);
   list->addLayout(top);
   list->addWidget(grid_, 1);
+  list->addWidget(statusLine());
   return list;
 }
 

@@ -1,7 +1,6 @@
 #include "editors/memo_window.h"
 
 #include "editors/daily_memo.h"
-#include "editors/opening_size.h"
 #include "shell/date_stepper.h"
 #include "store/store_error.h"
 
@@ -53,7 +52,7 @@ void MemoWindow::layOut() {
   all->addLayout(top);
   all->addWidget(text_, 1);
   all->addLayout(buttons);
-  resize(sizeOnScreen(*this, QSize(520, 400)));
+  resize(520, 400);
 }
 
 // A memo that cannot be read when the window opens is no reason to keep the window from opening.

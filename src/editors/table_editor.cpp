@@ -1,9 +1,7 @@
 #include "editors/table_editor.h"
 
-#include "editors/opening_size.h"
 #include "editors/whole_table.h"
 #include "grid/surface/grid_surface.h"
-#include "shell/grid_keys.h"
 
 #include <QHBoxLayout>
 #include <QPushButton>
@@ -27,11 +25,12 @@ TableEditor::TableEditor(ApplicationState& state, const Kind& kind, QWidget* abo
   grid_->setHeadingStripVisible(true);
   grid_->setRowNumbersVisible(true);
   tellCutPastes(*grid_);
-  new GridKeys(*grid_, state, [name = kind.documentName] { return name; });
+  answerGridKeys(*grid_, [name = kind.documentName] { return name; });
   column->addWidget(grid_, 1);
   if (below) column->addWidget(below);
+  column->addWidget(statusLine());
   column->addLayout(makeButtons());
-  resize(sizeOnScreen(*this, kind.size));
+  resize(kind.size);
 }
 
 QHBoxLayout* TableEditor::makeButtons() {

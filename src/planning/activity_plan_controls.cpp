@@ -114,17 +114,18 @@ QHBoxLayout* layButtons(const Controls& controls) {
   return row;
 }
 
-QVBoxLayout* layPlan(const Controls& controls, QWidget* window) {
+QVBoxLayout* layPlan(const Controls& controls, QWidget* window, QWidget* foot) {
   auto* column = new QVBoxLayout;
   column->addWidget(controls.grid, 1);
   column->addLayout(layRepetition(controls, window));
   column->addLayout(layButtons(controls));
+  column->addWidget(foot);
   return column;
 }
 
 }  // namespace
 
-ActivityPlanControls::ActivityPlanControls(QWidget* window)
+ActivityPlanControls::ActivityPlanControls(QWidget* window, QWidget* foot)
     : activities(makeNameList(u"List1"_qs, u"活动项目"_qs, window)),
       chosen(makeChosen(window)),
       day(makeStepper(window)),
@@ -145,7 +146,7 @@ ActivityPlanControls::ActivityPlanControls(QWidget* window)
   all->addSpacing(all->spacing());
   all->addLayout(layDay(*this, window), 3);
   all->addSpacing(all->spacing());
-  all->addLayout(layPlan(*this, window), 7);
+  all->addLayout(layPlan(*this, window, foot), 7);
   window->resize(1120, 720);
 }
 

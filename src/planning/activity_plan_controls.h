@@ -14,9 +14,10 @@ class DateStepper;
 class GridSurface;
 
 // What stands on the activity plan window, laid out in reading order: the activities, the day with
-// its blocks and what is planned on it, the plan grid with what is done to it.
+// its blocks and what is planned on it, the plan grid with what is done to it, and at its foot what
+// the window has to tell about it.
 struct ActivityPlanControls {
-  explicit ActivityPlanControls(QWidget* window);
+  ActivityPlanControls(QWidget* window, QWidget* foot);
 
   QListWidget* activities;
   QLineEdit* chosen;

@@ -14,7 +14,6 @@
 #include "planning/week_count_keys.h"
 #include "routine/calendar_text.h"
 #include "shell/date_stepper.h"
-#include "shell/grid_keys.h"
 #include "shell/work_dialog.h"
 #include "store/statements.h"
 
@@ -36,15 +35,14 @@ const QString& takenText() {
 
 ActivityPlanWindow::ActivityPlanWindow(ApplicationState& state, QWidget* parent)
     : PlannerWindow(state, parent),
-      controls_(this),
+      controls_(this, statusLine()),
       watch_(new UnsavedWatch(*controls_.grid, *controls_.unsaved,
                               [this](const Sheet& sheet, int row) {
                                 return isUnsavedPlanRow(sheet, row, chosenActivity(), saved_);
                               })) {
   setObjectName(u"FormXMJH"_qs);
   setWindowTitle(u"项目活动计划"_qs);
-  new GridKeys(*controls_.grid, state,
-               [this]() -> QString { return chosenActivity() + u" 活动计划"; });
+  answerGridKeys(*controls_.grid, [this]() -> QString { return chosenActivity() + u" 活动计划"; });
   connectControls();
   connectGrid();
 }
@@ -197,7 +195,10 @@ void ActivityPlanWindow::SavePlan() {
   } catch (const WorkGivenUp&) {
     return;
   }
-  guarded([this] { readSaved(); });
+  guarded([this] {
+    readSaved();
+    showDay();
+  });
   for (const TakenBlock& taken : outcome.taken) {
     prompts().warn(this, taken.date + takenText() + taken.holder);
   }
@@ -210,6 +211,7 @@ void ActivityPlanWindow::DeletePlan() {
   guarded([&] {
     state().Db.execute(statements::deletePlansOfActivity(name));
     ListPlan();
+    showDay();
   });
 }
 

@@ -7,7 +7,6 @@
 #include "planning/unsaved_watch.h"
 #include "routine/calendar_text.h"
 #include "shell/date_stepper.h"
-#include "shell/grid_keys.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -30,7 +29,7 @@ DailyPlanWindow::DailyPlanWindow(ApplicationState& state, QDate firstDay, QWidge
   grid_->setObjectName(u"Cell1"_qs);
   grid_->setAccessibleName(u"每日计划表"_qs);
   grid_->setEditable(true);
-  new GridKeys(*grid_, state, [this]() -> QString { return isoDate(date()) + u" 活动计划"; });
+  answerGridKeys(*grid_, [this]() -> QString { return isoDate(date()) + u" 活动计划"; });
   connect(day_, &DateStepper::dateChanged, this, &DailyPlanWindow::openDay);
   placeFromList(*items_list_, [this](int position) { placeItem(position); });
   tellCutPastes(*grid_);
@@ -49,6 +48,7 @@ void DailyPlanWindow::layOut() {
   auto* all = new QVBoxLayout(this);
   all->addLayout(top);
   all->addLayout(middle, 1);
+  all->addWidget(statusLine());
   all->addLayout(layButtons());
   resize(800, 700);
 }

@@ -9,8 +9,14 @@
 namespace vellora {
 namespace {
 
+// A box looks like the window it belongs to.
+void takeLook(QDialog& box, const QWidget* parent) {
+  if (parent) box.setPalette(parent->palette());
+}
+
 void showText(QWidget* parent, QMessageBox::Icon icon, const QString& text) {
   QMessageBox box(icon, programTitle(), text, QMessageBox::NoButton, parent);
+  takeLook(box, parent);
   box.setTextFormat(Qt::PlainText);
   box.addButton(u"确定"_qs, QMessageBox::AcceptRole);
   box.exec();
@@ -28,6 +34,7 @@ void BoxPrompts::inform(QWidget* parent, const QString& text) {
 
 bool BoxPrompts::ask(QWidget* parent, const QString& question) {
   QMessageBox box(QMessageBox::Question, programTitle(), question, QMessageBox::NoButton, parent);
+  takeLook(box, parent);
   box.setTextFormat(Qt::PlainText);
   const auto* yes = box.addButton(u"是"_qs, QMessageBox::YesRole);
   auto* no = box.addButton(u"否"_qs, QMessageBox::NoRole);
@@ -42,6 +49,7 @@ QString BoxPrompts::chooseFile(QWidget* parent, const QString& title, const QStr
   const QString name = filter.section(u'|', 0, 0);
   const QString pattern = filter.section(u'|', 1);
   QFileDialog dialog(parent, title, folder, name + u" (" + pattern + u')');
+  takeLook(dialog, parent);
   dialog.setFileMode(QFileDialog::ExistingFile);
   dialog.setOption(QFileDialog::DontUseNativeDialog);
   if (dialog.exec() != QDialog::Accepted) return {};

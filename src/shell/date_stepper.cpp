@@ -1,31 +1,15 @@
 #include "shell/date_stepper.h"
 
 #include "routine/calendar_text.h"
+#include "shell/date_picker.h"
 
-#include <QCalendarWidget>
 #include <QDateEdit>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QLocale>
 #include <QPushButton>
 
 namespace vellora {
 namespace {
-
-// The seven days from any date that can be picked still have four-digit years.
-const QDate kFirstDate(1752, 9, 14);
-const QDate kLastDate(9999, 12, 24);
-
-QDateEdit* makePicker(const DateStepper::Names& names, QWidget* parent) {
-  auto* picker = new QDateEdit(parent);
-  picker->setObjectName(names.picker);
-  picker->setAccessibleName(names.accessible);
-  picker->setDisplayFormat(u"yyyy-MM-dd"_qs);
-  picker->setDateRange(kFirstDate, kLastDate);
-  picker->setCalendarPopup(true);
-  picker->setKeyboardTracking(false);
-  return picker;
-}
 
 // A step button is as wide as its caption asks, not as wide as the style's usual button.
 int narrowWidth(const QPushButton& button) {
@@ -37,7 +21,10 @@ int narrowWidth(const QPushButton& button) {
 
 DateStepper::DateStepper(const Names& names, std::initializer_list<StepButton> buttons,
                          QWidget* parent)
-    : QWidget(parent), picker_(makePicker(names, this)), weekday_(new QLabel(this)) {
+    : QWidget(parent),
+      picker_(makeDatePicker(names.picker, names.accessible, this)),
+      weekday_(new QLabel(this)) {
+  picker_->setKeyboardTracking(false);
   weekday_->setObjectName(names.weekdayLabel);
   auto* row = new QHBoxLayout(this);
   row->setContentsMargins({});
@@ -58,6 +45,9 @@ DateStepper::DateStepper(const Names& names, std::initializer_list<StepButton> b
     if (step.days > 0) addButton(step);
   }
   row->addWidget(weekday_);
+  for (int i = 1; i < row->count(); ++i) {
+    setTabOrder(row->itemAt(i - 1)->widget(), row->itemAt(i)->widget());
+  }
   connect(picker_, &QDateEdit::dateChanged, this, [this](QDate day) {
     showWeekday();
     emit dateChanged(day);
@@ -71,7 +61,7 @@ QDate DateStepper::date() {
 }
 
 void DateStepper::setDate(QDate date) {
-  picker_->setDate(qBound(kFirstDate, date, kLastDate));
+  picker_->setDate(qBound(picker_->minimumDate(), date, picker_->maximumDate()));
 }
 
 void DateStepper::showWeekday() {

@@ -4,16 +4,15 @@
 
 namespace vellora {
 
-// Given paths use `\` and begin at the root of the current drive. Where the system has no drive
-// letters, that root is the user's home folder.
+// Given paths use `\` and drives. Where the system has no drive letters, the root of the current
+// drive is the user's home folder, and a path that names a drive leads nowhere.
+
+bool hasDriveLetters();
 
 // The file that a given path means: `\列表.HTM` lies in the current drive's root, a path that
-// begins with `/` is one of the system's own. `\` and `/` both separate folders.
+// begins with `/` is one of the system's own. `\` and `/` both separate folders. Throws FileError
+// for a path on a drive that this system cannot have.
 QString realPath(const QString& givenPath, const QString& currentDriveRoot);
 QString realPath(const QString& givenPath);
-
-// The name with `_` for every character that a file name cannot hold here or on the drives that
-// people carry along: \ / : * ? " < > | and control characters.
-QString fileNameFor(const QString& wanted);
 
 }  // namespace vellora

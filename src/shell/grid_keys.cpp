@@ -1,28 +1,27 @@
 #include "shell/grid_keys.h"
 
+#include "grid/files/file_name.h"
 #include "grid/surface/grid_surface.h"
 #include "shell/drives.h"
+#include "shell/status_line.h"
+#include "shell/work_dialog.h"
 
 #include <QKeyEvent>
-#include <QToolTip>
 
 namespace vellora {
-namespace {
 
-constexpr int kReasonShown = 15'000;  // milliseconds
-
-}  // namespace
-
-GridKeys::GridKeys(GridSurface& grid, ApplicationState& state, std::function<QString()> baseName)
-    : QObject(&grid), grid_(grid), state_(state), base_name_(std::move(baseName)) {
+GridKeys::GridKeys(GridSurface& grid, ApplicationState& state, StatusLine& status,
+                   std::function<QString()> baseName)
+    : QObject(&grid), grid_(grid), state_(state), status_(status), base_name_(std::move(baseName)) {
   connect(&grid, &GridSurface::GridKeyDown, this, &GridKeys::handle);
-  connect(this, &GridKeys::ExportFailed, this, &GridKeys::showReason);
+  grid.setWorkRunner(runWithDialog);
 }
 
 void GridKeys::handle(QKeyEvent* event) {
   const int key = event->key();
   if (key != Qt::Key_F3 && key != Qt::Key_F7 && key != Qt::Key_F8) return;
   event->accept();
+  status_.tell({});
   if (key == Qt::Key_F3) print();
   if (key == Qt::Key_F7) exportList(&GridSurface::ExportHtml, u".HTM"_qs);
   if (key == Qt::Key_F8) exportList(&GridSurface::ExportExcel, u".xls"_qs);
@@ -38,18 +37,22 @@ void GridKeys::exportList(Export write, const QString& extension) {
   const QString name = base_name_() + extension;
   const QString folder = state_.ExportDir + u'\\';
   QString reason;
-  if ((grid_.*write)(realPath(folder + fileNameFor(name)), &reason) == 1) {
-    grid_.setAccessibleDescription({});
+  if (writeList(write, folder + fileNameFor(name), &reason)) {
     state_.prompts.inform(grid_.window(), folder + name + u"已保存！");
   } else {
-    emit ExportFailed(reason);
+    status_.tell(u"没有导出："_qs + reason);
   }
 }
 
-void GridKeys::showReason(const QString& reason) {
-  grid_.setAccessibleDescription(reason);
-  const QPoint below = grid_.mapToGlobal(grid_.rect().bottomLeft());
-  QToolTip::showText(below, reason.toHtmlEscaped(), &grid_, {}, kReasonShown);
+bool GridKeys::writeList(Export write, const QString& path, QString* reason) {
+  try {
+    const QString file = realPath(path);
+    WorkDialog dialog(grid_.window());
+    return (grid_.*write)(file, reason, dialog.progress()) == 1;
+  } catch (const FileError& error) {
+    *reason = error.description();
+    return false;
+  }
 }
 
 }  // namespace vellora

@@ -1,16 +1,41 @@
 #include "shell/planner_window.h"
 
 #include "grid/surface/grid_surface.h"
+#include "shell/grid_keys.h"
 #include "shell/skin.h"
+#include "shell/status_line.h"
 
 #include <QCloseEvent>
 #include <QEventLoop>
 #include <QKeyEvent>
+#include <QPushButton>
+#include <QScreen>
+
+#include <algorithm>
 
 namespace vellora {
+namespace {
+
+// What a window may take of a screen, so that its frame and the desktop's bars have room too.
+QRect roomOn(const QScreen& screen) {
+  QRect room = screen.availableGeometry();
+  const QPoint centre = room.center();
+  room.setSize(room.size() * 9 / 10);
+  room.moveCenter(centre);
+  return room;
+}
+
+QPushButton* defaultButton(const QWidget& window) {
+  const auto buttons = window.findChildren<QPushButton*>();
+  const auto found = std::find_if(buttons.begin(), buttons.end(),
+                                  [](const auto* button) { return button->isDefault(); });
+  return found == buttons.end() ? nullptr : *found;
+}
+
+}  // namespace
 
 PlannerWindow::PlannerWindow(ApplicationState& state, QWidget* parent)
-    : QWidget(parent, Qt::Window), state_(state) {}
+    : QWidget(parent, Qt::Window), state_(state), status_line_(new StatusLine(this)) {}
 
 void PlannerWindow::putSkinOn() {
   applySkin(state_.SkinPath, *this);
@@ -18,6 +43,14 @@ void PlannerWindow::putSkinOn() {
 
 void PlannerWindow::showTitle(const QString& title) {
   setWindowTitle(QString(title).replace(u"[*]"_qs, u"[*][*]"_qs));
+}
+
+QWidget* PlannerWindow::statusLine() {
+  return status_line_;
+}
+
+void PlannerWindow::answerGridKeys(GridSurface& grid, const std::function<QString()>& baseName) {
+  new GridKeys(grid, state_, *status_line_, baseName);
 }
 
 void PlannerWindow::tellCutPastes(GridSurface& grid) {
@@ -28,11 +61,28 @@ void PlannerWindow::tellCutPastes(GridSurface& grid) {
 }
 
 void PlannerWindow::Load() {
+  for (auto* button : findChildren<QPushButton*>()) button->setAutoDefault(!button->isDefault());
   putSkinOn();
   load();
 }
 
+// No larger than the screen has room for, and over the window that opened it.
+void PlannerWindow::takePlace() {
+  const QRect room = roomOn(*(parentWidget() ? parentWidget()->screen() : screen()));
+  const QSize wanted = testAttribute(Qt::WA_Resized) ? size() : sizeHint();
+  resize(wanted.boundedTo(room.size()).expandedTo(minimumSizeHint()));
+  if (!parentWidget()) return;
+  QRect place = rect();
+  place.moveCenter(parentWidget()->window()->geometry().center());
+  place.moveRight(std::min(place.right(), room.right()));
+  place.moveBottom(std::min(place.bottom(), room.bottom()));
+  place.moveLeft(std::max(place.left(), room.left()));
+  place.moveTop(std::max(place.top(), room.top()));
+  setGeometry(place);
+}
+
 void PlannerWindow::Show() {
+  takePlace();
   show();
   activate();
 }
@@ -51,12 +101,19 @@ void PlannerWindow::closeEvent(QCloseEvent* event) {
   emit closed();
 }
 
+// What the control with the focus had no use for comes here. A field may have handed the focus on
+// to a button by then, which this Enter is not for.
 void PlannerWindow::keyPressEvent(QKeyEvent* event) {
-  if (event->key() != Qt::Key_Escape || !closesOnEscape() || hasUnsavedTyping()) {
+  const int key = event->key();
+  const bool isEnter = key == Qt::Key_Return || key == Qt::Key_Enter;
+  auto* button = isEnter ? defaultButton(*this) : nullptr;
+  if (button && !qobject_cast<QPushButton*>(focusWidget())) {
+    button->click();
+  } else if (key == Qt::Key_Escape && closesOnEscape() && !hasUnsavedTyping()) {
+    close();
+  } else {
     QWidget::keyPressEvent(event);
-    return;
   }
-  close();
 }
 
 }  // namespace vellora

@@ -4,13 +4,17 @@
 
 #include <QWidget>
 
+#include <functional>
+
 namespace vellora {
 
 class GridSurface;
+class StatusLine;
 
 // A window's life: Load once before it is shown, Activate when it is opened and again when a window
 // that it opened has closed, Unload when it closes. The desktop's focus plays no part, so that
-// coming back from a box or another program never reloads what the user typed.
+// coming back from a box or another program never reloads what the user typed. Enter presses the
+// button that has the focus, else the window's default button.
 class PlannerWindow : public QWidget {
   Q_OBJECT
 
@@ -19,7 +23,8 @@ class PlannerWindow : public QWidget {
 
   // Puts the skin on, then runs the window's own load step.
   void Load();
-  // Shows the window and activates it; returns at once.
+  // Shows the window and activates it; returns at once. It opens at the size it was given, else at
+  // what its content asks for, both bounded by the screen.
   void Show();
   // Shows the window over its parent, activates it, and returns when it has closed.
   void ShowModal();
@@ -40,6 +45,10 @@ class PlannerWindow : public QWidget {
   void putSkinOn();
   // Shows a title as it stands; Qt alone would read "[*]" in it as a mark of its own.
   void showTitle(const QString& title);
+  // Tells why an export failed; to be put where the window's list ends.
+  QWidget* statusLine();
+  // From now on the grid answers to the print and export keys; see grid_keys.h.
+  void answerGridKeys(GridSurface& grid, const std::function<QString()>& baseName);
   // From now on tells the user what a paste into the grid had to leave out.
   void tellCutPastes(GridSurface& grid);
 
@@ -50,7 +59,10 @@ class PlannerWindow : public QWidget {
   void closed();
 
  private:
+  void takePlace();
+
   ApplicationState& state_;
+  StatusLine* status_line_;
 };
 
 }  // namespace vellora

@@ -3,6 +3,7 @@
 #include <QFile>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QToolTip>
 
 namespace vellora {
 namespace {
@@ -106,6 +107,7 @@ void applySkin(const QString& path, QWidget& window) {
   const auto skin = loadSkin(path);
   if (!skin) return;
   window.setPalette(skin->palette);
+  QToolTip::setPalette(skin->palette);  // there is one tool tip for all windows
   for (auto* grid : window.findChildren<GridSurface*>()) grid->setColours(skin->grid);
 }
 

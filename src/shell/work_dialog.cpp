@@ -51,4 +51,9 @@ void WorkDialog::display(const WorkStep& step) {
   setValue(static_cast<int>(step.done));
 }
 
+void runWithDialog(QWidget* window, const std::function<void(const WorkProgress&)>& work) {
+  WorkDialog dialog(window);
+  work(dialog.progress());
+}
+
 }  // namespace vellora

@@ -27,4 +27,7 @@ class WorkDialog : public QProgressDialog {
   QPushButton* cancel_;
 };
 
+// Runs work under a dialog over the window, and passes on what the work throws.
+void runWithDialog(QWidget* window, const std::function<void(const WorkProgress&)>& work);
+
 }  // namespace vellora

@@ -2,7 +2,7 @@
 
 #include "grid/surface/grid_surface.h"
 #include "routine/category.h"
-#include "shell/grid_keys.h"
+#include "shell/date_picker.h"
 #include "stats/time_use.h"
 #include "store/store_error.h"
 
@@ -10,7 +10,6 @@
 #include <QGridLayout>
 #include <QLabel>
 #include <QPushButton>
-#include <QScreen>
 
 #include <algorithm>
 #include <array>
@@ -36,14 +35,6 @@ void fillWith(QWidget& widget, const QColor& colour) {
   widget.setAutoFillBackground(true);
 }
 
-QDateEdit* makePicker(const QString& name, QWidget* parent) {
-  auto* picker = new QDateEdit(parent);
-  picker->setObjectName(name);
-  picker->setDisplayFormat(u"yyyy-MM-dd"_qs);
-  picker->setCalendarPopup(true);
-  return picker;
-}
-
 // White whatever the skin, so that bars of every colour stand out.
 QFrame* makeTrack(QLabel* bar, QWidget* parent) {
   auto* track = new QFrame(parent);
@@ -59,8 +50,8 @@ QFrame* makeTrack(QLabel* bar, QWidget* parent) {
 
 StatisticsWindow::StatisticsWindow(ApplicationState& state, QWidget* parent)
     : PlannerWindow(state, parent),
-      start_(makePicker(u"D1"_qs, this)),
-      end_(makePicker(u"D2"_qs, this)),
+      start_(makeDatePicker(u"D1"_qs, u"起始日期"_qs, this)),
+      end_(makeDatePicker(u"D2"_qs, u"截止日期"_qs, this)),
       total_(new QLabel(u"作息总时数"_qs, this)),
       grid_(new GridSurface(this)) {
   setObjectName(u"StatisticsWindow"_qs);
@@ -71,7 +62,7 @@ StatisticsWindow::StatisticsWindow(ApplicationState& state, QWidget* parent)
   grid_->setEditable(false);
   setUpTimeUse(grid_->sheet());
   grid_->Redraw();
-  new GridKeys(*grid_, state, [] { return u"统计分析"_qs; });
+  answerGridKeys(*grid_, [] { return u"统计分析"_qs; });
   layOut();
 }
 
@@ -79,10 +70,10 @@ void StatisticsWindow::layOut() {
   auto* all = new QVBoxLayout(this);
   all->addLayout(makeRange());
   all->addWidget(grid_, 1);
+  all->addWidget(statusLine());
   all->addWidget(total_);
   all->addLayout(makeCategoryLines());
-  const QSize room = screen()->availableSize() * 9 / 10;
-  resize(QSize(680, 620).boundedTo(room));
+  resize(680, 620);
 }
 
 QLayout* StatisticsWindow::makeRange() {
@@ -94,18 +85,20 @@ QLayout* StatisticsWindow::makeRange() {
   close->setObjectName(u"Command2"_qs);
   connect(close, &QPushButton::clicked, this, &QWidget::close);
   auto* range = new QHBoxLayout;
-  const auto addPicker = [&](const QString& caption, QDateEdit* picker) {
-    auto* label = new QLabel(caption, this);
+  const auto addPicker = [&](QDateEdit* picker) {
+    auto* label = new QLabel(picker->accessibleName(), this);
     label->setBuddy(picker);
-    picker->setAccessibleName(caption);
     range->addWidget(label);
     range->addWidget(picker);
   };
-  addPicker(u"起始日期"_qs, start_);
-  addPicker(u"截止日期"_qs, end_);
+  addPicker(start_);
+  addPicker(end_);
   range->addStretch();
   range->addWidget(compute);
   range->addWidget(close);
+  setTabOrder(end_, compute);
+  setTabOrder(compute, close);
+  setTabOrder(close, grid_);
   return range;
 }
 

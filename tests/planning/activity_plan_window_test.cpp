@@ -101,6 +101,7 @@ TEST_F(ActivityPlanWindowTest, SavingTellsOfEachTakenBlockAndThenThatItIsDone) {
   EXPECT_EQ(saved(), (QStringList{u"2007-03-05|001|跑步|要求|1"_qs, u"2007-03-05|002|读书||0"_qs}));
   EXPECT_FALSE(isMarked(window_, 0));
   EXPECT_TRUE(isMarked(window_, 1));
+  EXPECT_TRUE(summary().contains(u"08:00-09:30 早读\n  读书\n"_qs)) << summary().toStdString();
 }
 
 TEST_F(ActivityPlanWindowTest, AFailedSaveKeepsTheGridAndNamesTheRow) {
@@ -158,6 +159,7 @@ TEST_F(ActivityPlanWindowTest, DeletesTheWholePlanOnlyAfterYes) {
   click(window_, u"CmdDEL"_qs);
   EXPECT_EQ(saved(), QStringList{u"2007-03-05|002|跑步|要求|1"_qs});
   EXPECT_EQ(grid(window_).GetCellText(kPlanActivity, 0), QString());
+  EXPECT_EQ(summary(), u"2007-03-05 星期一\n\n08:00-09:30 早读\n  跑步\n"_qs);
 }
 
 TEST_F(ActivityPlanWindowTest, WarnsOfEachEntryWhoseBlockIsGoneAndSavesItAgain) {

@@ -2,11 +2,13 @@
 
 #include "support/text_output.h"
 
+#include <QCalendarWidget>
 #include <QDateEdit>
 #include <QLabel>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTest>
+#include <QTextCharFormat>
 
 #include <gtest/gtest.h>
 
@@ -68,6 +70,19 @@ TEST_F(DateStepperTest, TakesATypedDateWhenItIsEnteredOrAskedFor) {
   QTest::keyClicks(picker, u"30"_qs);
   EXPECT_EQ(stepper_.date(), QDate(2007, 4, 30));
   EXPECT_EQ(weekday(), u"星期一"_qs);
+}
+
+TEST_F(DateStepperTest, OffersACalendarInTheSkinsOwnTextColour) {
+  stepper_.show();
+  auto* picker = stepper_.findChild<QDateEdit*>(u"D1"_qs);
+  QTest::mouseClick(picker, Qt::LeftButton, {},
+                    picker->rect().center() + QPoint(picker->width() / 2 - 6, 0));
+  const auto* calendar = picker->findChild<QCalendarWidget*>();
+  ASSERT_NE(calendar, nullptr);
+  EXPECT_TRUE(calendar->isVisible());
+  for (const auto day : {Qt::Saturday, Qt::Sunday}) {
+    EXPECT_EQ(calendar->weekdayTextFormat(day).foreground().style(), Qt::NoBrush);
+  }
 }
 
 }  // namespace vellora

@@ -1,5 +1,6 @@
 #include "shell/drives.h"
 
+#include "grid/files/file_error.h"
 #include "support/text_output.h"
 
 #include <gtest/gtest.h>
@@ -19,10 +20,12 @@ TEST(RealPath, BeginsAtTheCurrentDrivesRootUnlessItIsTheSystemsOwn) {
   for (const auto& c : cases) EXPECT_EQ(realPath(c.given, home), c.real);
 }
 
-TEST(FileName, HoldsNoCharacterThatAFileSystemRefuses) {
-  EXPECT_EQ(fileNameFor(u"读/写\\..:*?\"<>|\r\n\x7F 活动计划.HTM"_qs),
-            u"读_写_..__________ 活动计划.HTM"_qs);
-  EXPECT_EQ(fileNameFor(u"2007-03-05 活动计划.xls"_qs), u"2007-03-05 活动计划.xls"_qs);
+TEST(RealPath, RefusesADriveThatTheSystemCannotHave) {
+  if (hasDriveLetters()) GTEST_SKIP();
+  for (const QString& path : {u"C:\\x.KTZ"_qs, u"d:/x.KTZ"_qs, u"E:"_qs}) {
+    EXPECT_THROW(realPath(path, u"/home/小明"_qs), FileError) << path.toStdString();
+  }
+  EXPECT_EQ(realPath(u"\\C:"_qs, u"/home"_qs), u"/home/C:"_qs);
 }
 
 }  // namespace vellora

@@ -2,6 +2,9 @@
 
 #include "support/planner_test.h"
 
+#include <QLineEdit>
+#include <QPushButton>
+#include <QScreen>
 #include <QTest>
 #include <QTimer>
 
@@ -59,6 +62,50 @@ TEST_F(PlannerWindowTest, EscapeClosesItOnlyWhileNothingTypedWouldBeLost) {
   window_.typed = false;
   QTest::keyClick(&window_, Qt::Key_Escape);
   EXPECT_FALSE(window_.isVisible());
+}
+
+TEST_F(PlannerWindowTest, EnterPressesTheButtonWithTheFocusElseTheDefaultOne) {
+  QLineEdit field(&window_);
+  QPushButton usual(&window_);
+  QPushButton other(&window_);
+  usual.setDefault(true);
+  QStringList pressed;
+  QObject::connect(&usual, &QPushButton::clicked, [&] { pressed << u"usual"_qs; });
+  QObject::connect(&other, &QPushButton::clicked, [&] { pressed << u"other"_qs; });
+  window_.Load();
+  window_.Show();
+  for (QWidget* focus : {static_cast<QWidget*>(&other), static_cast<QWidget*>(&field)}) {
+    focus->setFocus();
+    QTest::keyClick(focus, Qt::Key_Return);
+  }
+  EXPECT_EQ(pressed, (QStringList{u"other"_qs, u"usual"_qs}));
+}
+
+TEST_F(PlannerWindowTest, EnterThatEndsAFieldDoesNotPressTheButtonItLeadsTo) {
+  QLineEdit field(&window_);
+  QPushButton next(&window_);
+  bool isPressed = false;
+  QObject::connect(&next, &QPushButton::clicked, [&] { isPressed = true; });
+  QObject::connect(&field, &QLineEdit::returnPressed, [&] { next.setFocus(); });
+  window_.Load();
+  window_.Show();
+  field.setFocus();
+  QTest::keyClick(&field, Qt::Key_Return);
+  EXPECT_EQ(window_.focusWidget(), &next);
+  EXPECT_FALSE(isPressed);
+}
+
+TEST_F(PlannerWindowTest, OpensOverItsOpenerAndNoLargerThanTheScreen) {
+  window_.setGeometry(200, 100, 400, 300);
+  window_.Show();
+  RecordingWindow small(state_, &window_);
+  small.resize(100, 80);
+  small.Show();
+  EXPECT_EQ(small.geometry().center(), window_.geometry().center());
+  RecordingWindow large(state_, &window_);
+  large.resize(10'000, 10'000);
+  large.Show();
+  EXPECT_TRUE(large.screen()->availableGeometry().contains(large.geometry()));
 }
 
 }  // namespace vellora

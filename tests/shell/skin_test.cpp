@@ -5,6 +5,7 @@
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
+#include <QToolTip>
 
 #include <cmath>
 #include <gtest/gtest.h>
@@ -41,26 +42,52 @@ QByteArray contentOf(const QString& path) {
 }  // namespace
 
 TEST(Skin, EverySkinThatComesAlongKeepsItsTextsReadable) {
+  using Role = QPalette::ColorRole;
+  constexpr std::pair<Role, Role> kTextsOnPapers[]{
+      {QPalette::WindowText, QPalette::Window},
+      {QPalette::WindowText, QPalette::Base},
+      {QPalette::Text, QPalette::Window},
+      {QPalette::Text, QPalette::Base},
+      {QPalette::Text, QPalette::AlternateBase},
+      {QPalette::ButtonText, QPalette::Button},
+      {QPalette::ButtonText, QPalette::Window},
+      {QPalette::HighlightedText, QPalette::Highlight},
+      {QPalette::ToolTipText, QPalette::ToolTipBase},
+      {QPalette::PlaceholderText, QPalette::Base},
+      {QPalette::PlaceholderText, QPalette::Button},
+      {QPalette::Link, QPalette::Window},
+      {QPalette::Link, QPalette::Base},
+  };
   const QStringList files = skinFiles();
   ASSERT_GE(files.size(), 3);
   for (const auto& path : files) {
-    SCOPED_TRACE(path.toStdString());
     const auto skin = loadSkin(path);
-    ASSERT_TRUE(skin);
-    const auto role = [&](QPalette::ColorRole r) { return skin->palette.color(r); };
-    const auto& grid = skin->grid;
-    EXPECT_GE(contrast(role(QPalette::WindowText), role(QPalette::Window)), 4.5);
-    EXPECT_GE(contrast(role(QPalette::Text), role(QPalette::Base)), 4.5);
-    EXPECT_GE(contrast(role(QPalette::Text), role(QPalette::AlternateBase)), 4.5);
-    EXPECT_GE(contrast(role(QPalette::ButtonText), role(QPalette::Button)), 4.5);
-    EXPECT_GE(contrast(role(QPalette::HighlightedText), role(QPalette::Highlight)), 4.5);
-    EXPECT_GE(contrast(role(QPalette::ToolTipText), role(QPalette::ToolTipBase)), 4.5);
-    EXPECT_GE(contrast(role(QPalette::PlaceholderText), role(QPalette::Base)), 4.5);
-    EXPECT_GE(contrast(role(QPalette::Link), role(QPalette::Window)), 4.5);
-    EXPECT_GE(contrast(grid.text, grid.paper), 4.5);
-    EXPECT_GE(contrast(grid.headingText, grid.headingPaper), 4.5);
-    EXPECT_GE(contrast(grid.headingText, grid.today), 4.5);
-    EXPECT_GE(contrast(grid.selectionText, grid.selectionPaper), 4.5);
+    ASSERT_TRUE(skin) << path.toStdString();
+    for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
+      for (const auto& [text, paper] : kTextsOnPapers) {
+        EXPECT_GE(contrast(skin->palette.color(group, text), skin->palette.color(group, paper)),
+                  4.5)
+            << path.toStdString() << ": group " << group << ", role " << text << " on " << paper;
+      }
+    }
+    const GridColours& grid = skin->grid;
+    EXPECT_GE(contrast(grid.text, grid.paper), 4.5) << path.toStdString();
+    EXPECT_GE(contrast(grid.headingText, grid.headingPaper), 4.5) << path.toStdString();
+    EXPECT_GE(contrast(grid.headingText, grid.today), 4.5) << path.toStdString();
+    EXPECT_GE(contrast(grid.selectionText, grid.selectionPaper), 4.5) << path.toStdString();
+  }
+}
+
+// Three to one is what the edge of a control needs to be found.
+TEST(Skin, ADarkOneTellsFieldsAndTheCurrentCellFromWhatIsAroundThem) {
+  for (const auto& path : skinFiles()) {
+    const auto skin = loadSkin(path);
+    ASSERT_TRUE(skin) << path.toStdString();
+    EXPECT_GE(contrast(skin->grid.current, skin->grid.paper), 3) << path.toStdString();
+    if (!skin->dark) continue;
+    const QColor edge = skin->palette.color(QPalette::Mid);
+    EXPECT_GE(contrast(edge, skin->palette.color(QPalette::Window)), 3) << path.toStdString();
+    EXPECT_GE(contrast(edge, skin->palette.color(QPalette::Base)), 3) << path.toStdString();
   }
 }
 
@@ -87,12 +114,15 @@ TEST(Skin, IsRefusedWholeWhenAnythingIsMissingOrUnreadable) {
   EXPECT_FALSE(loadSkin(folder.filePath(u"missing.skn"_qs)));
 }
 
-TEST(Skin, ThatCannotBeLoadedLeavesTheWindowAsItWas) {
+TEST(Skin, IsPutOnWindowAndToolTipsUnlessItCannotBeLoaded) {
   QWidget window;
   applySkin(skinFiles().value(1), window);
   const QPalette before = window.palette();
+  const QPalette ofTips = QToolTip::palette();
+  EXPECT_EQ(ofTips.color(QPalette::ToolTipBase), before.color(QPalette::ToolTipBase));
   applySkin(u"/nowhere/missing.skn"_qs, window);
   EXPECT_EQ(window.palette(), before);
+  EXPECT_EQ(QToolTip::palette(), ofTips);
 }
 
 }  // namespace vellora

@@ -49,8 +49,9 @@ void BiffStream::keepTogether(qsizetype size) {
 template <typename Integer>
 void BiffStream::put(Integer value) {
   keepTogether(sizeof(value));
-  const Integer little = qToLittleEndian(value);
-  bytes_.append(reinterpret_cast<const char*>(&little), sizeof(little));
+  const qsizetype old = bytes_.size();
+  bytes_.resize(old + static_cast<qsizetype>(sizeof(value)));
+  qToLittleEndian(value, bytes_.data() + old);
 }
 
 template void BiffStream::put(quint8);

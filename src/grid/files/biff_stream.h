@@ -34,7 +34,6 @@ class BiffStream {
 
   // Finished records of another stream.
   void append(const QByteArray& records) { bytes_.append(records); }
-  void reserve(qsizetype size) { bytes_.reserve(size); }
   // Replaces a 32-bit value that was put at this position.
   void patch32(quint32 position, quint32 value);
   quint32 position() const { return static_cast<quint32>(bytes_.size()); }

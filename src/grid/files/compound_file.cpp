@@ -142,16 +142,24 @@ QByteArray difat(const Layout& layout) {
   return bytes;
 }
 
+void writePiece(const QByteArray& piece, QIODevice& device, const WorkProgress& progress) {
+  constexpr qsizetype kBytesPerStep = 1 << 20;
+  for (qsizetype place = 0; place < piece.size(); place += kBytesPerStep) {
+    report(progress, {u"正在写入磁盘……"_qs, place, piece.size()});
+    device.write(piece.constData() + place, std::min(kBytesPerStep, piece.size() - place));
+  }
+}
+
 }  // namespace
 
 void writeCompoundFile(const QString& streamName, const std::vector<QByteArray>& pieces,
-                       QIODevice& device) {
+                       QIODevice& device, const WorkProgress& progress) {
   const qint64 size =
       std::accumulate(pieces.begin(), pieces.end(), qint64{0},
                       [](qint64 sum, const QByteArray& piece) { return sum + piece.size(); });
   const Layout layout(size);
   device.write(header(layout));
-  for (const QByteArray& piece : pieces) device.write(piece);
+  for (const QByteArray& piece : pieces) writePiece(piece, device, progress);
   device.write(QByteArray(qint64{layout.streamSectors} * kSectorSize - size, '\0'));
   device.write(directory(layout, streamName));
   device.write(fat(layout));

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "routine/work_step.h"
+
 #include <QByteArray>
 #include <QIODevice>
 
@@ -13,7 +15,8 @@ inline constexpr qint64 kMaxCompoundStream = 0x7FC0'0000;
 // Writes a compound file (OLE2; published as MS-CFB, version 3) with one stream at its root, given
 // in pieces. The stream is filled with zeros to at least 4,096 bytes, below which the format wants
 // another place for it. At most kMaxCompoundStream bytes; the device remembers its own failures.
+// Throws WorkGivenUp.
 void writeCompoundFile(const QString& streamName, const std::vector<QByteArray>& pieces,
-                       QIODevice& device);
+                       QIODevice& device, const WorkProgress& progress = {});
 
 }  // namespace vellora

@@ -111,7 +111,8 @@ void writePrintTitles(BiffStream& stream, quint16 sheet) {
 }  // namespace
 
 QByteArray excelGlobals(const std::vector<ExcelSheetEntry>& sheets, bool hasHeadings,
-                        const ExcelStyles& styles, const SharedStrings& strings) {
+                        const ExcelStyles& styles, const SharedStrings& strings,
+                        const WorkProgress& progress) {
   const auto count = static_cast<quint16>(sheets.size());
   BiffStream stream;
   writeBeginning(stream, count);
@@ -129,7 +130,7 @@ QByteArray excelGlobals(const std::vector<ExcelSheetEntry>& sheets, bool hasHead
     writeOwnReferences(stream, count);
     for (quint16 sheet = 0; sheet < count; ++sheet) writePrintTitles(stream, sheet);
   }
-  strings.write(stream);
+  strings.write(stream, progress);
   stream.begin(kEof);
   stream.end();
   quint32 place = stream.position();

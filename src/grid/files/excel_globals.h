@@ -16,9 +16,11 @@ struct ExcelSheetEntry {
 };
 
 // The records before the sheets: fonts, formats, colours, texts, the sheets' names and places in
-// the stream, and the first row of each repeated in print where they have headings.
+// the stream, and the first row of each repeated in print where they have headings. Throws
+// WorkGivenUp.
 QByteArray excelGlobals(const std::vector<ExcelSheetEntry>& sheets, bool hasHeadings,
-                        const ExcelStyles& styles, const SharedStrings& strings);
+                        const ExcelStyles& styles, const SharedStrings& strings,
+                        const WorkProgress& progress);
 
 // Names for so many sheets from one that the user knows: without the characters that a sheet's name
 // cannot hold, at most 31 long, never empty, different.

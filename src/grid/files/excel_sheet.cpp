@@ -1,7 +1,8 @@
 #include "grid/files/excel_sheet.h"
 
-#include "grid/files/exported_text.h"
+#include "grid/files/exported_sheet.h"
 #include "grid/files/file_error.h"
+#include "grid/files/row_progress.h"
 
 #include <algorithm>
 
@@ -27,7 +28,6 @@ constexpr quint16 kSelection = 0x001D;
 
 // Rows and their cells follow each other in groups of this size.
 constexpr int kRowsPerGroup = 32;
-constexpr int kDefaultWidth = 100;  // pixels, of columns without a width of their own
 constexpr quint8 kUpperPane = 3;
 constexpr quint8 kLowerPane = 2;
 
@@ -102,7 +102,7 @@ void ExcelSheet::writePageSetup() {
 void ExcelSheet::writeColumns() {
   stream_.record16(kDefaultColumnWidth, 8);
   for (int col = 0; col < sheet_.Cols(); ++col) {
-    const int width = sheet_.ColumnWidth(col).value_or(kDefaultWidth);
+    const int width = exportedWidth(sheet_, col);
     stream_.begin(kColumnInfo);
     stream_.put16(static_cast<quint16>(col));
     stream_.put16(static_cast<quint16>(col));
@@ -147,6 +147,7 @@ void ExcelSheet::writeRows() {
   const bool skipsNothing = isVisibleColumnDefault();
   const auto next = [&](int row) { return skipsNothing ? row : sheet_.NextWrittenRow(row); };
   for (int row = next(page_.firstRow); row < endRow; row = next(row + 1)) {
+    reportRow(progress_, u"正在写入 Excel 文件……"_qs, row, sheet_.Rows());
     if (!group.empty() && placeOf(group.front()) / kRowsPerGroup != placeOf(row) / kRowsPerGroup) {
       flush();
     }
@@ -159,14 +160,13 @@ void ExcelSheet::writeRow(int row) {
   constexpr quint32 kAlways = 0x0F'0100;
   constexpr quint32 kHidden = 0x20;
   constexpr quint32 kOwnHeight = 0x40;
-  const int height = sheet_.RowHeight(row).value_or(sheet_.DefaultRowHeight());
   stream_.begin(kRow);
   stream_.put16(static_cast<quint16>(placeOf(row)));
   stream_.put16(0);
   stream_.put16(static_cast<quint16>(sheet_.Cols()));
-  stream_.put16(excelRowHeight(height));
+  stream_.put16(excelRowHeight(exportedHeight(sheet_, row)));
   stream_.put32(0);
-  stream_.put32(kAlways | kOwnHeight | (sheet_.IsRowHidden(row) || height == 0 ? kHidden : 0));
+  stream_.put32(kAlways | kOwnHeight | (isOutOfView(sheet_, row) ? kHidden : 0));
   stream_.end();
 }
 
@@ -204,7 +204,7 @@ void ExcelSheet::writeText(int col, int row, const QString& text) {
             .arg(kExcelMaxText));
   }
   beginCell(kLabelSst, col, row);
-  stream_.put32(strings_.numberOf(exportedText(text)));
+  stream_.put32(strings_.numberOf(text));
   stream_.end();
 }
 

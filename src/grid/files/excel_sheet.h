@@ -3,6 +3,7 @@
 #include "grid/files/excel_styles.h"
 #include "grid/files/shared_strings.h"
 #include "grid/sheet/workbook.h"
+#include "routine/work_step.h"
 
 namespace vellora {
 
@@ -20,12 +21,12 @@ struct ExcelPage {
 };
 
 // Writes one sheet of a binary Excel file from its BOF to its EOF. Throws FileError, which names
-// the cell, for a text that is too long.
+// the cell, for a text that is too long, and WorkGivenUp.
 class ExcelSheet {
  public:
   ExcelSheet(const Sheet& sheet, const PageSetup& setup, ExcelStyles& styles,
-             SharedStrings& strings)
-      : sheet_(sheet), setup_(setup), styles_(styles), strings_(strings) {}
+             SharedStrings& strings, const WorkProgress& progress)
+      : sheet_(sheet), setup_(setup), styles_(styles), strings_(strings), progress_(progress) {}
 
   QByteArray write(const ExcelPage& page);
 
@@ -42,7 +43,6 @@ class ExcelSheet {
   void writeView();
   void writeSelection(quint8 pane, int row);
 
-  bool isDue(int row) const;
   bool isVisibleColumnDefault() const;
   int placeOf(int row) const;
 
@@ -50,6 +50,7 @@ class ExcelSheet {
   const PageSetup& setup_;
   ExcelStyles& styles_;
   SharedStrings& strings_;
+  const WorkProgress& progress_;
   ExcelPage page_{};
   BiffStream stream_;
 };

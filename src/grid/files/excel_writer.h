@@ -2,6 +2,7 @@
 
 #include "grid/files/file_error.h"
 #include "grid/sheet/workbook.h"
+#include "routine/work_step.h"
 
 namespace vellora {
 
@@ -11,9 +12,9 @@ namespace vellora {
 // 65,536 rows goes on, with the headings, on further sheets. A binary Excel file knows only 56
 // colours; see excel_palette.h.
 //
-// Replaces the file whole or, throwing FileError, not at all. Refuses more than 256 columns, texts
-// over 32,767 characters, and what needs more than 250 sheets.
+// Replaces the file whole or, throwing FileError or WorkGivenUp, not at all. Refuses more than 256
+// columns, texts over 32,767 characters, and what needs more than 250 sheets.
 void writeExcelFile(const Sheet& sheet, const PageSetup& setup, const QString& sheetName,
-                    const QString& path);
+                    const QString& path, const WorkProgress& progress = {});
 
 }  // namespace vellora

@@ -1,6 +1,10 @@
 #include "grid/files/html_style.h"
 
-#include "grid/files/exported_text.h"
+#include "grid/files/exported_sheet.h"
+
+#include <QStringEncoder>
+
+#include <algorithm>
 
 namespace vellora {
 namespace {
@@ -43,7 +47,10 @@ bool isRefused(QChar unit) {
          unit.isNonCharacter();
 }
 
-QByteArray escaped(QChar unit) {
+constexpr qsizetype kMostBytes = 6;  // that a UTF-16 unit becomes
+
+// What stands for the character after another one; empty for the character itself.
+QByteArrayView substitute(QChar unit, QChar previous) {
   switch (unit.unicode()) {
     case u'&':
       return "&amp;";
@@ -54,10 +61,26 @@ QByteArray escaped(QChar unit) {
     case u'"':
       return "&quot;";
     case u'\n':
-      return "<br>";
+      return "&#10;";
+    case u' ':
+      return previous == u' ' ? "&#32;" : QByteArrayView();
     default:
-      return isRefused(unit) ? "\xEF\xBF\xBD" : QByteArray();
+      return isRefused(unit) ? "\xEF\xBF\xBD" : QByteArrayView();
   }
+}
+
+// Puts the text, which has no halves of characters, where there is room for it; gives the end.
+char* putHtml(char* out, QStringView text) {
+  QStringEncoder encoder(QStringEncoder::Utf8);
+  qsizetype begin = 0;
+  for (qsizetype place = 0; place < text.size(); ++place) {
+    const auto instead = substitute(text[place], place > 0 ? text[place - 1] : QChar());
+    if (instead.isEmpty()) continue;
+    out = encoder.appendToBuffer(out, text.sliced(begin, place - begin));
+    out = std::copy(instead.begin(), instead.end(), out);
+    begin = place + 1;
+  }
+  return encoder.appendToBuffer(out, text.sliced(begin));
 }
 
 }  // namespace
@@ -66,8 +89,7 @@ QByteArray cssOf(const CellStyle& style) {
   QByteArray css = "font:" + QByteArray((style.font.style & kFontBold) != 0 ? "bold " : "normal ") +
                    QByteArray::number(style.font.size) + "pt " + cssString(style.font.face) + ',' +
                    fallbackFace(style.font.face) + ";text-align:" + across(style.align) +
-                   ";vertical-align:" + down(style.align) +
-                   ";white-space:" + (style.wrap ? "pre-wrap" : "pre");
+                   ";vertical-align:" + down(style.align);
   if (style.hasColours) {
     css += ";color:" + cssColour(style.textColour) + ";background:" + cssColour(style.backColour);
   }
@@ -87,17 +109,13 @@ QByteArray cssOf(const PageSetup& setup) {
          millimetres(setup.marginBottom) + millimetres(setup.marginLeft).trimmed() + '}';
 }
 
-QByteArray htmlText(const QString& text) {
+void appendHtml(QByteArray& html, const QString& text) {
+  if (text.isEmpty()) return;
   const QString lines = exportedText(text);
-  QByteArray html;
-  qsizetype begin = 0;
-  for (qsizetype place = 0; place < lines.size(); ++place) {
-    const QByteArray instead = escaped(lines[place]);
-    if (instead.isEmpty()) continue;
-    html += QStringView(lines).sliced(begin, place - begin).toUtf8() + instead;
-    begin = place + 1;
-  }
-  return html + QStringView(lines).sliced(begin).toUtf8();
+  const qsizetype old = html.size();
+  html.resize(old + kMostBytes * lines.size());
+  const char* end = putHtml(html.data() + old, lines);
+  html.resize(end - html.constData());
 }
 
 }  // namespace vellora

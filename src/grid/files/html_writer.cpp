@@ -1,9 +1,11 @@
 #include "grid/files/html_writer.h"
 
+#include "grid/files/exported_sheet.h"
 #include "grid/files/html_style.h"
+#include "grid/files/row_progress.h"
 #include "grid/files/safe_file.h"
 
-#include <set>
+#include <vector>
 
 namespace vellora {
 namespace {
@@ -11,116 +13,146 @@ namespace {
 // The grid's own lines are dotted, so that they give way to a cell's border of the same width.
 constexpr const char* kGridCss =
     "body{margin:1em;color:#000;background:#fff;print-color-adjust:exact}"
-    "table{border-collapse:collapse}"
-    "th,td{border:1px dotted #999;padding:0 4px}"
+    "table{border-collapse:collapse;table-layout:fixed}"
+    "th,td{border:1px dotted #999;padding:0 4px;white-space:pre-wrap;overflow-wrap:anywhere}"
     "th{background:#eee}";
+
+// Spreadsheets read formats from rules with a prefix that browsers pass over. Some look for the
+// whole of a class attribute only: they find the text format with ".s1" and none with "s1 n".
+constexpr const char* kTextFormat = ";mso-number-format:\"\\@\"}\n";
+constexpr const char* kNumberRule = ".n{mso-number-format:General}\n";
 
 class HtmlWriter {
  public:
-  HtmlWriter(const Sheet& sheet, QIODevice& device) : sheet_(sheet), device_(device) {}
+  HtmlWriter(const Sheet& sheet, QIODevice& device, const WorkProgress& progress)
+      : sheet_(sheet), device_(device), progress_(progress) {}
 
   void write(const PageSetup& setup, const QString& title);
 
  private:
+  void collectColumns();
+  void collectStyles();
+  void addStyle(int col, int row);
   void writeHead(const PageSetup& setup, const QString& title);
   void writeColumns();
   void writeHeadings();
   void writeRow(int row);
-  QByteArray cell(const char* element, int col, int row) const;
-  QByteArray styles() const;
-  bool hasHeadings() const;
+  void appendCell(const char* start, int col, int row);
 
   const Sheet& sheet_;
   QIODevice& device_;
+  const WorkProgress& progress_;
+  std::vector<int> columns_;  // those in view
+  // By style number, empty where not in use: what follows "class=" in a cell.
+  std::vector<QByteArray> text_classes_;
+  std::vector<QByteArray> number_classes_;
+  QByteArray rules_;  // of the classes
+  QByteArray line_;
 };
 
 void HtmlWriter::write(const PageSetup& setup, const QString& title) {
+  collectColumns();
+  collectStyles();
   writeHead(setup, title);
-  device_.write("<body>\n<table>\n");
+  device_.write("<body>\n");
   writeColumns();
-  if (hasHeadings()) writeHeadings();
+  if (hasHeadings(sheet_)) writeHeadings();
   device_.write("<tbody>\n");
   for (int row = 0; row < sheet_.Rows(); ++row) {
-    if (!sheet_.IsRowHidden(row)) writeRow(row);
+    reportRow(progress_, u"正在写入网页文件……"_qs, row, sheet_.Rows());
+    if (!isOutOfView(sheet_, row)) writeRow(row);
   }
   device_.write("</tbody>\n</table>\n</body>\n</html>\n");
 }
 
-void HtmlWriter::writeHead(const PageSetup& setup, const QString& title) {
-  device_.write(
-      "<!DOCTYPE html>\n<html lang=\"zh-CN\">\n<head>\n<meta charset=\"utf-8\">\n<title>");
-  device_.write(title.trimmed().isEmpty() ? QByteArray("Vellora") : htmlText(title));
-  device_.write("</title>\n<style>\n");
-  device_.write(kGridCss);
-  device_.write("tr{height:" + QByteArray::number(sheet_.DefaultRowHeight()) + "px}\n");
-  device_.write(cssOf(setup) + '\n' + styles() + "</style>\n</head>\n");
+void HtmlWriter::collectColumns() {
+  for (int col = 0; col < sheet_.Cols(); ++col) {
+    if (exportedWidth(sheet_, col) > 0) columns_.push_back(col);
+  }
+}
+
+void HtmlWriter::collectStyles() {
+  for (int row = kHeadingRow; row < sheet_.Rows(); ++row) {
+    reportRow(progress_, u"正在准备网页文件……"_qs, row, sheet_.Rows());
+    for (const int col : columns_) addStyle(col, row);
+  }
 }
 
 // One class for each look in use, named after its number.
-QByteArray HtmlWriter::styles() const {
-  std::set<int> seen;
-  QByteArray css;
-  for (int row = kHeadingRow; row < sheet_.Rows(); ++row) {
-    for (int col = 0; col < sheet_.Cols(); ++col) {
-      const int number = sheet_.StyleNumberAt(col, row);
-      if (!seen.insert(number).second) continue;
-      css += ".s" + QByteArray::number(number) + '{' + cssOf(sheet_.StyleAt(col, row)) + "}\n";
-    }
+void HtmlWriter::addStyle(int col, int row) {
+  const int number = sheet_.StyleNumberAt(col, row);
+  const auto place = static_cast<std::size_t>(number);
+  if (place >= text_classes_.size()) {
+    text_classes_.resize(place + 1);
+    number_classes_.resize(place + 1);
   }
-  return css;
+  if (!text_classes_[place].isEmpty()) return;
+  const QByteArray name = 's' + QByteArray::number(number);
+  text_classes_[place] = name + '>';
+  number_classes_[place] = '"' + name + " n\">";
+  rules_ += '.' + name + '{' + cssOf(sheet_.StyleAt(col, row)) + kTextFormat;
 }
 
+void HtmlWriter::writeHead(const PageSetup& setup, const QString& title) {
+  QByteArray head =
+      "<!DOCTYPE html>\n<html lang=\"zh-CN\">\n<head>\n<meta charset=\"utf-8\">\n<title>";
+  appendHtml(head, title.trimmed().isEmpty() ? u"Vellora"_qs : title);
+  head += "</title>\n<style>\n";
+  head += kGridCss;
+  head += "tr{height:" + QByteArray::number(sheet_.DefaultRowHeight()) + "px}\n";
+  device_.write(head + cssOf(setup) + '\n' + rules_ + kNumberRule + "</style>\n</head>\n");
+}
+
+// A table of the columns' width, which a narrow window scrolls and does not squeeze.
 void HtmlWriter::writeColumns() {
-  if (sheet_.Cols() == 0) return;
-  device_.write("<colgroup>");
-  for (int col = 0; col < sheet_.Cols(); ++col) {
-    const std::optional<int> width = sheet_.ColumnWidth(col);
-    device_.write(width ? "<col style=\"width:" + QByteArray::number(*width) + "px\">"
-                        : QByteArray("<col>"));
+  QByteArray columns;
+  int total = 0;
+  for (const int col : columns_) {
+    const int width = exportedWidth(sheet_, col);
+    columns += "<col style=\"width:" + QByteArray::number(width) + "px\">";
+    total += width;
   }
-  device_.write("</colgroup>\n");
-}
-
-bool HtmlWriter::hasHeadings() const {
-  for (int col = 0; col < sheet_.Cols(); ++col) {
-    if (!sheet_.GetCellText(col, kHeadingRow).isEmpty()) return true;
-  }
-  return false;
+  device_.write("<table style=\"width:" + QByteArray::number(total) + "px\">\n");
+  if (!columns.isEmpty()) device_.write("<colgroup>" + columns + "</colgroup>\n");
 }
 
 void HtmlWriter::writeHeadings() {
-  device_.write("<thead>\n<tr>");
-  for (int col = 0; col < sheet_.Cols(); ++col) {
-    device_.write(cell("th scope=\"col\"", col, kHeadingRow) + "</th>");
-  }
-  device_.write("</tr>\n</thead>\n");
+  line_ = "<thead>\n<tr>";
+  for (const int col : columns_) appendCell("<th scope=col class=", col, kHeadingRow);
+  device_.write(line_ += "</tr>\n</thead>\n");
 }
 
 void HtmlWriter::writeRow(int row) {
-  const std::optional<int> height = sheet_.RowHeight(row);
-  QByteArray line =
-      height ? "<tr style=\"height:" + QByteArray::number(*height) + "px\">" : QByteArray("<tr>");
-  for (int col = 0; col < sheet_.Cols(); ++col) line += cell("td", col, row) + "</td>";
-  device_.write(line + "</tr>\n");
+  line_.resize(0);  // keeps its room
+  line_ += "<tr";
+  if (const std::optional<int> height = sheet_.RowHeight(row)) {
+    line_ += " style=\"height:" + QByteArray::number(*height) + "px\"";
+  }
+  line_ += '>';
+  for (const int col : columns_) appendCell("<td class=", col, row);
+  device_.write(line_ += "</tr>\n");
 }
 
-QByteArray HtmlWriter::cell(const char* element, int col, int row) const {
-  return QByteArray("<") + element + " class=s" +
-         QByteArray::number(sheet_.StyleNumberAt(col, row)) + '>' +
-         htmlText(sheet_.GetCellText(col, row));
+// A cell ends, as the format allows, where the next one begins.
+void HtmlWriter::appendCell(const char* start, int col, int row) {
+  const bool isNumber = sheet_.CellNumber(col, row).has_value();
+  const auto style = static_cast<std::size_t>(sheet_.StyleNumberAt(col, row));
+  line_ += start;
+  line_ += isNumber ? number_classes_[style] : text_classes_[style];
+  appendHtml(line_, sheet_.GetCellText(col, row));
 }
 
 }  // namespace
 
-void writeHtml(const Sheet& sheet, const PageSetup& setup, const QString& title,
-               QIODevice& device) {
-  HtmlWriter(sheet, device).write(setup, title);
+void writeHtml(const Sheet& sheet, const PageSetup& setup, const QString& title, QIODevice& device,
+               const WorkProgress& progress) {
+  HtmlWriter(sheet, device, progress).write(setup, title);
 }
 
 void writeHtmlFile(const Sheet& sheet, const PageSetup& setup, const QString& title,
-                   const QString& path) {
+                   const QString& path, const WorkProgress& progress) {
   SafeFile file(path);
-  writeHtml(sheet, setup, title, file);
+  writeHtml(sheet, setup, title, file, progress);
   file.commit();
 }
 

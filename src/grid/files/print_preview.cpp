@@ -1,5 +1,6 @@
 #include "grid/files/print_preview.h"
 
+#include "grid/files/file_name.h"
 #include "grid/files/pdf_text.h"
 #include "grid/files/safe_file.h"
 
@@ -16,10 +17,9 @@
 #include <QPushButton>
 #include <QScreen>
 #include <QStandardPaths>
+#include <QTimer>
 #include <QToolBar>
 #include <QToolButton>
-
-#include <functional>
 
 namespace vellora {
 namespace {
@@ -35,24 +35,24 @@ PageSetup pageSetupOf(const QPrinter& printer, PageSetup setup) {
   return setup;
 }
 
-// Runs the action; its failure is told and otherwise changes nothing.
-void withWarning(QWidget* parent, const std::function<void()>& action) {
+// False when the user gives the work up. Its failure is told and otherwise changes nothing.
+bool runTold(const WorkRunner& run, QWidget* parent,
+             const std::function<void(const WorkProgress&)>& work) {
   try {
-    action();
+    run(parent, work);
+  } catch (const WorkGivenUp&) {
+    return false;
   } catch (const FileError& error) {
     QMessageBox box(QMessageBox::Warning, u"打印"_qs, error.description(), QMessageBox::Ok, parent);
     box.button(QMessageBox::Ok)->setText(u"确定"_qs);
     box.exec();
   }
+  return true;
 }
 
-QString proposedPath(QString documentName) {
-  static const QString kForbidden = u"\\/:*?\"<>|"_qs;
-  for (QChar& character : documentName) {
-    if (kForbidden.contains(character) || character.unicode() < 32) character = u'_';
-  }
+QString proposedPath(const QString& documentName) {
   const QString folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
-  return QDir(folder).filePath(documentName + u".pdf");
+  return QDir(folder).filePath(fileNameFor(documentName) + u".pdf");
 }
 
 QString askForPdfPath(const QString& documentName, QWidget* parent) {
@@ -90,7 +90,8 @@ void takeMostOfTheScreen(QPrintPreviewDialog& dialog) {
 }  // namespace
 
 void savePdf(const Sheet& sheet, const PageSetup& setup, PrintHeadings headings,
-             const QPageLayout& paper, const QString& documentName, const QString& path) {
+             const QPageLayout& paper, const QString& documentName, const QString& path,
+             const WorkProgress& progress) {
   SafeFile file(path);
   QBuffer pdf;
   pdf.open(QIODevice::WriteOnly);
@@ -98,14 +99,18 @@ void savePdf(const Sheet& sheet, const PageSetup& setup, PrintHeadings headings,
     QPdfWriter writer(&pdf);
     writer.setTitle(documentName);
     writer.setPageLayout(paper);
-    printSheet(sheet, setup, headings, writer);
+    printSheet(sheet, setup, headings, writer, progress);
   }
   file.write(withReadableText(pdf.data()));
   file.commit();
 }
 
+void runUntold(QWidget* /*window*/, const std::function<void(const WorkProgress&)>& work) {
+  work({});
+}
+
 PageSetup previewSheet(const Sheet& sheet, const PageSetup& setup, PrintHeadings headings,
-                       const QString& documentName, QWidget* parent) {
+                       const QString& documentName, QWidget* parent, const WorkRunner& run) {
   QPrinter printer(QPrinter::HighResolution);
   printer.setDocName(documentName);
   printer.setPageLayout(paperOf(setup));
@@ -113,13 +118,17 @@ PageSetup previewSheet(const Sheet& sheet, const PageSetup& setup, PrintHeadings
   dialog.setWindowTitle(u"打印预览 "_qs + documentName);
   takeMostOfTheScreen(dialog);
   QObject::connect(&dialog, &QPrintPreviewDialog::paintRequested, &dialog, [&](QPrinter* paper) {
-    withWarning(&dialog, [&] { printSheet(sheet, setup, headings, *paper); });
+    const bool isDone = runTold(run, &dialog, [&](const WorkProgress& progress) {
+      printSheet(sheet, setup, headings, *paper, progress);
+    });
+    if (!isDone) QTimer::singleShot(0, &dialog, &QDialog::reject);
   });
   QObject::connect(addPdfButton(dialog), &QPushButton::clicked, &dialog, [&] {
     const QString path = askForPdfPath(documentName, &dialog);
     if (path.isEmpty()) return;
-    withWarning(&dialog,
-                [&] { savePdf(sheet, setup, headings, printer.pageLayout(), documentName, path); });
+    runTold(run, &dialog, [&](const WorkProgress& progress) {
+      savePdf(sheet, setup, headings, printer.pageLayout(), documentName, path, progress);
+    });
   });
   dialog.exec();
   return pageSetupOf(printer, setup);

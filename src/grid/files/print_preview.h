@@ -2,17 +2,30 @@
 
 #include "grid/files/sheet_printer.h"
 
+#include <functional>
+
 class QWidget;
 
 namespace vellora {
 
-// Shows a preview of the printed sheet from which the user prints or saves a PDF file. Gives back
-// the set-up as the user left it, which belongs to the workbook.
-PageSetup previewSheet(const Sheet& sheet, const PageSetup& setup, PrintHeadings headings,
-                       const QString& documentName, QWidget* parent);
+// Runs work that may take long, tells the user over this window how far it is, and passes on what
+// the work throws.
+using WorkRunner =
+    std::function<void(QWidget* window, const std::function<void(const WorkProgress&)>& work)>;
 
-// Replaces the file whole or, throwing FileError, not at all.
+// The runner that tells nothing.
+void runUntold(QWidget* window, const std::function<void(const WorkProgress&)>& work);
+
+// Shows a preview of the printed sheet from which the user prints or saves a PDF file. Gives back
+// the set-up as the user left it, which belongs to the workbook. Giving up the layout closes the
+// preview.
+PageSetup previewSheet(const Sheet& sheet, const PageSetup& setup, PrintHeadings headings,
+                       const QString& documentName, QWidget* parent,
+                       const WorkRunner& run = runUntold);
+
+// Replaces the file whole or, throwing FileError or WorkGivenUp, not at all.
 void savePdf(const Sheet& sheet, const PageSetup& setup, PrintHeadings headings,
-             const QPageLayout& paper, const QString& documentName, const QString& path);
+             const QPageLayout& paper, const QString& documentName, const QString& path,
+             const WorkProgress& progress = {});
 
 }  // namespace vellora

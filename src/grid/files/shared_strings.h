@@ -1,6 +1,7 @@
 #pragma once
 
 #include "grid/files/biff_stream.h"
+#include "routine/work_step.h"
 
 #include <QHash>
 
@@ -8,16 +9,20 @@
 
 namespace vellora {
 
-// The texts of all cells of a binary Excel file, each once.
+// The texts of all cells of a binary Excel file. A sheet keeps equal texts of its cells in one
+// place, so a text is recognised by its place, which costs far less than comparing; an equal text
+// from elsewhere is written again.
 class SharedStrings {
  public:
-  // The text's number, from 0. At most 65,535 UTF-16 units.
+  // The number, from 0, of a cell's text that is not empty; at most 65,535 UTF-16 units. Keeps the
+  // text alive, so that its place stays its own.
   quint32 numberOf(const QString& text);
-  // The records SST and, for readers that look up single texts, EXTSST.
-  void write(BiffStream& stream) const;
+  // The records SST and, for readers that look up single texts, EXTSST. Throws
+  // WorkGivenUp.
+  void write(BiffStream& stream, const WorkProgress& progress = {}) const;
 
  private:
-  QHash<QString, quint32> numbers_;
+  QHash<const QChar*, quint32> numbers_;  // by place
   std::vector<QString> texts_;
   quint32 uses_ = 0;
 };

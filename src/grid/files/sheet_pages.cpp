@@ -1,5 +1,7 @@
 #include "grid/files/sheet_pages.h"
 
+#include "grid/files/exported_sheet.h"
+
 #include <QPaintDevice>
 
 #include <algorithm>
@@ -18,13 +20,13 @@ constexpr double kLargestHeading = 0.75;
 }  // namespace
 
 SheetPages::SheetPages(const Sheet& sheet, PrintHeadings headings, bool mustFit,
-                       QPaintDevice& device)
+                       QPaintDevice& device, const WorkProgress& progress)
     : sheet_(sheet),
       device_(device),
       heading_{headings == PrintHeadings::FirstRow ? 0 : kHeadingRow, 0, 0} {
   measureColumns(mustFit);
   measureHeading();
-  measureRows();
+  measureRows(progress);
 }
 
 double SheetPages::pixels(double screenPixels) const {
@@ -66,17 +68,18 @@ void SheetPages::measureHeading() {
   roomHeight_ -= heading_.height;
 }
 
-void SheetPages::measureRows() {
+void SheetPages::measureRows(const WorkProgress& progress) {
   std::vector<PrintedRow> rows;
   const int last = lastRowWithText();
   for (int row = heading_.row + 1; row <= last; ++row) {
-    if (!sheet_.IsRowHidden(row) && sheet_.RowHeight(row) != 0) rows.push_back(measured(row));
+    report(progress, {u"正在排版……"_qs, row, last});
+    if (!isOutOfView(sheet_, row)) rows.push_back(measured(row));
   }
   pages_ = layOutRows(rows, roomHeight_);
 }
 
 PrintedRow SheetPages::measured(int row) const {
-  const double usual = pixels(sheet_.RowHeight(row).value_or(sheet_.DefaultRowHeight()));
+  const double usual = pixels(exportedHeight(sheet_, row));
   PrintedRow printed{row, 1, std::min(usual, roomHeight_)};
   for (const Column& column : columns_) {
     const auto laidOut = text(row, column);

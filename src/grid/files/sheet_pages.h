@@ -4,6 +4,7 @@
 #include "grid/files/print_headings.h"
 #include "grid/files/printed_text.h"
 #include "grid/sheet/sheet.h"
+#include "routine/work_step.h"
 
 namespace vellora {
 
@@ -16,7 +17,9 @@ class SheetPages {
     double width;
   };
 
-  SheetPages(const Sheet& sheet, PrintHeadings headings, bool mustFit, QPaintDevice& device);
+  // Measuring takes far longer than drawing. Throws WorkGivenUp.
+  SheetPages(const Sheet& sheet, PrintHeadings headings, bool mustFit, QPaintDevice& device,
+             const WorkProgress& progress);
 
   double scale() const { return scale_; }
   // Device pixels for a length on the screen at 100 %.
@@ -35,7 +38,7 @@ class SheetPages {
  private:
   void measureColumns(bool mustFit);
   void measureHeading();
-  void measureRows();
+  void measureRows(const WorkProgress& progress);
   PrintedRow measured(int row) const;
   bool hasText(int row) const;
   int lastRowWithText() const;

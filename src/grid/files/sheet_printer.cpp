@@ -26,7 +26,7 @@ class SheetPrinter {
   SheetPrinter(const Sheet& sheet, const SheetPages& pages, QPagedPaintDevice& device)
       : sheet_(sheet), pages_(pages), device_(device) {}
 
-  void print();
+  void print(const WorkProgress& progress);
 
  private:
   using Column = SheetPages::Column;
@@ -49,12 +49,13 @@ class SheetPrinter {
   QPainter painter_;
 };
 
-void SheetPrinter::print() {
+void SheetPrinter::print(const WorkProgress& progress) {
   if (!painter_.begin(&device_)) throw cannotPrint();
   const auto total = static_cast<int>(pages_.pages().size() * pages_.spans().size());
   int page = 0;
   for (const auto& rows : pages_.pages()) {
     for (const ColumnSpan& span : pages_.spans()) {
+      report(progress, {u"正在绘制各页……"_qs, page, total});
       if (page > 0 && !device_.newPage()) throw cannotPrint();
       drawPage(cellsOf(rows, span));
       drawFooter(++page, total);
@@ -141,9 +142,9 @@ QPageLayout paperOf(const PageSetup& setup) {
 }
 
 void printSheet(const Sheet& sheet, const PageSetup& setup, PrintHeadings headings,
-                QPagedPaintDevice& device) {
-  const SheetPages pages(sheet, headings, setup.fitToOnePageWidth, device);
-  SheetPrinter(sheet, pages, device).print();
+                QPagedPaintDevice& device, const WorkProgress& progress) {
+  const SheetPages pages(sheet, headings, setup.fitToOnePageWidth, device, progress);
+  SheetPrinter(sheet, pages, device).print(progress);
 }
 
 }  // namespace vellora

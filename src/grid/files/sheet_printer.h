@@ -3,6 +3,7 @@
 #include "grid/files/file_error.h"
 #include "grid/files/print_headings.h"
 #include "grid/sheet/workbook.h"
+#include "routine/work_step.h"
 
 class QPageLayout;
 class QPagedPaintDevice;
@@ -16,8 +17,8 @@ QPageLayout paperOf(const PageSetup& setup);
 // paper: headings repeated, pages numbered, texts wrapped, rows made higher or continued on further
 // pages, nothing cut. Hidden rows and empty rows at the end are left out. The paper is the
 // device's own; of the set-up only fitToOnePageWidth counts. Throws FileError when the device
-// does not take the pages.
+// does not take the pages, and WorkGivenUp.
 void printSheet(const Sheet& sheet, const PageSetup& setup, PrintHeadings headings,
-                QPagedPaintDevice& device);
+                QPagedPaintDevice& device, const WorkProgress& progress = {});
 
 }  // namespace vellora

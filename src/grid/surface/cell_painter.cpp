@@ -90,11 +90,12 @@ void CellPainter::paintLines(const std::vector<Span>& cols, const std::vector<Sp
 }
 
 // The right and lower edges lie on the cell's grid lines, the others on its neighbours'; at the
-// sheet's own edge they lie inside.
+// sheet's own edge they lie inside. As with texts, black is the skin's ink.
 void CellPainter::paintBorder(const Bordered& bordered) {
   const QRect cell = bordered.cell;
   const int width = bordered.style->borderWidth;
-  const QColor colour = colourOf(bordered.style->borderColour);
+  const PackedColour given = bordered.style->borderColour;
+  const QColor colour = given == kBlack ? look_.colours.text : colourOf(given);
   const int left = std::max(cell.left() - 1, 0);
   const int top = std::max(cell.top() - 1, 0);
   const int right = cell.right() - width + 1;

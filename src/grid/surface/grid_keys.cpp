@@ -35,8 +35,17 @@ bool GridSurface::Parts::useMoveKey(const QKeyEvent& event) {
   return !event.modifiers().testFlag(Qt::AltModifier) && moveBy(event.key(), event.modifiers());
 }
 
+// With Ctrl, Tab goes to the next control, as it does from other boxes that use Tab themselves.
+bool GridSurface::Parts::leaveBy(int key, Qt::KeyboardModifiers modifiers) {
+  const bool isTab = key == Qt::Key_Tab || key == Qt::Key_Backtab;
+  if (!isTab || !modifiers.testFlag(Qt::ControlModifier)) return false;
+  return grid.QWidget::focusNextPrevChild(key == Qt::Key_Tab &&
+                                          !modifiers.testFlag(Qt::ShiftModifier));
+}
+
 bool GridSurface::Parts::moveBy(int key, Qt::KeyboardModifiers modifiers) {
   sync();
+  if (leaveBy(key, modifiers)) return true;
   const bool selects = modifiers.testFlag(Qt::ShiftModifier) && selectsWithShift(key);
   CellPlace from = selects ? movingCorner() : current();
   if (from.isNone()) from = {0, 0};

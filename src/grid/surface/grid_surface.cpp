@@ -104,6 +104,10 @@ void GridSurface::setDocumentName(const QString& name) {
   parts_->documentName = name;
 }
 
+void GridSurface::setWorkRunner(const WorkRunner& run) {
+  parts_->runWork = run;
+}
+
 void GridSurface::setColours(const GridColours& colours) {
   parts_->look.colours = colours;
   parts_->hasSkin = true;

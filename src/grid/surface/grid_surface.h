@@ -1,7 +1,9 @@
 #pragma once
 
+#include "grid/files/print_preview.h"
 #include "grid/sheet/workbook.h"
 #include "grid/surface/grid_colours.h"
+#include "routine/work_step.h"
 
 #include <QTableView>
 
@@ -68,9 +70,11 @@ class GridSurface : public QTableView {
   void OpenFile(const QString& path);
   void SaveFile(const QString& path) const;
   // Write the current sheet, entitled with the file's name. 1 on success; otherwise the old file,
-  // if any, stays and the reason is given.
-  int ExportHtml(const QString& path, QString* reason = nullptr) const;
-  int ExportExcel(const QString& path, QString* reason = nullptr) const;
+  // if any, stays and the reason, also that the work was given up, is told in a sentence.
+  int ExportHtml(const QString& path, QString* reason = nullptr,
+                 const WorkProgress& progress = {}) const;
+  int ExportExcel(const QString& path, QString* reason = nullptr,
+                  const WorkProgress& progress = {}) const;
   void PrintSheet(bool board);
   void PrintBoard(bool board);
   void AddSheet(const QString& name, int count);
@@ -90,6 +94,8 @@ class GridSurface : public QTableView {
   // False: cells can be selected and copied but not typed into.
   void setEditable(bool on);
   void setDocumentName(const QString& name);
+  // How printing tells that it takes long; without one it does not.
+  void setWorkRunner(const WorkRunner& run);
   void setColours(const GridColours& colours);
   // Sets one column apart (its frozen heading and its edges) without touching its cells' colours;
   // −1 for none.

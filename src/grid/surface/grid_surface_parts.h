@@ -70,6 +70,7 @@ class GridSurface::Parts {
   bool useMoveKey(const QKeyEvent& event);
   bool useEditKey(QKeyEvent& event);
   bool moveBy(int key, Qt::KeyboardModifiers modifiers);
+  bool leaveBy(int key, Qt::KeyboardModifiers modifiers);
 
   GridSurface& grid;
   Workbook book;
@@ -87,6 +88,7 @@ class GridSurface::Parts {
   bool hasSkin = false;
   bool isQuiet = false;  // the current cell moves without CellEntered
   QString documentName;
+  WorkRunner runWork = runUntold;
 
   // Cells of the last CopySelection.
   Sheet copied;

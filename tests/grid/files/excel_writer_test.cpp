@@ -6,6 +6,8 @@
 #include "support/temporary_folder.h"
 #include "support/text_output.h"
 
+#include <QSet>
+
 #include <gtest/gtest.h>
 
 namespace vellora {
@@ -60,6 +62,25 @@ TEST_F(ExcelWriterTest, AFullDiskLeavesTheOldFile) {
   }
   EXPECT_EQ(message, u"无法写入文件“%1”：文件超过了系统允许的大小。"_qs.arg(path_));
   EXPECT_EQ(test::bytesOf(path_), "old");
+}
+
+TEST_F(ExcelWriterTest, AFileGivenUpAtAnyStepLeavesTheOldOne) {
+  test::writeBytes(path_, "old");
+  Sheet sheet = sheetOf(1, 600);
+  for (int row = 0; row < 600; ++row) sheet.SetCellText(0, row, u"第%1条"_qs.arg(row));
+  QStringList steps;
+  writeExcelFile(sheet, {}, u"表"_qs, folder_.path(u"步.xls"_qs), [&](const WorkStep& step) {
+    steps << step.what;
+    return true;
+  });
+  EXPECT_EQ(QSet<QString>(steps.begin(), steps.end()).size(), 3);
+  for (qsizetype last = 0; last < steps.size(); ++last) {
+    qsizetype left = last;
+    const auto progress = [&](const WorkStep&) { return left-- > 0; };
+    EXPECT_THROW(writeExcelFile(sheet, {}, u"表"_qs, path_, progress), WorkGivenUp) << last;
+    EXPECT_EQ(test::bytesOf(path_), "old");
+  }
+  EXPECT_EQ(folder_.names().size(), 2);
 }
 
 TEST_F(ExcelWriterTest, WritesTheSameBytesForTheSameSheet) {

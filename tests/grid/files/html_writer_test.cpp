@@ -7,6 +7,7 @@
 #include "support/text_output.h"
 
 #include <QBuffer>
+#include <QProcess>
 
 #include <gtest/gtest.h>
 
@@ -27,13 +28,19 @@ Sheet sheetOf(int cols, int rows) {
   return sheet;
 }
 
-// The text of each element that begins like this.
-QStringList contents(const QString& html, const QString& begin, const QString& end) {
+// What stands in each of these elements, with its markup; a cell has no end tag.
+QStringList contents(const QString& html, const QString& element) {
   QStringList found;
-  for (const QString& part : html.split(begin).sliced(1)) {
-    found << part.section(u'>', 1).section(end, 0, 0);
+  for (const QString& part : html.split(u'<' + element + u' ').sliced(1)) {
+    found << part.section(u'>', 1).section(u'<', 0, 0);
   }
   return found;
+}
+
+QByteArray htmlText(const QString& text) {
+  QByteArray html;
+  appendHtml(html, text);
+  return html;
 }
 
 }  // namespace
@@ -43,8 +50,8 @@ TEST(HtmlText, EscapesMarkupAndReplacesWhatADocumentCannotHold) {
     QString text;
     QByteArray html;
   } cases[]{{u"<b>&amp;\"'"_qs, "&lt;b&gt;&amp;amp;&quot;'"},
-            {u"一\r二\n三\r\n四"_qs, "一<br>二<br>三<br>四"},
-            {u"😀  x\t"_qs, "😀  x\t"},
+            {u"一\r二\n三\r\n四"_qs, "一&#10;二&#10;三&#10;四"},
+            {u"😀   x\t"_qs, "😀 &#32;&#32;x\t"},
             {u"a\x01\x7F\uFFFEb"_qs, "a\uFFFD\uFFFD\uFFFDb"},
             {QString(QChar(0xD800)) + u'x', "\uFFFDx"},
             {{}, ""}};
@@ -60,9 +67,8 @@ TEST(HtmlWriter, PutsHeadingsAndCellsInOrderAndLeavesHiddenRowsOut) {
   sheet.SetCellText(1, 2, u"001"_qs);
   sheet.HideRow(1);
   const QString html = htmlOf(sheet);
-  EXPECT_EQ(contents(html, u"<th "_qs, u"</th>"_qs), (QStringList{u"名称"_qs, u"时间"_qs}));
-  EXPECT_EQ(contents(html, u"<td "_qs, u"</td>"_qs),
-            (QStringList{u"读书"_qs, QString(), QString(), u"001"_qs}));
+  EXPECT_EQ(contents(html, u"th"_qs), (QStringList{u"名称"_qs, u"时间"_qs}));
+  EXPECT_EQ(contents(html, u"td"_qs), (QStringList{u"读书"_qs, QString(), QString(), u"001"_qs}));
 }
 
 TEST(HtmlWriter, LeavesTheHeadingsOutWhereNoneHasAText) {
@@ -81,7 +87,7 @@ TEST(HtmlWriter, GivesEveryLookInUseItsRule) {
   const QString html = htmlOf(sheet);
   for (const QString& part :
        {u"font:bold 12pt \"黑体\",sans-serif;text-align:right;vertical-align:bottom"_qs,
-        u"color:#010203;background:#ffaa00;border:2px solid #0000ff}"_qs,
+        u"color:#010203;background:#ffaa00;border:2px solid #0000ff;mso-number-format:"_qs,
         u"<col style=\"width:120px\">"_qs, u"<tr style=\"height:50px\">"_qs}) {
     EXPECT_TRUE(html.contains(part)) << part.toStdString();
   }
@@ -97,6 +103,45 @@ TEST(HtmlWriter, LetsNoFaceEndTheStyleElementOrItsRule) {
   EXPECT_FALSE(html.contains(u"<script"));
   EXPECT_EQ(html.count(u"</style>"), 1);
   EXPECT_TRUE(html.contains(u"\"x\\22 \\7d \\3c \\2f style\\3e "));
+}
+
+TEST(HtmlFile, IsValidWhateverTheTexts) {
+  const test::TemporaryFolder folder;
+  const QString path = folder.path(u"表.HTM"_qs);
+  Sheet nasty = sheetOf(2, 7);
+  nasty.SetCellText(0, kHeadingRow, u"</th><th>"_qs);
+  const QStringList texts{u"</td></table><script>alert(1)</script>"_qs,
+                          u"&lt; &#0; &\r\n\r  x"_qs,
+                          u"\x01\x7F\u0085\uFFFE"_qs + QChar(0xDC00),
+                          u"\"'`-->]]><!--"_qs,
+                          u"\t 😀 =1+1"_qs,
+                          u"007"_qs,
+                          u"12.5"_qs};
+  for (int row = 0; row < texts.size(); ++row) nasty.SetCellText(0, row, texts[row]);
+  nasty.SetCellFont(1, 0, 9, kFontBold, u"x\"}</style>"_qs);
+  nasty.SetCellColors(1, 1, kRed, kWhite);
+  nasty.SetRangeBorder(0, 2, 1, 3, 0, 2, kBlue);
+  nasty.SetRowHeight(4, 80);
+  for (const Sheet& sheet : {nasty, sheetOf(1, 1), sheetOf(1, 0)}) {
+    writeHtmlFile(sheet, {true, true}, u"</title>&x"_qs, path);
+    QProcess tidy;
+    tidy.start(u"tidy"_qs,
+               {u"-quiet"_qs, u"-errors"_qs, u"--drop-empty-elements"_qs, u"no"_qs, path});
+    ASSERT_TRUE(tidy.waitForFinished()) << tidy.errorString().toStdString();
+    EXPECT_EQ(QString::fromUtf8(tidy.readAllStandardError()), QString());
+    EXPECT_EQ(tidy.exitCode(), 0);
+  }
+}
+
+TEST(HtmlFile, IsNotWrittenWhenTheWorkIsGivenUp) {
+  const test::TemporaryFolder folder;
+  for (int steps = 0; steps < 4; ++steps) {
+    int left = steps;
+    const auto progress = [&](const WorkStep&) { return left-- > 0; };
+    const QString path = folder.path(u"表.HTM"_qs);
+    EXPECT_THROW(writeHtmlFile(sheetOf(1, 1'000), {}, u"表"_qs, path, progress), WorkGivenUp);
+    EXPECT_TRUE(folder.names().isEmpty());
+  }
 }
 
 TEST(HtmlFile, IsReplacedWholeOrNotAtAll) {

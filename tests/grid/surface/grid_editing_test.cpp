@@ -151,7 +151,7 @@ TEST_F(GridEditing, AClickElsewhereKeepsTheText) {
   EXPECT_EQ(editor(), nullptr);
 }
 
-TEST_F(GridEditing, TabLeavesTheGridAtItsLastCellAndWhereNothingCanBeTyped) {
+TEST_F(GridEditing, TabLeavesTheGridAtItsLastCellWithCtrlAndWhereNothingCanBeTyped) {
   QWidget window;
   auto* next = new QLineEdit(&window);
   grid.setParent(&window);
@@ -166,6 +166,12 @@ TEST_F(GridEditing, TabLeavesTheGridAtItsLastCellAndWhereNothingCanBeTyped) {
   EXPECT_EQ(current(), (CellPlace{2, 4}));
   press(Qt::Key_Tab);
   EXPECT_TRUE(next->hasFocus());
+  grid.setFocus();
+  grid.SetCurrentCell(0, 0);
+  type("x");
+  press(Qt::Key_Tab, Qt::ControlModifier);
+  EXPECT_TRUE(next->hasFocus());
+  EXPECT_EQ(grid.GetCellText(0, 0), u"x"_qs);
   grid.setEditable(false);
   grid.setFocus();
   grid.SetCurrentCell(0, 0);

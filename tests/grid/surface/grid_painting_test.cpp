@@ -50,17 +50,19 @@ TEST_F(GridPainting, TheCurrentCellKeepsItsColoursInsideAFrame) {
   EXPECT_EQ(paperAt(2, 1), kPaper);
 }
 
-TEST_F(GridPainting, BordersLieOnTheLinesAroundEveryCell) {
-  grid.SetRangeBorder(1, 1, 2, 2, 0, 1, kBlue);
-  grid.Redraw();
-  const QImage image = picture();
-  const QRect cell = rect(1, 1);
-  for (const QPoint& edge :
-       {cell.topLeft() - QPoint(1, -5), cell.topLeft() - QPoint(-5, 1),
-        cell.bottomRight() + QPoint(1, -5), cell.bottomRight() + QPoint(-5, 1)}) {
-    EXPECT_EQ(image.pixelColor(edge), QColor(Qt::blue)) << edge.x() << ' ' << edge.y();
+TEST_F(GridPainting, BordersLieOnTheLinesAroundEveryCellAndBlackIsTheSkinsInk) {
+  for (const auto& [given, shown] : {std::pair{kBlue, QColor(Qt::blue)}, {kBlack, kInk}}) {
+    grid.SetRangeBorder(1, 1, 2, 2, 0, 1, given);
+    grid.Redraw();
+    const QImage image = picture();
+    const QRect cell = rect(1, 1);
+    for (const QPoint& edge :
+         {cell.topLeft() - QPoint(1, -5), cell.topLeft() - QPoint(-5, 1),
+          cell.bottomRight() + QPoint(1, -5), cell.bottomRight() + QPoint(-5, 1)}) {
+      EXPECT_EQ(image.pixelColor(edge), shown) << edge.x() << ' ' << edge.y();
+    }
+    EXPECT_EQ(image.pixelColor(rect(0, 0).bottomLeft() + QPoint(5, 1)), kLine);
   }
-  EXPECT_EQ(image.pixelColor(rect(0, 0).bottomLeft() + QPoint(5, 1)), kLine);
 }
 
 TEST_F(GridPainting, NothingIsRepaintedWhileTheSwitchIsOff) {

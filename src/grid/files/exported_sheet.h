@@ -1,0 +1,23 @@
+#pragma once
+
+#include "grid/sheet/sheet.h"
+
+namespace vellora {
+
+// What all files that other programs read take from a sheet in the same way.
+
+// A cell's text as other programs take it: lines end with character 10, and a half of a character,
+// which no file may hold, is U+FFFD.
+QString exportedText(const QString& cellText);
+
+// Whether the heading strip has a text; without one it is not written.
+bool hasHeadings(const Sheet& sheet);
+
+// Hidden, or of height 0.
+bool isOutOfView(const Sheet& sheet, int row);
+
+// Sizes in pixels at 100 %, also of what is out of view.
+int exportedWidth(const Sheet& sheet, int col);
+int exportedHeight(const Sheet& sheet, int row);
+
+}  // namespace vellora
