@@ -27,7 +27,8 @@ void fillSheet(Sheet& sheet, TableRecords& records, const std::function<void(int
       step(row);
       sheet.SetRows(row + kRowsPerStep);
     }
-    for (int col = 0; col < sheet.Cols(); ++col) sheet.SetCellText(col, row, records.text(col));
+    for (int col = 0; col < sheet.Cols(); ++col)
+      sheet.SetCellText(col, row, records.fittingText(col));
   }
   sheet.SetRows(row);
 }

@@ -27,8 +27,11 @@ bool TableRecords::next() {
 }
 
 QString TableRecords::text(int col) {
-  if (form(col) == FieldForm::LeftOut) return {};
-  QString text = rows_.text(col);
+  return form(col) == FieldForm::LeftOut ? QString() : rows_.text(col);
+}
+
+QString TableRecords::fittingText(int col) {
+  QString text = this->text(col);
   if (text.isEmpty()) {
     requireEmptyText(col);
   } else {

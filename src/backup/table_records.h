@@ -19,9 +19,10 @@ class TableRecords {
   bool isText(int col) const;
 
   bool next();
-  // What the cell of the current record holds; "" for a field that is left out. Throws BackupError
-  // for a value that could not be restored as it is.
+  // What the cell of the current record holds; "" for a field that is left out.
   QString text(int col);
+  // The same; throws BackupError for a value that could not be restored as it is.
+  QString fittingText(int col);
 
  private:
   FieldForm form(int col) const { return forms_[static_cast<std::size_t>(col)]; }
