@@ -24,7 +24,7 @@ void compareFills(SideBySide& table, const char* what, qint64 days) {
   sheet.SetCols(kBoardCols);
   BuildTimeRows(store, sheet);
   table.compare(
-      what, [&] { FillWeek(store, sheet, first); }, [&] { raw.fill(); }, kRepetitions);
+      what, [&] { FillWeek(store, sheet, first); }, [&] { raw.fill(); }, kRepetitions, 1.5);
 }
 
 }  // namespace

@@ -13,9 +13,6 @@ endif()
 set(VELLORA_SANITIZE "" CACHE STRING "Sanitizers for every target, for example address,undefined")
 option(VELLORA_COVERAGE "Count executed lines" OFF)
 
-# Generated sources are not ours to check; the one check left keeps clang-tidy content.
-file(WRITE "${CMAKE_BINARY_DIR}/.clang-tidy" "Checks: '-*,misc-definitions-in-headers'\n")
-
 add_library(vellora_flags INTERFACE)
 target_compile_options(vellora_flags INTERFACE
   -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wnon-virtual-dtor -Woverloaded-virtual -Werror)

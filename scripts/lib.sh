@@ -11,7 +11,7 @@ test_packages=(
   libgtest-dev appstream desktop-file-utils poppler-utils tidy python3-xlrd
   libspreadsheet-parseexcel-perl
 )
-long_packages=(libreoffice-calc-nogui chromium)
+long_packages=(clang libclang-rt-dev libreoffice-calc-nogui chromium)
 bench_packages=(libgtest-dev libbenchmark-dev python3-xlwt python3-uno libreoffice-calc-nogui)
 portable_packages=(fonts-wqy-microhei fcitx5-frontend-qt6)
 picture_packages=(xvfb xdotool imagemagick)

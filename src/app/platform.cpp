@@ -1,5 +1,6 @@
 #include "app/platform.h"
 
+#include "app/product_icon.h"
 #include "app/skin_style.h"
 #include "grid/files/installed_face.h"
 
@@ -7,7 +8,6 @@
 #include <QDir>
 #include <QFont>
 #include <QFontDatabase>
-#include <QIcon>
 #include <QLibraryInfo>
 #include <QLocale>
 #include <QPixmap>
@@ -46,7 +46,7 @@ void setUpPlatform(QApplication& application) {
   QApplication::setStyle(new SkinStyle);
   QApplication::setApplicationDisplayName(QString());
   QApplication::setDesktopFileName(u"org.vellora.Vellora"_qs);
-  QApplication::setWindowIcon(QIcon(QPixmap(u":/vellora/vellora-32.png"_qs, "PNG")));
+  QApplication::setWindowIcon(productIcon(32));
   addFacesBesideProgram();
   substituteFaces();
   QApplication::setFont(QFont(installedFace(u"黑体"_qs), 9));

@@ -1,6 +1,8 @@
 #include "app/product_labels.h"
 
+#include "app/product_icon.h"
 #include "grid/files/installed_face.h"
+#include "grid/files/plain_font.h"
 #include "shell/application_state.h"
 
 #include <QLabel>
@@ -10,7 +12,7 @@ namespace vellora {
 
 QLabel* makeProductTitle(int points, QWidget* parent) {
   auto* title = new QLabel(programTitle(), parent);
-  title->setFont(QFont(installedFace(u"黑体"_qs), points));
+  title->setFont(plainFont(QFont(installedFace(u"黑体"_qs), points)));
   return title;
 }
 
@@ -19,9 +21,7 @@ QLabel* makeProductIcon(QWidget* parent) {
   auto* icon = new QLabel(parent);
   icon->setAccessibleName(u"程序图标"_qs);
   const double scale = icon->devicePixelRatioF();
-  // A picture of one size, read as what it is: QIcon would load every image plug-in to find out.
-  QPixmap picture(u":/vellora/vellora-256.png"_qs, "PNG");
-  picture = picture.scaledToHeight(qRound(kSize * scale), Qt::SmoothTransformation);
+  QPixmap picture = productIcon(qRound(kSize * scale));
   picture.setDevicePixelRatio(scale);
   icon->setPixmap(picture);
   return icon;

@@ -23,6 +23,22 @@ bool hasOwnOutline(const QStyleOption& option) {
   return option.state.testFlag(QStyle::State_HasFocus);
 }
 
+QColor sliderColour(const QStyleOptionSlider& bar) {
+  const QColor button = bar.palette.color(QPalette::Button);
+  const bool isHeld = bar.state.testFlag(QStyle::State_Sunken);
+  const bool isUnderMouse = bar.activeSubControls.testFlag(QStyle::SC_ScrollBarSlider);
+  if (!isUnderMouse) return button;
+  return isHeld ? button.darker(112) : button.lighter(112);
+}
+
+void drawTrack(const QRect& groove, const QRect& slider, const QStyleOptionSlider& bar,
+               QPainter& painter) {
+  const QColor line = bar.palette.color(QPalette::Mid);
+  painter.fillRect(groove, bar.palette.color(QPalette::Button).darker(108));
+  painter.fillRect(slider, line);
+  painter.fillRect(slider.adjusted(1, 1, -1, -1), sliderColour(bar));
+}
+
 }  // namespace
 
 SkinStyle::SkinStyle() : QProxyStyle(u"Fusion"_qs) {}
@@ -37,9 +53,22 @@ void SkinStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opti
 
 void SkinStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
                                    QPainter* painter, const QWidget* widget) const {
+  if (control == CC_ScrollBar) return drawScrollBar(*option, *painter, widget);
   QProxyStyle::drawComplexControl(control, option, painter, widget);
   const bool isField = control == CC_ComboBox || control == CC_SpinBox;
   if (isField && !hasOwnOutline(*option)) outline(*option, *painter);
+}
+
+// Only the buttons at the ends are left to Fusion.
+void SkinStyle::drawScrollBar(const QStyleOptionComplex& option, QPainter& painter,
+                              const QWidget* widget) const {
+  QStyleOptionSlider bar = static_cast<const QStyleOptionSlider&>(option);
+  const auto rectOf = [&](SubControl part) {
+    return subControlRect(CC_ScrollBar, &bar, part, widget);
+  };
+  drawTrack(rectOf(SC_ScrollBarGroove), rectOf(SC_ScrollBarSlider), bar, painter);
+  bar.subControls &= SC_ScrollBarAddLine | SC_ScrollBarSubLine;
+  QProxyStyle::drawComplexControl(CC_ScrollBar, &bar, &painter, widget);
 }
 
 int SkinStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,

@@ -8,6 +8,9 @@ namespace vellora {
 // shade of the window, which nobody could see on a dark window: they are outlined in the palette's
 // `mid` there. Lists of combo boxes take the palette of their box, and disabled texts stand without
 // a shadow, which would be the brighter of the two.
+//
+// Scroll bars are flat: the toolkit spreads a shade as tall as a window over threads, and starting
+// them takes longer than painting the board.
 class SkinStyle : public QProxyStyle {
  public:
   SkinStyle();
@@ -18,6 +21,10 @@ class SkinStyle : public QProxyStyle {
                           QPainter* painter, const QWidget* widget) const override;
   int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                 QStyleHintReturn* returned) const override;
+
+ private:
+  void drawScrollBar(const QStyleOptionComplex& option, QPainter& painter,
+                     const QWidget* widget) const;
 };
 
 }  // namespace vellora

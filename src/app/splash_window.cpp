@@ -1,6 +1,7 @@
 #include "app/splash_window.h"
 
 #include "app/product_labels.h"
+#include "grid/files/plain_font.h"
 #include "shell/skin.h"
 
 #include <QGridLayout>
@@ -10,6 +11,7 @@ namespace vellora {
 
 SplashWindow::SplashWindow(const QString& skinPath) : QWidget(nullptr, Qt::SplashScreen) {
   setObjectName(u"formSplash"_qs);
+  setFont(plainFont(font()));
   setWindowTitle(u"Vellora日程表2.8版"_qs);
   auto* grid = new QGridLayout(this);
   grid->setContentsMargins(32, 28, 32, 24);

@@ -3,6 +3,7 @@
 #include "app/attach_windows.h"
 #include "app/splash_window.h"
 #include "store/statements.h"
+#include "store/store_error.h"
 
 namespace vellora {
 namespace {
@@ -11,6 +12,15 @@ namespace {
 QString readSkinPath(ScheduleStore& store, const QString& programDir) {
   auto setting = store.open(statements::skinSetting());
   return setting.isEmpty() ? programDir + u"/KTZ0.SKN"_qs : setting.text(u"jm");
+}
+
+// A schedule that another copy keeps busy cannot be looked through now.
+bool isDamaged(const ScheduleStore& store) {
+  try {
+    return !store.isSound();
+  } catch (const StoreError& error) {
+    return error.fault() == StoreFault::Damaged;
+  }
 }
 
 }  // namespace
@@ -31,10 +41,18 @@ void StartUp::showBoard() {
     board_->Load();
     board_->Show();
   }
+  warnOfDamage();
   if (store_.isReadOnly()) {
     state_.prompts.warn(board_.get(),
                         u"日程文件或所在文件夹只能读取，不能写入，所做的更改将无法保存。"_qs);
   }
+}
+
+void StartUp::warnOfDamage() {
+  if (!isDamaged(store_)) return;
+  state_.prompts.warn(
+      board_.get(),
+      u"日程文件 SY.mdb 已损坏，部分内容可能读不出来。请先把它复制一份保存好，再从备份恢复。"_qs);
 }
 
 }  // namespace vellora

@@ -14,7 +14,8 @@ class StartUp {
   StartUp(const QString& programDir, Prompts& prompts, const Clock& clock);
   ~StartUp();
 
-  // Shows the splash window while the board is made, then the board.
+  // Shows the splash window while the board is made, then the board, and says then what is wrong
+  // with the schedule: damage, or that nothing can be saved.
   void showBoard();
 
   ApplicationState& state() { return state_; }
@@ -22,6 +23,8 @@ class StartUp {
   WeekBoard& board() { return *board_; }
 
  private:
+  void warnOfDamage();
+
   ScheduleStore store_;
   ApplicationState state_;
   std::unique_ptr<WeekBoard> board_;

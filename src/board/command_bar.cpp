@@ -1,5 +1,7 @@
 #include "board/command_bar.h"
 
+#include "grid/files/plain_font.h"
+
 #include <QPushButton>
 #include <QScrollBar>
 #include <QVBoxLayout>
@@ -34,6 +36,7 @@ constexpr CommandText kCommands[]{
 }  // namespace
 
 CommandBar::CommandBar(QWidget* parent) : QScrollArea(parent) {
+  setFont(plainFont(font()));
   setFrameShape(QFrame::NoFrame);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   setWidgetResizable(true);

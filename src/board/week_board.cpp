@@ -1,6 +1,7 @@
 #include "board/week_board.h"
 
 #include "board/board_filler.h"
+#include "grid/files/plain_font.h"
 #include "grid/files/workbook_file.h"
 #include "grid/surface/grid_surface.h"
 #include "routine/calendar_text.h"
@@ -142,6 +143,7 @@ void WeekBoard::FillWeek() {
   const QDate first = firstDay();
   const WeekTexts texts = vellora::FillWeek(state().Db, grid_->sheet(), first);
   showTitle(boardCaption(first, texts.memo));
+  week_name_->setFont(isPlainText(texts.weekName) ? plainFont(font()) : font());
   week_name_->setText(texts.weekName);
   grid_->SetRangeBorder(0, 0, grid_->Cols() - 1, grid_->Rows() - 1, 0, 1, kBlue);
   const qint64 untilToday = first.daysTo(state().clock.today());

@@ -2,7 +2,9 @@
 
 #include <QLocale>
 
+#include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace vellora {
 namespace {
@@ -22,7 +24,7 @@ double numericValue(QStringView text) {
   qsizetype end = digitsEnd(text, 0);
   if (end == 0) return 0;
   if (end < text.size() && text[end] == u'.') end = digitsEnd(text, end + 1);
-  return QLocale::c().toDouble(text.first(end));
+  return std::min(QLocale::c().toDouble(text.first(end)), std::numeric_limits<double>::max());
 }
 
 QString numberText(double number) {

@@ -1,5 +1,6 @@
 #include "shell/date_stepper.h"
 
+#include "grid/files/plain_font.h"
 #include "routine/calendar_text.h"
 #include "shell/date_picker.h"
 
@@ -21,10 +22,11 @@ int narrowWidth(const QPushButton& button) {
 
 DateStepper::DateStepper(const Names& names, std::initializer_list<StepButton> buttons,
                          QWidget* parent)
-    : QWidget(parent),
-      picker_(makeDatePicker(names.picker, names.accessible, this)),
-      weekday_(new QLabel(this)) {
+    : QWidget(parent) {
+  setFont(plainFont(font()));  // first: a picker lays its text out at once
+  picker_ = makeDatePicker(names.picker, names.accessible, this);
   picker_->setKeyboardTracking(false);
+  weekday_ = new QLabel(this);
   weekday_->setObjectName(names.weekdayLabel);
   auto* row = new QHBoxLayout(this);
   row->setContentsMargins({});

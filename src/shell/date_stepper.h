@@ -44,8 +44,8 @@ class DateStepper : public QWidget {
  private:
   void showWeekday();
 
-  QDateEdit* picker_;
-  QLabel* weekday_;
+  QDateEdit* picker_ = nullptr;
+  QLabel* weekday_ = nullptr;
 };
 
 // With the buttons Cm1 to Cm4: << < > >>.

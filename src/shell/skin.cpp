@@ -84,7 +84,7 @@ bool readGrid(const QJsonObject& colours, GridColours& grid) {
 QJsonObject readObject(const QString& path) {
   QFile file(path);
   if (!file.open(QIODevice::ReadOnly)) return {};
-  return QJsonDocument::fromJson(file.read(kLargestSkinFile)).object();
+  return QJsonDocument::fromJson(file.read(qMin(file.size(), kLargestSkinFile))).object();
 }
 
 }  // namespace

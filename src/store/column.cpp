@@ -29,10 +29,14 @@ StoreError refusal(StoreFault fault, const Column& column, const QString& reason
   return {fault, u"列“%1”%2。"_qs.arg(column.name, reason)};
 }
 
-// A refused text as a message quotes it.
-QString quoted(const QString& text) {
+// As much of a refused text or number as a message has room for.
+QString shortened(const QString& text) {
   constexpr qsizetype kShown = 30;
-  return u'“' + (text.size() > kShown ? text.first(kShown) + u'…' : text) + u'”';
+  return text.size() > kShown ? QString(text.first(kShown) + u'…') : text;
+}
+
+QString quoted(const QString& text) {
+  return u'“' + shortened(text) + u'”';
 }
 
 OwnedCell integerCell(qint64 number) {
@@ -61,7 +65,7 @@ OwnedCell numberCell(const Column& column, const QVariant& value) {
   if (number >= kLeast && number <= kMost) return integerCell(static_cast<qint64>(number));
   throw refusal(StoreFault::NumberOutOfRange, column,
                 u"只能存 %1 到 %2 的数，%3 超出了范围"_qs.arg(numberText(kLeast), numberText(kMost),
-                                                              numberText(number)));
+                                                              shortened(numberText(number))));
 }
 
 std::optional<Moment> momentOf(const QVariant& value) {

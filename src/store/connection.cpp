@@ -48,15 +48,15 @@ bool lacksLeaveToWrite(sqlite3* connection, const QString& path) {
 }  // namespace
 
 Connection::Connection(const QString& path, std::chrono::milliseconds patience)
-    : database_(openedDatabase(path, patience)),
-      statements_(database_.getHandle()),
-      isReadOnly_(lacksLeaveToWrite(database_.getHandle(), path)) {
+    : database_(openedDatabase(path, patience)), statements_(database_.getHandle()) {
   sqlite3_extended_result_codes(handle(), 1);
   // A name in quotes is a name and never silently a text.
   sqlite3_db_config(handle(), SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
   addClockFunctions(handle());
   run("PRAGMA synchronous=EXTRA");
   run("PRAGMA journal_mode=DELETE");
+  // Known only now that the file was looked into: a newer format may allow nothing but reading.
+  isReadOnly_ = lacksLeaveToWrite(handle(), path);
 }
 
 bool Connection::isInTransaction() const {

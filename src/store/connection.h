@@ -32,7 +32,7 @@ class Connection {
  private:
   SQLite::Database database_;
   StatementCache statements_;
-  bool isReadOnly_;
+  bool isReadOnly_ = false;
 };
 
 }  // namespace vellora

@@ -72,6 +72,9 @@ StoreError statementError(const QString& message) {
 }  // namespace
 
 StoreError engineError(int code, const QString& message) {
+  if (code == SQLITE_ERROR && message == u"unsupported file format"_qs) {
+    return {StoreFault::NotADatabase, u"日程文件由更新版本的程序写成，不能打开。"_qs};
+  }
   if (code == SQLITE_ERROR) return statementError(message);
   if (code == SQLITE_CONSTRAINT_NOTNULL) {
     const QString column = message.section(u'.', -1);

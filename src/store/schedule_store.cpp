@@ -42,6 +42,10 @@ bool ScheduleStore::isReadOnly() const {
   return connection_->isReadOnly();
 }
 
+bool ScheduleStore::isSound() const {
+  return vellora::isSound(*connection_);
+}
+
 ScheduleStore::Transaction::Transaction(ScheduleStore& store)
     : connection_(store.connection_.get()) {
   if (connection_->isInTransaction()) {

@@ -37,6 +37,9 @@ class ScheduleStore {
   // True when the file or its folder does not let this program save.
   bool isReadOnly() const;
 
+  // Reads the whole file, for damage that nobody has met yet: 25 ms for twenty years of plans.
+  bool isSound() const;
+
   // Makes everything until commit() one change: all of it or none. Rolled back by the destructor
   // when commit() was not reached or failed. Other programs that want to save wait from its start.
   // Transactions do not nest.

@@ -9,6 +9,7 @@
 
 #include <SQLiteCpp/Exception.h>
 #include <SQLiteCpp/Transaction.h>
+#include <algorithm>
 #include <array>
 #include <sqlite3.h>
 
@@ -44,13 +45,22 @@ constexpr std::array kTables{
     SchemaTable{"BW", kMemos}, SchemaTable{"MM", kWeekNames}, SchemaTable{"JM", kSkinSetting},
 };
 
-constexpr std::array kIndices{
-    "CREATE INDEX IF NOT EXISTS JH_RQ_SJKH ON JH(RQ, SJKH)",
-    "CREATE INDEX IF NOT EXISTS JH_HDMC_RQ_SJKH ON JH(HDMC, RQ, SJKH)",
-    "CREATE INDEX IF NOT EXISTS HD_HDMC ON HD(HDMC)",
-    "CREATE INDEX IF NOT EXISTS SJ_SJKH ON SJ(SJKH)",
-    "CREATE INDEX IF NOT EXISTS BW_RQ ON BW(RQ)",
+struct Index {
+  const char* name;
+  const char* columns;
 };
+
+constexpr std::array kIndices{
+    Index{"JH_RQ_SJKH", "JH(RQ, SJKH)"},
+    Index{"JH_HDMC_RQ_SJKH", "JH(HDMC, RQ, SJKH)"},
+    Index{"HD_HDMC", "HD(HDMC)"},
+    Index{"SJ_SJKH", "SJ(SJKH)"},
+    Index{"BW_RQ", "BW(RQ)"},
+};
+
+QByteArray creation(const Index& index) {
+  return QByteArray("CREATE INDEX IF NOT EXISTS ") + index.name + " ON " + index.columns;
+}
 
 QByteArray creation(const SchemaTable& table) {
   QStringList columns;
@@ -65,7 +75,7 @@ void fill(const QString& path) {
   SQLite::Database database(path.toStdString(), SQLite::OPEN_READWRITE);
   SQLite::Transaction transaction(database);
   for (const SchemaTable& table : kTables) database.exec(creation(table).constData());
-  for (const char* index : kIndices) database.exec(index);
+  for (const Index& index : kIndices) database.exec(creation(index).constData());
   transaction.commit();
 }
 
@@ -84,6 +94,18 @@ void requireColumns(const Connection& connection, const SchemaTable& table) {
                      u"日程文件的表“%1”中没有列“%2”。"_qs.arg(QLatin1String(table.name),
                                                               QLatin1String(column.name)));
   }
+}
+
+bool isThere(Connection& connection, const Index& index) {
+  const QByteArray sql =
+      QByteArray("SELECT count(*) FROM sqlite_schema WHERE type='index' AND name='") + index.name +
+      "'";
+  return connection.numberFrom(sql) == 1;
+}
+
+bool hasAllIndices(Connection& connection) {
+  return std::all_of(kIndices.begin(), kIndices.end(),
+                     [&](const Index& index) { return isThere(connection, index); });
 }
 
 bool isOnlyALostSpeedUp(StoreFault fault) {
@@ -131,10 +153,16 @@ void requireWholeFile(Connection& connection, const QString& path) {
   if (QFileInfo(path).size() < size) throw engineError(SQLITE_CORRUPT, {});
 }
 
+bool isSound(Connection& connection) {
+  return connection.numberFrom("SELECT quick_check='ok' FROM pragma_quick_check(1)") == 1;
+}
+
 void addMissingIndices(Connection& connection) {
-  if (connection.isReadOnly()) return;
+  if (connection.isReadOnly() || hasAllIndices(connection)) return;
   try {
-    for (const char* index : kIndices) connection.run(index);
+    // What is written into a damaged file can land on pages that still hold rows.
+    if (!isSound(connection)) return;
+    for (const Index& index : kIndices) connection.run(creation(index));
   } catch (const StoreError& failure) {
     if (!isOnlyALostSpeedUp(failure.fault())) throw;
   }

@@ -33,8 +33,11 @@ void requireSchema(const Connection& connection);
 // when only a part of the last page is missing.
 void requireWholeFile(Connection& connection, const QString& path);
 
+// Whether the engine finds no damage in the whole file.
+bool isSound(Connection& connection);
+
 // Adds the planner's indices that are missing. They only speed look-ups up: where they cannot be
-// written the schedule is used without them.
+// written, or where the file is damaged, the schedule is used without them.
 void addMissingIndices(Connection& connection);
 
 }  // namespace vellora

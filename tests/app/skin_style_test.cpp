@@ -6,8 +6,11 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPlainTextEdit>
+#include <QScrollBar>
 
+#include <algorithm>
 #include <gtest/gtest.h>
+#include <vector>
 
 namespace vellora {
 namespace {
@@ -44,6 +47,38 @@ TEST(SkinStyle, ShowsTheEdgesOfFieldsOnADarkWindow) {
     }
     control->setStyle(nullptr);
   }
+}
+
+// The colours from edge to edge of a scroll bar at a height.
+std::vector<QColor> coloursAcross(QScrollBar& bar, int y) {
+  const QImage picture = bar.grab().toImage();
+  std::vector<QColor> colours;
+  for (int x = 0; x < picture.width(); ++x) {
+    const QColor colour = picture.pixelColor(x, y);
+    if (std::find(colours.begin(), colours.end(), colour) == colours.end())
+      colours.push_back(colour);
+  }
+  return colours;
+}
+
+TEST(SkinStyle, TellsTheSliderOfAScrollBarFromItsTrackWithoutShades) {
+  SkinStyle style;
+  QScrollBar bar(Qt::Vertical);
+  bar.setStyle(&style);
+  bar.resize(16, 400);
+  bar.setRange(0, 100);
+  bar.setPageStep(100);
+  for (const auto& button : {QColor(Qt::black), QColor(0xf0, 0xf0, 0xf0)}) {
+    QPalette palette(button);
+    palette.setColor(QPalette::Mid, QColor(0x7b, 0x7c, 0x7d));
+    bar.setPalette(palette);
+    const std::vector<QColor> slider = coloursAcross(bar, 100);
+    const std::vector<QColor> track = coloursAcross(bar, 300);
+    EXPECT_EQ(track.size(), 1U);
+    EXPECT_EQ(slider, (std::vector<QColor>{palette.color(QPalette::Mid), button}));
+    EXPECT_NE(slider.front(), track.front());
+  }
+  bar.setStyle(nullptr);
 }
 
 }  // namespace

@@ -97,6 +97,7 @@ TEST(ColumnValues, WhatAColumnCannotHoldIsRefusedByName) {
     const auto assign = [&, kind = type, given = value] { columnCell(column(kind), given); };
     EXPECT_EQ(faultOf(assign), fault) << type << ' ' << value.toString().toStdString();
     EXPECT_TRUE(descriptionOf(assign).startsWith(u"列“ZYDJ”")) << type;
+    EXPECT_LT(descriptionOf(assign).size(), 80) << "does not fit a message";
   }
 }
 

@@ -84,6 +84,48 @@ TEST(Opening, ReportsATruncatedOrOverwrittenSchedule) {
   EXPECT_EQ(store.open(statements::allBlocks()).count(), 50) << "what can be read is read";
 }
 
+// Bytes 18 and 19 of the file and 44 to 47 tell how it may be written, read and understood.
+TEST(Opening, NeitherMisreadsNorChangesAFileOfANewerFormat) {
+  const struct {
+    int place;
+    std::optional<StoreFault> fault;
+  } cases[]{{19, StoreFault::NotADatabase}, {47, StoreFault::NotADatabase}, {18, std::nullopt}};
+  for (const auto& [place, fault] : cases) {
+    ScheduleBuilder builder;
+    QByteArray newer = contentOf(builder.path());
+    newer[place] = 9;
+    const QString path = builder.folder() + u"/newer.mdb";
+    writeContent(path, newer);
+    EXPECT_EQ(openingFault(path), fault) << place;
+    EXPECT_TRUE(fault || ScheduleStore(path).isReadOnly()) << "it can be read, not written";
+    EXPECT_EQ(contentOf(path), newer);
+  }
+}
+
+TEST(Opening, TakesWhatAWriteAheadLogStillHoldsIntoTheOneFile) {
+  ScheduleBuilder builder;
+  const QString path = builder.folder() + u"/log.mdb";
+  builder.sql(u"PRAGMA journal_mode=WAL"_qs).item(u"001"_qs, u"晨跑"_qs);
+  ASSERT_TRUE(QFile::copy(builder.path(), path));
+  ASSERT_TRUE(QFile::copy(builder.path() + u"-wal", path + u"-wal"));
+  EXPECT_EQ(ScheduleStore(path).open(statements::allItems()).count(), 1);
+  EXPECT_EQ(contentOf(path).at(18), 1) << "a file with a rollback journal";
+  EXPECT_EQ(QDir(builder.folder()).entryList({u"log.mdb-*"_qs}).size(), 0);
+}
+
+TEST(Opening, AddsNoIndexToADamagedSchedule) {
+  ScheduleBuilder builder;
+  builder.fullDay(20).fullPlan(kDay, 60, 20, 5).sql(u"DELETE FROM JH WHERE RQ>'2007-03-20'"_qs);
+  builder.sql(u"DROP INDEX HD_HDMC"_qs);
+  QByteArray damaged = contentOf(builder.path());
+  constexpr int kFirstFreePage = 32;  // its number's place in the file
+  damaged.replace(kFirstFreePage, 4, QByteArray("\0\0\0\3", 4));
+  const QString path = builder.folder() + u"/damaged.mdb";
+  writeContent(path, damaged);
+  EXPECT_EQ(openingFault(path), std::nullopt);
+  EXPECT_EQ(contentOf(path), damaged);
+}
+
 TEST(Opening, NamesTheTableOrColumnThatIsMissing) {
   for (const SchemaTable& table : schemaTables()) {
     ScheduleBuilder builder;

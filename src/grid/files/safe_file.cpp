@@ -1,8 +1,9 @@
 #include "grid/files/safe_file.h"
 
+#include "grid/files/unfinished_files.h"
+
 #include <QFile>
 #include <QFileInfo>
-#include <QRandomGenerator>
 
 #include <cerrno>
 #include <cstdio>
@@ -21,12 +22,6 @@ QByteArray folderOf(const QByteArray& target) {
   const qsizetype slash = target.lastIndexOf('/');
   if (slash < 0) return ".";
   return slash == 0 ? QByteArray("/") : target.first(slash);
-}
-
-// Hidden, and short whatever the target's name is, so that it never is too long itself.
-QByteArray temporaryName(const QByteArray& target) {
-  const quint64 random = QRandomGenerator::global()->generate64();
-  return folderOf(target) + "/.vellora-" + QByteArray::number(random, 36) + ".tmp";
 }
 
 // Where a chain of symbolic links leads, else the path itself.
@@ -63,14 +58,24 @@ void SafeFile::create() {
   const bool replaces = ::stat(target_.constData(), &old) == 0;
   if (replaces && !S_ISREG(old.st_mode)) fail(EISDIR);
   if (replaces && ::access(target_.constData(), W_OK) != 0) fail(errno);
-  for (int attempt = 0; attempt < kAttempts && descriptor_ < 0; ++attempt) {
-    temporary_ = temporaryName(target_);
-    descriptor_ =
-        ::open(temporary_.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, kNewFileMode);
-    if (descriptor_ < 0 && errno != EEXIST) fail(errno);
-  }
+  removeLeftOvers(folderOf(target_));
+  for (int attempt = 0; attempt < kAttempts && descriptor_ < 0; ++attempt) createUnfinished();
   if (descriptor_ < 0) fail(EEXIST);
   if (replaces && ::fchmod(descriptor_, old.st_mode & 07777U) != 0) fail(errno);
+}
+
+// Leaves no descriptor when the name was taken, or taken away again.
+void SafeFile::createUnfinished() {
+  const QByteArray name = unfinishedName(folderOf(target_));
+  const int file = ::open(name.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, kNewFileMode);
+  if (file < 0 && errno != EEXIST) fail(errno);
+  if (file < 0) return;
+  if (!claimUnfinished(file)) {
+    ::close(file);
+    return;
+  }
+  descriptor_ = file;
+  temporary_ = name;
 }
 
 QString SafeFile::sync() {
@@ -81,9 +86,10 @@ QString SafeFile::sync() {
 
 void SafeFile::commit() {
   sync();
-  if (::close(std::exchange(descriptor_, -1)) != 0) fail(errno);
   if (std::rename(temporary_.constData(), target_.constData()) != 0) fail(errno);
   temporary_.clear();
+  // Only now, for closing it gives up its lock. All of it is on the disk: nothing is left to fail.
+  ::close(std::exchange(descriptor_, -1));
   close();
   syncFolder();
 }

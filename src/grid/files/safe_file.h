@@ -9,7 +9,8 @@ namespace vellora {
 
 // Replaces a file whole or not at all, also when the disk fills up or the power goes: what is
 // written goes into a file beside it, which commit() puts onto the disk and then in its place.
-// Without commit() the destructor removes it and the old file stays.
+// Without commit() the destructor removes it and the old file stays. What a killed program left
+// there is removed by the next that writes into the folder.
 //
 // A failed write makes write() return −1 and is remembered: commit() then throws its reason.
 class SafeFile final : public QIODevice {
@@ -33,6 +34,7 @@ class SafeFile final : public QIODevice {
 
  private:
   void create();
+  void createUnfinished();
   bool flush();
   void discard();
   void syncFolder() const;

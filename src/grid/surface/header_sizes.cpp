@@ -1,5 +1,6 @@
 #include "grid/surface/header_sizes.h"
 
+#include "grid/files/plain_font.h"
 #include "grid/surface/cell_look.h"
 
 #include <QFontMetrics>
@@ -23,7 +24,7 @@ int lowestRow(const Sheet& sheet) {
   }
   int highest = 0;
   for (const CellFont& font : fonts) {
-    highest = std::max(highest, QFontMetrics(fontOf(font)).height());
+    highest = std::max(highest, QFontMetrics(plainFont(fontOf(font))).height());
   }
   return highest + kRowMargin;
 }

@@ -1,5 +1,6 @@
 #include "grid/surface/text_layouts.h"
 
+#include "grid/files/plain_font.h"
 #include "grid/surface/cell_look.h"
 #include "grid/surface/line_breaker.h"
 #include "routine/calendar_text.h"
@@ -71,9 +72,15 @@ int TextLayouts::numberOf(const CellFont& font) {
   for (std::size_t i = 0; i < fonts_.size(); ++i) {
     if (fonts_[i].asked == font) return static_cast<int>(i);
   }
-  const QFont real = fontOf(font);
-  fonts_.push_back({font, real, lineHeightOf(real)});
+  const QFont shaped = fontOf(font);
+  const QFont plain = plainFont(shaped);
+  fonts_.push_back({font, plain, shaped, lineHeightOf(plain)});
   return static_cast<int>(fonts_.size()) - 1;
+}
+
+const QFont& TextLayouts::fontFor(int number, QStringView text) const {
+  const Font& font = fonts_[static_cast<std::size_t>(number)];
+  return isPlainText(text.left(kMostDrawn)) ? font.plain : font.shaped;
 }
 
 const LaidOutText& TextLayouts::layOut(const Request& request) {
@@ -83,7 +90,7 @@ const LaidOutText& TextLayouts::layOut(const Request& request) {
   const int shape = static_cast<int>(align) * 2 + (request.wraps ? 1 : 0);
   const Key key{request.text, request.font, request.width, lines, shape};
   if (const LaidOutText* known = texts_.object(key)) return *known;
-  auto* text = new LaidOutText(laidOut(request.text, font(request.font),
+  auto* text = new LaidOutText(laidOut(request.text, fontFor(request.font, request.text),
                                        {static_cast<qreal>(request.width), lines, request.wraps},
                                        align, height));
   texts_.insert(key, text);
@@ -91,7 +98,7 @@ const LaidOutText& TextLayouts::layOut(const Request& request) {
 }
 
 int TextLayouts::naturalWidth(const QString& text, int number) const {
-  const QFontMetricsF metrics(font(number));
+  const QFontMetricsF metrics(fontFor(number, text));
   qreal widest = 0;
   for (const QString& line : text.left(kMostDrawn).split(kLineBreak)) {
     widest = std::max(widest, metrics.horizontalAdvance(line));
@@ -100,7 +107,7 @@ int TextLayouts::naturalWidth(const QString& text, int number) const {
 }
 
 int TextLayouts::lineCount(const Request& request) const {
-  QTextLayout layout(withSeparators(request.text), font(request.font));
+  QTextLayout layout(withSeparators(request.text), fontFor(request.font, request.text));
   layout.setTextOption(optionFor(request.wraps));
   constexpr int kMostLines = 200;
   breakLines(layout, {static_cast<qreal>(request.width), kMostLines, request.wraps});

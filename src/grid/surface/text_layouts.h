@@ -31,7 +31,6 @@ class TextLayouts {
   // A font's number, for requests.
   int numberOf(const CellFont& font);
   int lineHeight(int font) const { return fonts_[static_cast<std::size_t>(font)].lineHeight; }
-  const QFont& font(int number) const { return fonts_[static_cast<std::size_t>(number)].font; }
 
   struct Request {
     QString text;  // lines separated by character 13
@@ -53,7 +52,8 @@ class TextLayouts {
  private:
   struct Font {
     CellFont asked;
-    QFont font;
+    QFont plain;  // for plain texts
+    QFont shaped;
     int lineHeight;
   };
   struct Key {
@@ -67,6 +67,8 @@ class TextLayouts {
       return qHashMulti(seed, key.text, key.font, key.width, key.lines, key.shape);
     }
   };
+
+  const QFont& fontFor(int number, QStringView text) const;
 
   std::vector<Font> fonts_;
   QCache<Key, LaidOutText> texts_{4096};

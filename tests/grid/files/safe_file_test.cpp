@@ -61,6 +61,18 @@ TEST_F(SafeFileTest, WithoutCommitTheOldFileStaysAndNothingIsLeftBeside) {
   EXPECT_EQ(folder.names().size(), 1);
 }
 
+TEST_F(SafeFileTest, RemovesWhatAKilledProgramLeftAndNothingElse) {
+  test::writeBytes(folder.path(u".vellora-1a2b.tmp"_qs), "half of a backup");
+  test::writeBytes(folder.path(u".vellora-1a2b.txt"_qs), "the user's");
+  SafeFile other(folder.path(u"别的.KTZ"_qs));
+  other.write(QByteArray(200'000, 'x'));
+  replace(path, "new");
+  EXPECT_EQ(folder.names().size(), 3) << "the other's unfinished file too";
+  other.commit();
+  QStringList names{u".vellora-1a2b.txt"_qs, u"别的.KTZ"_qs, u"备份.KTZ"_qs};
+  EXPECT_EQ(folder.names(), names);
+}
+
 TEST_F(SafeFileTest, AFullDiskAtAnyByteLeavesTheOldFile) {
   test::writeBytes(path, "old");
   const QByteArray bytes(150'000, 'x');

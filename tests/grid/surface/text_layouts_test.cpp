@@ -1,5 +1,6 @@
 #include "grid/surface/text_layouts.h"
 
+#include "grid/files/plain_font.h"
 #include "grid_hands.h"
 
 #include <QPainter>
@@ -36,6 +37,17 @@ TEST_F(Layouts, BreakAtCharacter13WithAndWithoutWrapping) {
     EXPECT_EQ(linesOf(text), 2);
     EXPECT_FALSE(text.isCut);
   }
+}
+
+TEST_F(Layouts, ShapeWhateverShapingChanges) {
+  for (const auto& plain : {u""_qs, u"活动001\r按时完成"_qs, u"08:00-09:30\r早读，（一）"_qs}) {
+    EXPECT_TRUE(isPlainText(plain)) << plain.toStdString();
+  }
+  for (const auto& other :
+       {u"e\u0301"_qs, u"\u845b\U000E0100"_qs, u"——"_qs, u"AV"_qs, u"\u0639\u0631"_qs}) {
+    EXPECT_FALSE(isPlainText(other)) << other.toStdString();
+  }
+  EXPECT_EQ(layouts.naturalWidth(u"e\u0301"_qs, font), layouts.naturalWidth(u"e"_qs, font));
 }
 
 TEST_F(Layouts, AreCutExactlyWhenTheTextDoesNotFit) {

@@ -1,0 +1,88 @@
+#include "faults/read_everything.h"
+
+#include "backup/table_backup.h"
+#include "board/board_filler.h"
+#include "editors/daily_memo.h"
+#include "editors/item_catalogue.h"
+#include "editors/time_blocks.h"
+#include "editors/week_names.h"
+#include "planning/day_plan.h"
+#include "planning/plan_listing.h"
+#include "planning/plan_rows.h"
+#include "routine/category.h"
+#include "stats/time_use.h"
+#include "store/store_error.h"
+#include "support/text_output.h"
+
+#include <optional>
+
+namespace vellora::test {
+namespace {
+
+const QDate kMonday(2007, 3, 5);
+
+void readBoard(ScheduleStore& store) {
+  Sheet board;
+  board.SetCols(kBoardCols);
+  board.SetRows(1);
+  BuildTimeRows(store, board);
+  FillWeek(store, board, kMonday);
+}
+
+void readLists(ScheduleStore& store) {
+  const TimeBlockList blocks(store);
+  Sheet sheet;
+  setUpPlanRows(sheet);
+  listPlan(store, sheet, blocks, u"活动001"_qs);
+  setUpDayRows(sheet);
+  layOutBlockRows(sheet, blocks);
+  loadDayPlan(store, sheet, kMonday, readOpenItems(store));
+}
+
+void readItems(ScheduleStore& store) {
+  Sheet sheet;
+  setUpItemSheet(sheet);
+  ItemCatalogue(store).filter(allCategoriesLabel(), sheet);
+}
+
+void readEditors(ScheduleStore& store) {
+  Sheet sheet;
+  setUpTimeBlocks(sheet);
+  LoadTimeBlocks(store, sheet);
+  setUpWeekNames(sheet);
+  LoadWeekNames(store, sheet);
+  memoOf(store, kMonday);
+}
+
+void readTimeUse(ScheduleStore& store) {
+  Sheet sheet;
+  setUpTimeUse(sheet);
+  const QDate last = kMonday.addDays(6);
+  const qint64 total = totalMinutes(useByCategory(store, kMonday, last));
+  if (total != 0) listActivities(sheet, store, kMonday, last, total);
+}
+
+void readTables(ScheduleStore& store) {
+  for (const QString& table : backedUpTables()) {
+    auto rows = store.readOnce(table);
+    while (rows.next()) {
+      for (int col = 0; col < rows.columnCount(); ++col) rows.value(col);
+    }
+  }
+}
+
+}  // namespace
+
+void readEverything(ScheduleStore& store) {
+  std::optional<StoreError> first;
+  for (const auto read : {readBoard, readLists, readItems, readEditors, readTimeUse, readTables}) {
+    try {
+      read(store);
+    } catch (const StoreError& error) {
+      if (!first) first = error;
+    }
+  }
+  if (first) throw StoreError(*first);
+}
+
+}  // namespace vellora::test
