@@ -27,6 +27,8 @@ class RawStatement {
   void bind(int index, qint64 number) { sqlite3_bind_int64(statement_, index, number); }
   bool step() { return sqlite3_step(statement_) == SQLITE_ROW; }
   void reset() { sqlite3_reset(statement_); }
+  int columnCount() { return sqlite3_column_count(statement_); }
+  bool isNumber(int column) { return sqlite3_column_type(statement_, column) == SQLITE_INTEGER; }
   qint64 number(int column) { return sqlite3_column_int64(statement_, column); }
   QString text(int column) {
     const auto* const bytes =

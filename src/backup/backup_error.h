@@ -10,7 +10,7 @@ namespace vellora {
 // those of StoreFault.
 class BackupError : public std::runtime_error {
  public:
-  enum Number { kFile = 101, kNotABackup, kWrongColumns, kTextMissing, kTooManyRows, kDiffers };
+  enum Number { kFile = 101, kNotABackup, kWrongColumns, kTextMissing, kUnfitValue, kDiffers };
 
   BackupError(Number number, const QString& description)
       : std::runtime_error(description.toStdString()), number_(number) {}

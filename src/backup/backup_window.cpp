@@ -114,6 +114,7 @@ void BackupWindow::closeEvent(QCloseEvent* event) {
 }
 
 void BackupWindow::showPath() {
+  drives_->setCurrentText(driveOf(folders_->path(), backupDrives()));
   path_->setText(joinedPath(folders_->path(), name_->text()));
 }
 
@@ -145,39 +146,35 @@ void BackupWindow::restore() {
       });
 }
 
-void BackupWindow::run(const Wording& wording,
-                       const std::function<qint64(const WorkProgress&)>& job) {
+// The window takes no input while the work goes on; what came of it is told once it does again.
+void BackupWindow::run(const Wording& wording, const Job& job) {
   const QPointer<QWidget> focus = focusWidget();
   busy_ = true;
   setEnabled(false);
-  work(wording, job);
+  const QString outcome = outcomeOf(wording, job);
   setEnabled(true);
   busy_ = false;
   if (focus) focus->setFocus();
+  grid_->Redraw();
+  if (!outcome.isEmpty()) prompts().warn(this, outcome);
 }
 
-void BackupWindow::work(const Wording& wording,
-                        const std::function<qint64(const WorkProgress&)>& job) {
+QString BackupWindow::outcomeOf(const Wording& wording, const Job& job) {
+  const auto failure = [&](int number, const QString& description) {
+    return u"错误：%1 %2\n\n%3"_qs.arg(QString::number(number), description, wording.failed);
+  };
   try {
     WorkDialog dialog(this);
-    const qint64 total = job(dialog.progress());
-    dialog.hide();
-    grid_->Redraw();
-    prompts().warn(this, wording.done.arg(total));
+    return wording.done.arg(job(dialog.progress()));
   } catch (const StoreError& error) {
-    tellFailure(wording, error.number(), error.description());
+    return failure(error.number(), error.description());
   } catch (const BackupError& error) {
-    tellFailure(wording, error.number(), error.description());
+    return failure(error.number(), error.description());
   } catch (const FileError& error) {
-    tellFailure(wording, BackupError::kFile, error.description());
+    return failure(BackupError::kFile, error.description());
   } catch (const WorkGivenUp&) {
-    return;  // as the user wished
+    return {};  // as the user wished
   }
-}
-
-void BackupWindow::tellFailure(const Wording& wording, int number, const QString& description) {
-  prompts().warn(this,
-                 u"错误：%1 %2\n\n%3"_qs.arg(QString::number(number), description, wording.failed));
 }
 
 }  // namespace vellora

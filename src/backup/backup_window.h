@@ -32,6 +32,8 @@ class BackupWindow : public PlannerWindow {
     QString failed;  // follows the reason
   };
 
+  using Job = std::function<qint64(const WorkProgress&)>;  // gives the number of records
+
   void layOut();
   QLayout* makePlaces();
   QLayout* makeButtons();
@@ -41,9 +43,9 @@ class BackupWindow : public PlannerWindow {
   void chooseFile();
   void backUp();
   void restore();
-  void run(const Wording& wording, const std::function<qint64(const WorkProgress&)>& work);
-  void work(const Wording& wording, const std::function<qint64(const WorkProgress&)>& work);
-  void tellFailure(const Wording& wording, int number, const QString& description);
+  void run(const Wording& wording, const Job& job);
+  // What the user is told; "" when the work was given up.
+  QString outcomeOf(const Wording& wording, const Job& job);
   QString file() const;
 
   QComboBox* drives_;

@@ -14,22 +14,27 @@ namespace vellora {
 // after them: one row per record, one column per field in the table's own order, no headings.
 // Integers and yes/no are numbers; texts, dates and times are texts with the text mark. A numeric
 // field named ID and fields of any other kind are left empty.
-inline const std::array<QString, 5>& backedUpTables() {
-  static const std::array<QString, 5> tables{u"SJ"_qs, u"HD"_qs, u"JH"_qs, u"BW"_qs, u"MM"_qs};
+inline constexpr int kBackedUpTables = 5;
+inline const std::array<QString, kBackedUpTables>& backedUpTables() {
+  static const std::array<QString, kBackedUpTables> tables{u"SJ"_qs, u"HD"_qs, u"JH"_qs, u"BW"_qs,
+                                                           u"MM"_qs};
   return tables;
+}
+inline const QString& backedUpTable(int index) {
+  return backedUpTables()[static_cast<std::size_t>(index)];
 }
 
 // Both throw StoreError, FileError, BackupError and WorkGivenUp; they give the number of records
 // and leave the file's content in `workbook`, which stays as it was when they throw.
 
-// Replaces the file whole or not at all, then reads it back and compares it with the schedule.
-// `path` is one of the system's own.
+// Replaces the file whole or not at all, and only after the new one was read back from the disk and
+// held what the schedule holds. Refuses a text without a value and whatever a restore would refuse.
+// `path` is one of the system's own. Other programs cannot save meanwhile.
 qint64 BackupTables(ScheduleStore& store, Workbook& workbook, const QString& path,
                     const WorkProgress& progress = {});
 
-// Replaces all five tables or none: the file is checked, down to the last cell against its column,
-// before anything is deleted. Of a file with fewer sheets only the first tables are replaced. ID
-// columns get new numbers.
+// Replaces all five tables or none. Of a file with fewer sheets only the first tables are replaced.
+// Empty cells of date columns become no value; ID columns get new numbers.
 qint64 RestoreTables(ScheduleStore& store, Workbook& workbook, const QString& path,
                      const WorkProgress& progress = {});
 

@@ -14,35 +14,36 @@ namespace {
 
 constexpr int kRowsPerStep = 256;
 
+// A whole number as a backup writes it, or what a text of any other origin begins with.
+QVariant numberIn(const QString& text) {
+  bool isWhole = false;
+  const int number = text.toInt(&isWhole);
+  return isWhole ? QVariant(number) : QVariant(numericValue(text));
+}
+
+// The values of one sheet on their way into its table.
 class TableWriter {
  public:
   TableWriter(ScheduleStore& store, const QString& table, const Sheet& sheet);
 
-  enum class Mode { Check, Store };
-  // Sets every field of every record, and stores the records. `step` is told each row's number.
-  void run(Mode mode, const std::function<void(int)>& step);
+  // Adds every record. `step` is told row numbers now and then.
+  void run(const std::function<void(int)>& step);
 
  private:
-  struct Field {
-    QString name;
-    FieldForm form;
-  };
-
   void requireColumns() const;
-  void setRow(int row);
+  void addRecord(int row);
   QVariant valueOf(FieldForm form, int col, int row) const;
 
   QString table_;
   const Sheet& sheet_;
   Recordset records_;
-  std::vector<Field> fields_;
+  std::vector<FieldForm> forms_;
 };
 
 TableWriter::TableWriter(ScheduleStore& store, const QString& table, const Sheet& sheet)
     : table_(table), sheet_(sheet), records_(store.open(table)) {
-  for (int i = 0; i < records_.columnCount(); ++i) {
-    const QString name = records_.columnName(i);
-    fields_.push_back({name, fieldForm(records_.columnKind(i), name)});
+  for (int col = 0; col < records_.columnCount(); ++col) {
+    forms_.push_back(fieldForm(records_.columnKind(col), records_.columnName(col)));
   }
   requireColumns();
 }
@@ -50,19 +51,18 @@ TableWriter::TableWriter(ScheduleStore& store, const QString& table, const Sheet
 // Fields are told apart by position alone: of another number of columns every value could land in
 // the wrong field.
 void TableWriter::requireColumns() const {
-  const int wanted = static_cast<int>(fields_.size());
+  const int wanted = static_cast<int>(forms_.size());
   if (sheet_.Rows() == 0 || sheet_.Cols() == wanted) return;
   throw BackupError(
       BackupError::kWrongColumns,
       u"备份中的表“%1”有 %2 列，日程表需要 %3 列。"_qs.arg(table_).arg(sheet_.Cols()).arg(wanted));
 }
 
-void TableWriter::run(Mode mode, const std::function<void(int)>& step) {
+void TableWriter::run(const std::function<void(int)>& step) {
   for (int row = 0; row < sheet_.Rows(); ++row) {
     if (row % kRowsPerStep == 0) step(row);
     try {
-      setRow(row);
-      if (mode == Mode::Store) records_.update();
+      addRecord(row);
     } catch (const StoreError& error) {
       const QString where = u"表“%1”第 %2 条记录："_qs.arg(table_).arg(row + 1);
       throw StoreError(error.fault(), where + error.description());
@@ -70,33 +70,30 @@ void TableWriter::run(Mode mode, const std::function<void(int)>& step) {
   }
 }
 
-void TableWriter::setRow(int row) {
+void TableWriter::addRecord(int row) {
   records_.addNew();
-  for (int col = 0; col < static_cast<int>(fields_.size()); ++col) {
-    const Field& field = fields_[static_cast<std::size_t>(col)];
-    if (field.form == FieldForm::LeftOut) continue;
-    records_.set(field.name, valueOf(field.form, col, row));
+  for (int col = 0; col < static_cast<int>(forms_.size()); ++col) {
+    const FieldForm form = forms_[static_cast<std::size_t>(col)];
+    if (form != FieldForm::LeftOut) records_.set(col, valueOf(form, col, row));
   }
+  records_.update();
 }
 
 QVariant TableWriter::valueOf(FieldForm form, int col, int row) const {
-  if (form == FieldForm::Number) {
-    if (const auto number = sheet_.CellNumber(col, row)) return *number;
-    return numericValue(sheet_.GetCellText(col, row));
-  }
   const QString text = sheet_.GetCellText(col, row);
+  if (form == FieldForm::Number) return numberIn(text);
   if (form == FieldForm::Moment && text.isEmpty()) return {};
   return text;
 }
 
 int restoredTables(const Workbook& backup) {
-  return std::min(static_cast<int>(backedUpTables().size()), backup.SheetCount());
+  return std::min(kBackedUpTables, backup.SheetCount());
 }
 
 // Any other workbook of the planner, the board's template for one, is no backup.
 void requireBackup(const Workbook& backup, const QString& path) {
   for (int k = 0; k < restoredTables(backup); ++k) {
-    const QString& table = backedUpTables()[static_cast<std::size_t>(k)];
+    const QString& table = backedUpTable(k);
     if (backup.SheetName(k).compare(table, Qt::CaseInsensitive) == 0) continue;
     throw BackupError(
         BackupError::kNotABackup,
@@ -110,16 +107,16 @@ qint64 rowsIn(const Workbook& backup) {
   return rows;
 }
 
-void runAll(ScheduleStore& store, const Workbook& backup, TableWriter::Mode mode,
-            const QString& what, const WorkProgress& progress) {
+void replaceTables(ScheduleStore& store, const Workbook& backup, const WorkProgress& progress) {
   const qint64 total = rowsIn(backup);
   qint64 before = 0;
   for (int k = 0; k < restoredTables(backup); ++k) {
-    const QString& table = backedUpTables()[static_cast<std::size_t>(k)];
     const Sheet& sheet = backup.sheetAt(k);
-    if (mode == TableWriter::Mode::Store) store.execute(statements::deleteAllFrom(table));
-    TableWriter(store, table, sheet).run(mode, [&](int row) {
-      report(progress, {what.arg(table), before + row, total});
+    const QString what = u"正在恢复表 %1……"_qs.arg(backedUpTable(k));
+    report(progress, {what, before, total});
+    store.execute(statements::deleteAllFrom(backedUpTable(k)));
+    TableWriter(store, backedUpTable(k), sheet).run([&](int row) {
+      report(progress, {what, before + row, total});
     });
     before += sheet.Rows();
   }
@@ -131,9 +128,8 @@ qint64 RestoreTables(ScheduleStore& store, Workbook& workbook, const QString& pa
                      const WorkProgress& progress) {
   Workbook backup = readWorkbookFile(path, [&] { report(progress, {u"正在读取备份文件……"_qs}); });
   requireBackup(backup, path);
-  runAll(store, backup, TableWriter::Mode::Check, u"正在检查表 %1……"_qs, progress);
   ScheduleStore::Transaction restore(store);
-  runAll(store, backup, TableWriter::Mode::Store, u"正在恢复表 %1……"_qs, progress);
+  replaceTables(store, backup, progress);
   restore.commit();
   const qint64 total = rowsIn(backup);
   workbook = std::move(backup);

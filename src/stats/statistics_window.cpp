@@ -133,14 +133,16 @@ void StatisticsWindow::load() {
 
 void StatisticsWindow::compute() {
   setUpTimeUse(grid_->sheet());
+  QString failure;
   try {
     showTimeUse();
   } catch (const StoreError& error) {
-    prompts().warn(this, error.description());
+    failure = error.description();
   } catch (const NoPlannedTime& error) {
-    prompts().warn(this, error.description());
+    failure = error.description();
   }
   grid_->Redraw();
+  if (!failure.isEmpty()) prompts().warn(this, failure);
 }
 
 // Both sums are read from one view of the schedule, so that the percentages fit the total.
@@ -166,8 +168,8 @@ void StatisticsWindow::showCategories(const std::vector<CategoryUse>& uses, qint
     if (!index) continue;
     const CategoryLine& line = lines_[static_cast<std::size_t>(*index)];
     line.text->setText(shareText(use.minutes, total));
-    const int width = std::clamp(barWidth(use.minutes, total), 0, kFullBar);
-    line.bar->resize(width / kTwipsPerPixel, kBarHeight);
+    const qint64 width = std::clamp<qint64>(barWidth(use.minutes, total), 0, kFullBar);
+    line.bar->resize(static_cast<int>(width) / kTwipsPerPixel, kBarHeight);
   }
 }
 

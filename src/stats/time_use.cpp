@@ -83,8 +83,8 @@ QString percentText(qint64 minutes, qint64 total) {
   return numberText(static_cast<double>(hundredths.whole + (up ? 1 : 0)) / 100);
 }
 
-int barWidth(qint64 minutes, qint64 total) {
-  return static_cast<int>(share(minutes, total, kFullBar).whole);
+qint64 barWidth(qint64 minutes, qint64 total) {
+  return share(minutes, total, kFullBar).whole;
 }
 
 void setUpTimeUse(Sheet& sheet) {

@@ -39,8 +39,9 @@ QString shareText(qint64 minutes, qint64 total);  // 共3小时20分钟 占12.5%
 QString percentText(qint64 minutes, qint64 total);
 
 inline constexpr int kFullBar = 3'600;  // twips, 1/1440 inch
-// Twips, rounded down. Throws NoPlannedTime.
-int barWidth(qint64 minutes, qint64 total);
+// Twips, rounded down; out of 0 to kFullBar where blocks of negative length are counted. Throws
+// NoPlannedTime.
+qint64 barWidth(qint64 minutes, qint64 total);
 
 // Headings and looks, no rows.
 void setUpTimeUse(Sheet& sheet);

@@ -38,17 +38,18 @@ class Recordset final : public RowReader {
   bool findFirst(const QString& condition);
   bool noMatch() const;
 
-  // addNew or edit, then set, then update. The set must come from one table: SELECT * or its name;
-  // StoreFault::NotUpdatable otherwise. After update the stored row is part of the set and current.
-  // A value that its column cannot hold is refused by set; the columns set before stay set.
-  // Dropping the set before update drops the changes; after an update that failed it can be tried
-  // again. StoreFault::RowChanged when the row was changed or deleted elsewhere since the set read
-  // it.
+  // addNew or edit, then set by name or by position, then update. The set must come from one table:
+  // SELECT * or its name; StoreFault::NotUpdatable otherwise. After update the stored row is part
+  // of the set and current. A value that its column cannot hold is refused by set; the columns set
+  // before stay set. Dropping the set before update drops the changes; after an update that failed
+  // it can be tried again. StoreFault::RowChanged when the row was changed or deleted elsewhere
+  // since the set read it.
   //
   // Rows can be added to a whole table without its rows being read.
   void addNew();
   void edit();
   void set(QStringView name, const QVariant& value);
+  void set(int position, const QVariant& value);
   void update();
   // Deletes the current row; the row that followed it becomes current.
   void remove();

@@ -19,6 +19,7 @@ void begin(RowArena& rows, const StoredRow& stored) {
 void Recordset::addNew() {
   state_->writer();
   state_->edit = RowEdit{true, {}};
+  state_->edit->changes.reserve(columns().size());
 }
 
 void Recordset::edit() {
@@ -28,12 +29,15 @@ void Recordset::edit() {
 }
 
 void Recordset::set(QStringView name, const QVariant& value) {
+  set(static_cast<int>(columnPosition(columns(), name)), value);
+}
+
+void Recordset::set(int position, const QVariant& value) {
   if (!state_->edit) {
     throw StoreError(StoreFault::NotUpdatable, u"要先新增或编辑一条记录，才能填写内容。"_qs);
   }
-  const QList<Column>& columns = state_->lazy.set().columns;
-  const qsizetype column = columnPosition(columns, name);
-  OwnedCell cell = columnCell(columns[column], value);
+  const qsizetype column = position;
+  OwnedCell cell = columnCell(columnAt(columns(), position), value);
   ColumnChanges& changes = state_->edit->changes;
   const auto before = std::find_if(changes.begin(), changes.end(), [column](const auto& change) {
     return change.column == column;

@@ -1,7 +1,5 @@
 #include "grid/files/cbor_input.h"
 
-#include <QIODevice>
-
 #include <algorithm>
 #include <cstring>
 #include <limits>
@@ -15,8 +13,7 @@ void require(bool condition) {
 
 }  // namespace
 
-CborInput::CborInput(QIODevice& device, qint64 size)
-    : reader_(&device), start_(device.pos()), size_(size) {}
+CborInput::CborInput(const QByteArray& content) : reader_(content), size_(content.size()) {}
 
 qint64 CborInput::integer(qint64 min, qint64 max) {
   require(reader_.isInteger());
@@ -62,8 +59,8 @@ QString CborInput::text(qint64 maxBytes) {
     std::memcpy(text.data(), units.constData(), static_cast<std::size_t>(units.size()));
     return text;
   }
-  require(reader_.isString() && reader_.isLengthKnown());
-  require(reader_.length() <= static_cast<quint64>(std::min(maxBytes, size_ - offset())));
+  require(reader_.isString());
+  requireLength(maxBytes);
   QString text;
   auto piece = reader_.readString();
   for (; piece.status == QCborStreamReader::Ok; piece = reader_.readString()) text += piece.data;
@@ -72,8 +69,7 @@ QString CborInput::text(qint64 maxBytes) {
 }
 
 QByteArray CborInput::bytes(qint64 maxBytes) {
-  require(reader_.isLengthKnown());
-  require(reader_.length() <= static_cast<quint64>(std::min(maxBytes, size_ - offset())));
+  requireLength(maxBytes);
   QByteArray bytes;
   auto piece = reader_.readByteArray();
   for (; piece.status == QCborStreamReader::Ok; piece = reader_.readByteArray()) {
@@ -100,6 +96,13 @@ void CborInput::leave() {
   require(!reader_.hasNext() && reader_.leaveContainer());
   require(reader_.lastError() == QCborError::NoError ||
           reader_.lastError() == QCborError::EndOfFile);
+}
+
+// Of the string that comes next.
+void CborInput::requireLength(qint64 maxBytes) const {
+  require(reader_.isLengthKnown());
+  const qint64 left = size_ - reader_.currentOffset();
+  require(reader_.length() <= static_cast<quint64>(std::min(maxBytes, left)));
 }
 
 void CborInput::next() {

@@ -18,8 +18,7 @@ class MalformedContent : public std::runtime_error {
 // made by somebody else can neither nest deeply nor claim memory that it does not fill.
 class CborInput {
  public:
-  // The content takes this many bytes from the device's present position on.
-  CborInput(QIODevice& device, qint64 size);
+  explicit CborInput(const QByteArray& content);
 
   qint64 integer(qint64 min, qint64 max);
   int integer32();  // any int
@@ -28,6 +27,7 @@ class CborInput {
   // At most maxBytes long. A text that is no valid Unicode is a byte string of its UTF-16 units.
   QString text(qint64 maxBytes);
 
+  bool isArray() const { return reader_.isArray(); }
   bool isInteger() const { return reader_.isInteger(); }
   bool isNull() const { return reader_.isNull(); }
   void null();
@@ -38,15 +38,15 @@ class CborInput {
   bool hasNext() const { return reader_.hasNext(); }
   void leave();
 
-  // Bytes read so far; exact outside of arrays and maps.
-  qint64 offset() const { return reader_.currentOffset() - start_; }
+  // Whether everything was read; asked outside of arrays and maps.
+  bool atEnd() const { return reader_.currentOffset() == size_; }
 
  private:
   void next();
   QByteArray bytes(qint64 maxBytes);
+  void requireLength(qint64 maxBytes) const;
 
   QCborStreamReader reader_;
-  qint64 start_;  // the reader counts from the device's beginning
   qint64 size_;
 };
 

@@ -1,5 +1,7 @@
 #include "grid/files/hashing_device.h"
 
+#include <algorithm>
+
 namespace vellora {
 namespace {
 
@@ -7,8 +9,8 @@ constexpr qsizetype kBufferSize = 65'536;
 
 }  // namespace
 
-HashingDevice::HashingDevice(QIODevice& target) : target_(target) {
-  buffer_.reserve(kBufferSize);
+HashingDevice::HashingDevice(QIODevice& target)
+    : target_(target), buffer_(kBufferSize, Qt::Uninitialized) {
   open(QIODevice::WriteOnly | QIODevice::Unbuffered);
 }
 
@@ -23,16 +25,24 @@ qint64 HashingDevice::readData(char*, qint64) {
 }
 
 qint64 HashingDevice::writeData(const char* data, qint64 size) {
-  buffer_.append(data, size);
-  if (buffer_.size() >= kBufferSize) flush();
+  if (used_ + size > buffer_.size()) flush();
+  if (size > buffer_.size()) {
+    pass(data, size);
+  } else {
+    std::copy_n(data, size, buffer_.data() + used_);
+    used_ += size;
+  }
   return size;
 }
 
 void HashingDevice::flush() {
-  hash_.addData(buffer_);
-  target_.write(buffer_);
-  buffer_.clear();
-  buffer_.reserve(kBufferSize);
+  pass(buffer_.constData(), used_);
+  used_ = 0;
+}
+
+void HashingDevice::pass(const char* data, qint64 size) {
+  hash_.addData(QByteArrayView(data, size));
+  target_.write(data, size);
 }
 
 }  // namespace vellora

@@ -22,10 +22,12 @@ class HashingDevice final : public QIODevice {
 
  private:
   void flush();
+  void pass(const char* data, qint64 size);
 
   QIODevice& target_;
   QCryptographicHash hash_{QCryptographicHash::Sha256};
   QByteArray buffer_;
+  qint64 used_ = 0;  // bytes of the buffer
 };
 
 }  // namespace vellora

@@ -78,9 +78,14 @@ void SafeFile::createUnfinished() {
   temporary_ = name;
 }
 
-void SafeFile::commit() {
+QString SafeFile::sync() {
   if (!flush()) fail(error_);
   if (::fsync(descriptor_) != 0) fail(errno);
+  return QFile::decodeName(temporary_);
+}
+
+void SafeFile::commit() {
+  sync();
   if (std::rename(temporary_.constData(), target_.constData()) != 0) fail(errno);
   temporary_.clear();
   // Only now, for closing it gives up its lock. All of it is on the disk: nothing is left to fail.

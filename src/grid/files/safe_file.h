@@ -23,6 +23,9 @@ class SafeFile final : public QIODevice {
   bool isSequential() const override { return true; }
   // A writer of much data may stop early: commit() would throw.
   bool hasFailed() const { return error_ != 0; }
+  // Puts what was written so far onto the disk, for its owner to read back before commit(); gives
+  // the path of the file in which it lies. Fails as commit() does.
+  QString sync();
   void commit();
 
  protected:

@@ -20,7 +20,8 @@ namespace vellora {
 //   column = [width: uint / null, heading-text: text, heading-tag: text, heading: look,
 //             every-row: look]
 //   row = [skipped-rows: uint, height: uint / null, hidden: bool, * cell]
-//   cell = (skipped-columns: uint, look, text, tag: text)
+//   cell = text / [skipped-columns: uint, look, text, tag: text]  ; text alone: the next column,
+//                                                                 ; nothing set, no tag
 //   look = uint / settings  ; 0: nothing set; settings get the sheet's next number, from 1
 //   settings = {? 0: font, ? 1: [text-colour: uint, back-colour: uint],
 //               ? 2: [border-width: uint, border-colour: uint], ? 3: align: int,

@@ -100,7 +100,9 @@ class SheetDecoder {
  private:
   void columns();
   void row();
-  void cell(int col, int row);
+  // Each gives the column that it filled; the next one stands free.
+  int plainCell(int next, int row);
+  int cell(int next, int row);
   void look(int col, int row);
   QString text();
 
@@ -151,18 +153,26 @@ void SheetDecoder::row() {
   if (const auto height = optionalSize(input_)) sheet.SetRowHeight(row, *height);
   if (input_.boolean()) sheet.HideRow(row);
   for (int next = 0; input_.hasNext();) {
-    const int col = next + small(input_, sheet.Cols() - next - 1);
-    cell(col, row);
-    next = col + 1;
+    if (next == sheet.Cols()) throw MalformedContent();
+    next = 1 + (input_.isArray() ? cell(next, row) : plainCell(next, row));
   }
   input_.leave();
   nextRow_ = row + 1;
 }
 
-void SheetDecoder::cell(int col, int row) {
+int SheetDecoder::plainCell(int next, int row) {
+  sheet.SetCellText(next, row, text());
+  return next;
+}
+
+int SheetDecoder::cell(int next, int row) {
+  input_.enterArray();
+  const int col = next + small(input_, sheet.Cols() - next - 1);
   look(col, row);
   sheet.SetCellText(col, row, text());
   sheet.SetCellTag(col, row, text());
+  input_.leave();
+  return col;
 }
 
 void SheetDecoder::look(int col, int row) {

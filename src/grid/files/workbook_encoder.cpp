@@ -3,6 +3,8 @@
 #include <QCborStreamWriter>
 #include <QHash>
 
+#include <vector>
+
 namespace vellora {
 namespace {
 
@@ -68,15 +70,23 @@ class SheetEncoder {
  private:
   void column(int col);
   void row(int row, int skipped);
+  void cell(int col, int row, int skipped);
   bool isEmpty(int row) const;
   bool isEmpty(int col, int row) const;
+  bool isPlain(int col, int row) const;  // at most a text
   void look(int col, int row);
   void text(const QString& text);
+  void cellText(int col, int row);
+  void cellTag(int col, int row);
+  // Writes the number of a text that the sheet knows by this one, if it has got one.
+  bool appendKnown(quint32 sheetNumber);
+  void newText(quint32 sheetNumber, const QString& content);
 
   const Sheet& sheet_;
   QCborStreamWriter& writer_;
-  QHash<int, int> looks_;  // by the number of what was set
-  QHash<QString, quint32> texts_;
+  QHash<int, int> looks_;       // by the number of what was set
+  std::vector<quint32> texts_;  // by the number in the sheet: that in the file plus 1, or 0
+  quint32 textCount_ = 0;       // numbers given out
 };
 
 void SheetEncoder::encode(const QString& name, const std::function<bool()>& stops) {
@@ -118,12 +128,22 @@ void SheetEncoder::row(int row, int skipped) {
   int next = 0;
   for (int col = 0; col < sheet_.Cols(); ++col) {
     if (isEmpty(col, row)) continue;
-    writer_.append(col - next);
-    look(col, row);
-    text(sheet_.GetCellText(col, row));
-    text(sheet_.CellTag(col, row));
+    if (col == next && isPlain(col, row)) {
+      cellText(col, row);
+    } else {
+      cell(col, row, col - next);
+    }
     next = col + 1;
   }
+  writer_.endArray();
+}
+
+void SheetEncoder::cell(int col, int row, int skipped) {
+  writer_.startArray(4);
+  writer_.append(skipped);
+  look(col, row);
+  cellText(col, row);
+  cellTag(col, row);
   writer_.endArray();
 }
 
@@ -136,8 +156,11 @@ bool SheetEncoder::isEmpty(int row) const {
 }
 
 bool SheetEncoder::isEmpty(int col, int row) const {
-  return sheet_.SettingsNumberAt(col, row) == 0 && sheet_.GetCellText(col, row).isEmpty() &&
-         sheet_.CellTag(col, row).isEmpty();
+  return sheet_.TextNumberAt(col, row) == 0 && isPlain(col, row);
+}
+
+bool SheetEncoder::isPlain(int col, int row) const {
+  return sheet_.SettingsNumberAt(col, row) == 0 && sheet_.TagNumberAt(col, row) == 0;
 }
 
 void SheetEncoder::look(int col, int row) {
@@ -153,15 +176,34 @@ void SheetEncoder::look(int col, int row) {
   }
 }
 
+// Numbers are given in the order in which the reader meets the texts.
 void SheetEncoder::text(const QString& text) {
-  const auto known = texts_.constFind(text);
-  if (known != texts_.constEnd()) {
-    writer_.append(*known);
-    return;
-  }
   appendText(writer_, text);
-  if (text.isEmpty() || static_cast<std::size_t>(texts_.size()) >= kMaxNumberedTexts) return;
-  texts_.insert(text, static_cast<quint32>(texts_.size()));
+  if (!text.isEmpty() && textCount_ < kMaxNumberedTexts) ++textCount_;
+}
+
+void SheetEncoder::cellText(int col, int row) {
+  const quint32 number = sheet_.TextNumberAt(col, row);
+  if (!appendKnown(number)) newText(number, sheet_.GetCellText(col, row));
+}
+
+void SheetEncoder::cellTag(int col, int row) {
+  const quint32 number = sheet_.TagNumberAt(col, row);
+  if (!appendKnown(number)) newText(number, sheet_.CellTag(col, row));
+}
+
+bool SheetEncoder::appendKnown(quint32 sheetNumber) {
+  if (sheetNumber >= texts_.size() || texts_[sheetNumber] == 0) return false;
+  writer_.append(texts_[sheetNumber] - 1);
+  return true;
+}
+
+void SheetEncoder::newText(quint32 sheetNumber, const QString& content) {
+  const quint32 before = textCount_;
+  text(content);
+  if (textCount_ == before) return;
+  if (sheetNumber >= texts_.size()) texts_.resize(sheetNumber + std::size_t{1});
+  texts_[sheetNumber] = textCount_;
 }
 
 void appendPageSetup(QCborStreamWriter& writer, const PageSetup& setup) {

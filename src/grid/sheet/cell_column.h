@@ -24,6 +24,8 @@ class CellColumn {
 
   const QString& text(int index) const { return pool_->text(at(index).text); }
   const QString& tag(int index) const { return pool_->text(at(index).tag); }
+  TextPool::Id textId(int index) const { return at(index).text; }
+  TextPool::Id tagId(int index) const { return at(index).tag; }
   StyleTable::Number style(int index) const { return at(index).style; }
 
   void setText(int index, const QString& text);

@@ -89,6 +89,14 @@ void Sheet::SetCellTag(int col, int row, const QString& tag) {
   if (row == kEveryRow || content_->tag(col, row) != tag) change().setTag(col, row, tag);
 }
 
+quint32 Sheet::TextNumberAt(int col, int row) const {
+  return row >= 0 && has(col, row) ? content_->textId(col, row) : TextPool::kEmpty;
+}
+
+quint32 Sheet::TagNumberAt(int col, int row) const {
+  return row >= 0 && has(col, row) ? content_->tagId(col, row) : TextPool::kEmpty;
+}
+
 void Sheet::SetColumnWidth(int col, int width) {
   if (has(col, kEveryRow)) change().setWidth(col, std::clamp(width, 0, kMaxPixels));
 }

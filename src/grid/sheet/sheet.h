@@ -45,6 +45,10 @@ class Sheet {
   // A key that is never shown; "" when none was stored.
   void SetCellTag(int col, int row, const QString& tag);
   QString CellTag(int col, int row) const;
+  // Small numbers by which a writer tells the texts and tags of this sheet's rows apart: equal ones
+  // have equal numbers, empty ones and those of headings 0.
+  quint32 TextNumberAt(int col, int row) const;
+  quint32 TagNumberAt(int col, int row) const;
   // Shows any value: numbers stay numbers (a text mark on the cell goes), true is 1, dates and
   // times show as the planner writes them, null is empty.
   void SetCellValue(int col, int row, const QVariant& value);

@@ -44,6 +44,18 @@ const QString& SheetContent::tag(int col, int row) const {
   return cells ? cells->tag(place.index) : kNoText;
 }
 
+TextPool::Id SheetContent::textId(int col, int row) const {
+  const auto place = rows_.find(row);
+  const CellColumn* cells = place.block ? place.block->column(col) : nullptr;
+  return cells ? cells->textId(place.index) : TextPool::kEmpty;
+}
+
+TextPool::Id SheetContent::tagId(int col, int row) const {
+  const auto place = rows_.find(row);
+  const CellColumn* cells = place.block ? place.block->column(col) : nullptr;
+  return cells ? cells->tagId(place.index) : TextPool::kEmpty;
+}
+
 void SheetContent::setText(int col, int row, const QString& text) {
   if (row == kHeadingRow) {
     column(col).headingText = text;

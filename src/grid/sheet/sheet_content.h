@@ -21,6 +21,9 @@ class SheetContent {
   // Valid until the content changes.
   const QString& text(int col, int row) const;
   const QString& tag(int col, int row) const;
+  // Equal texts and tags of the rows have equal numbers, empty ones 0.
+  TextPool::Id textId(int col, int row) const;
+  TextPool::Id tagId(int col, int row) const;
   void setText(int col, int row, const QString& text);
   void setTag(int col, int row, const QString& tag);
 

@@ -102,6 +102,12 @@ void startRow(QCborStreamWriter& writer, qint64 skipped) {
   writer.append(false);
 }
 
+void startCell(QCborStreamWriter& writer, int skipped, int look) {
+  writer.startArray();
+  writer.append(skipped);
+  writer.append(look);
+}
+
 }  // namespace
 
 TEST_F(WorkbookFile, KeepsEverythingOfAWorkbook) {
@@ -189,11 +195,13 @@ TEST_F(WorkbookFile, SaysThatAFileIsMissingNoFileOrNewer) {
 TEST_F(WorkbookFile, RefusesHostileContentWithARightHash) {
   const QByteArray sample = sampleBytes();
   const Write good = [](QCborStreamWriter& w) {
-    startRow(w, 1);
-    for (const int number : {0, 0}) w.append(number);
+    startRow(w, 0);
     w.append(QStringView(u"text"));
-    w.append(0);
     w.endArray();
+    startRow(w, 0);
+    startCell(w, 0, 0);
+    for (int i = 0; i < 2; ++i) w.append(0);
+    for (int i = 0; i < 2; ++i) w.endArray();
   };
   ASSERT_EQ(messageFor(withContent(sample, contentWithRows(good))), QString());
   const struct {
@@ -218,28 +226,34 @@ TEST_F(WorkbookFile, RefusesHostileContentWithARightHash) {
       {"a column beyond the last",
        [](auto& w) {
          startRow(w, 0);
-         for (const int number : {1, 0}) w.append(number);
+         startCell(w, 1, 0);
+         for (int i = 0; i < 2; ++i) w.append(QStringView(u"x"));
+         for (int i = 0; i < 2; ++i) w.endArray();
+       }},
+      {"more texts than columns",
+       [](auto& w) {
+         startRow(w, 0);
          for (int i = 0; i < 2; ++i) w.append(QStringView(u"x"));
          w.endArray();
        }},
       {"the number of a text that does not exist",
        [](auto& w) {
          startRow(w, 0);
-         for (const int number : {0, 0, 0, 0}) w.append(number);
+         w.append(0);
          w.endArray();
        }},
       {"the number of a look that does not exist",
        [](auto& w) {
          startRow(w, 0);
-         for (const int number : {0, 1}) w.append(number);
+         startCell(w, 0, 1);
          for (int i = 0; i < 2; ++i) w.append(QStringView(u"x"));
-         w.endArray();
+         for (int i = 0; i < 2; ++i) w.endArray();
        }},
       {"half a cell",
        [](auto& w) {
          startRow(w, 0);
-         w.append(0);
-         w.endArray();
+         startCell(w, 0, 0);
+         for (int i = 0; i < 2; ++i) w.endArray();
        }},
       {"rows that are no arrays", [](auto& w) { w.append(1); }},
   };

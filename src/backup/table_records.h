@@ -1,0 +1,39 @@
+#pragma once
+
+#include "backup/backup_field.h"
+#include "store/schedule_store.h"
+
+#include <QString>
+
+#include <vector>
+
+namespace vellora {
+
+// The records of one table, from the first to the last, as a backup holds them.
+class TableRecords {
+ public:
+  TableRecords(ScheduleStore& store, const QString& table);
+
+  int columnCount() const { return static_cast<int>(forms_.size()); }
+  // Texts, dates and times, which carry the text mark.
+  bool isText(int col) const;
+
+  bool next();
+  // What the cell of the current record holds; "" for a field that is left out.
+  QString text(int col);
+  // The same; throws BackupError for a value that could not be restored as it is.
+  QString fittingText(int col);
+
+ private:
+  FieldForm form(int col) const { return forms_[static_cast<std::size_t>(col)]; }
+  void requireEmptyText(int col);
+  void requireFitting(int col, const QString& text) const;
+  QString whereIs(int col) const;
+
+  QString table_;
+  RowCursor rows_;
+  std::vector<FieldForm> forms_;
+  qint64 record_ = 0;  // counted from 1
+};
+
+}  // namespace vellora
