@@ -165,6 +165,7 @@ void Guide::showEveryScene() {
 }  // namespace vellora
 
 int main(int argc, char** argv) {
+  qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" SCREEN);
   QApplication application(argc, argv);
   vellora::setUpPlatform(application);
   const QString pictures = QApplication::arguments().value(1);
