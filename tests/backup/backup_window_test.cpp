@@ -2,11 +2,8 @@
 
 #include "backup/schedule_dump.h"
 #include "grid/surface/grid_surface.h"
-#include "support/fixed_clock.h"
-#include "support/schedule_builder.h"
-#include "support/scripted_prompts.h"
+#include "support/planner_test.h"
 #include "support/temporary_folder.h"
-#include "support/text_output.h"
 
 #include <QComboBox>
 #include <QLineEdit>
@@ -21,7 +18,7 @@
 namespace vellora {
 namespace {
 
-class BackupWindowTest : public testing::Test {
+class BackupWindowTest : public test::PlannerTest {
  protected:
   BackupWindowTest() {
     schedule_.fullDay(3).items(2).plan(QDate(2007, 3, 5), u"001"_qs, u"活动001"_qs);
@@ -39,13 +36,6 @@ class BackupWindowTest : public testing::Test {
     QTest::keyClick(&folders(), Qt::Key_Return);
   }
 
-  test::ScheduleBuilder schedule_;
-  ScheduleStore store_ = schedule_.store();
-  test::ScriptedPrompts prompts_;
-  test::FixedClock clock_{QDate(2007, 3, 5)};
-  ApplicationState state_{
-      store_,   prompts_, clock_, schedule_.folder(), schedule_.folder() + u"/none.skn"_qs,
-      QString()};
   BackupWindow window_{state_};
   const QString name_ = u"日程表备份2007-03-05.KTZ"_qs;
 };

@@ -3,10 +3,7 @@
 #include "grid/surface/grid_surface.h"
 #include "shell/planner_window.h"
 #include "support/failing_disk.h"
-#include "support/fixed_clock.h"
-#include "support/schedule_builder.h"
-#include "support/scripted_prompts.h"
-#include "support/text_output.h"
+#include "support/planner_test.h"
 
 #include <QApplication>
 #include <QDateEdit>
@@ -23,11 +20,11 @@
 
 namespace vellora::test {
 
-inline const QDate kToday(2007, 3, 5);
+inline const QDate kToday = kMonday;
 
 // A schedule of two blocks and three activities, one of them completed, and the user's hands on a
 // window over it.
-class WindowTest : public testing::Test {
+class WindowTest : public PlannerTest {
  protected:
   WindowTest() {
     schedule_.block(u"002"_qs, u"08:00:00"_qs, u"09:30:00"_qs, u"早读"_qs)
@@ -105,13 +102,6 @@ class WindowTest : public testing::Test {
   }
 
   FailingDisk disk_;
-  ScheduleBuilder schedule_;
-  ScheduleStore store_{schedule_.path(), std::chrono::milliseconds(0)};
-  ScriptedPrompts prompts_;
-  FixedClock clock_{kToday};
-  ApplicationState state_{
-      store_,   prompts_, clock_, schedule_.folder(), schedule_.folder() + u"/none.skn"_qs,
-      QString()};
 };
 
 }  // namespace vellora::test

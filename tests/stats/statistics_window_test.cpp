@@ -1,10 +1,7 @@
 #include "stats/statistics_window.h"
 
 #include "grid/surface/grid_surface.h"
-#include "support/fixed_clock.h"
-#include "support/schedule_builder.h"
-#include "support/scripted_prompts.h"
-#include "support/text_output.h"
+#include "support/planner_test.h"
 
 #include <QDateEdit>
 #include <QLabel>
@@ -16,12 +13,13 @@
 namespace vellora {
 namespace {
 
-class StatisticsWindowTest : public testing::Test {
+class StatisticsWindowTest : public test::PlannerTest {
  protected:
   StatisticsWindowTest() {
     schedule_.block(u"a"_qs, u"08:00:00"_qs, u"09:30:00"_qs);
     schedule_.block(u"z"_qs, u"12:00:00"_qs, u"12:00:00"_qs);
     schedule_.item(u"001"_qs, u"写作"_qs).item(u"002"_qs, u"跑步"_qs, u"3-运动"_qs);
+    clock_.set(kToday);
     window_.Load();
     window_.Show();
   }
@@ -36,13 +34,6 @@ class StatisticsWindowTest : public testing::Test {
   int rows() { return window_.findChild<GridSurface*>(u"Cell1"_qs)->Rows(); }
 
   const QDate kToday{2007, 3, 31};
-  test::ScheduleBuilder schedule_;
-  ScheduleStore store_ = schedule_.store();
-  test::ScriptedPrompts prompts_;
-  test::FixedClock clock_{kToday};
-  ApplicationState state_{
-      store_,   prompts_, clock_, schedule_.folder(), schedule_.folder() + u"/none.skn"_qs,
-      QString()};
   StatisticsWindow window_{state_};
 };
 
