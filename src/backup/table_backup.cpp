@@ -33,16 +33,23 @@ void fillSheet(Sheet& sheet, TableRecords& records, const std::function<void(int
   sheet.SetRows(row);
 }
 
-bool isSameRow(const Sheet& sheet, int row, TableRecords& records) {
+bool hasSameColumns(const Sheet& sheet, const TableRecords& records) {
+  if (sheet.Cols() != records.columnCount()) return false;
   for (int col = 0; col < sheet.Cols(); ++col) {
+    if ((sheet.CellOption(col, kEveryRow) == 1) != records.isText(col)) return false;
+  }
+  return true;
+}
+
+bool isSameRow(const Sheet& sheet, int row, TableRecords& records) {
+  for (int col = 0; col < records.columnCount(); ++col) {
     if (sheet.GetCellText(col, row) != records.text(col)) return false;
-    if ((sheet.CellOption(col, row) == 1) != records.isText(col)) return false;
   }
   return true;
 }
 
 bool holdsAll(const Sheet& sheet, TableRecords& records, const std::function<void(int)>& step) {
-  if (sheet.Cols() != records.columnCount()) return false;
+  if (!hasSameColumns(sheet, records)) return false;
   int row = 0;
   for (; records.next(); ++row) {
     if (row % kRowsPerStep == 0) step(row);

@@ -19,6 +19,55 @@ QStringList rowTexts(const Sheet& sheet, int row) {
   return texts;
 }
 
+// A schedule made by chance, and its use of the week to each side of kDay, counted entry by entry.
+// Blocks and activities without a row of their own are planned as well, and count nowhere.
+class RandomPlans {
+ public:
+  explicit RandomPlans(unsigned seed) : random_(seed) {
+    for (int i = 0; i < kItems; ++i) {
+      builder.item(QString::number(i), u"活动%1"_qs.arg(i), categoryOf(i));
+    }
+    for (int i = 0; i < kBlocks; ++i) addBlock(i);
+    for (int i = 0; i < 500; ++i) plan(below(60) - 30, below(kBlocks + 2), below(kItems + 2));
+  }
+
+  struct Use {
+    qint64 minutes = 0;
+    int entries = 0;
+  };
+  test::ScheduleBuilder builder;
+  std::map<QString, qint64> byCategory;
+  std::map<std::pair<QString, QString>, Use> byActivity;
+
+ private:
+  static constexpr int kItems = 12;
+  static constexpr int kBlocks = 10;
+
+  int below(int end) { return static_cast<int>(random_() % static_cast<unsigned>(end)); }
+  static QString categoryOf(int item) {
+    return item == 0 ? u"杂项"_qs : categories()[static_cast<std::size_t>(item) % 6].label;
+  }
+  void addBlock(int code) {
+    const QTime start(below(24), below(60), below(60));
+    const QTime end(below(24), below(60), below(60));
+    lengths_.push_back((end.hour() - start.hour()) * 60 + end.minute() - start.minute());
+    builder.block(QString::number(code), start.toString(u"HH:mm:ss"), end.toString(u"HH:mm:ss"));
+  }
+  void plan(int days, int block, int item) {
+    const QString activity = u"活动%1"_qs.arg(item);
+    builder.plan(kDay.addDays(days), QString::number(block), activity);
+    if (block >= kBlocks || item >= kItems || std::abs(days) > 7) return;
+    const qint64 length = lengths_[static_cast<std::size_t>(block)];
+    byCategory[categoryOf(item)] += length;
+    Use& use = byActivity[{categoryOf(item), activity}];
+    use.minutes += length;
+    ++use.entries;
+  }
+
+  std::mt19937 random_;
+  std::vector<qint64> lengths_;
+};
+
 }  // namespace
 
 TEST(TimeUse, RoundsSharesToTwoDecimalsWithTiesToTheEvenNeighbour) {
@@ -78,33 +127,27 @@ TEST(TimeUse, CountsOnlyEntriesOfTheRangeWhoseBlockAndActivityExist) {
 }
 
 TEST(TimeUse, AgreesWithARecountOfRandomPlans) {
-  std::mt19937 random(20070305);
-  test::ScheduleBuilder builder;
-  for (std::size_t i = 0; i < 12; ++i) {
-    builder.item(QString::number(i), u"活动%1"_qs.arg(i), categories()[i % 6].label);
+  for (const unsigned seed : {1U, 2U, 3U}) {
+    const RandomPlans plans(seed);
+    ScheduleStore store = plans.builder.store();
+    const auto uses = useByCategory(store, kDay.addDays(-7), kDay.addDays(7));
+    std::map<QString, qint64> found;
+    for (const CategoryUse& use : uses) found[use.label] = use.minutes;
+    EXPECT_EQ(found, plans.byCategory) << "seed " << seed;
+
+    const qint64 total = totalMinutes(uses);
+    Sheet sheet;
+    setUpTimeUse(sheet);
+    listActivities(sheet, store, kDay.addDays(-7), kDay.addDays(7), total);
+    ASSERT_EQ(sheet.Rows(), static_cast<int>(plans.byActivity.size()));
+    int row = 0;
+    for (const auto& [names, use] : plans.byActivity) {
+      EXPECT_EQ(rowTexts(sheet, row++),
+                QStringList({names.first, names.second, durationText(use.minutes),
+                             QString::number(use.entries), percentText(use.minutes, total)}))
+          << "seed " << seed;
+    }
   }
-  std::map<QString, qint64> recount;
-  std::vector<int> lengths;
-  for (int i = 0; i < 10; ++i) {
-    lengths.push_back(static_cast<int>(random() % 120));
-    const QTime start(static_cast<int>(random() % 20), static_cast<int>(random() % 60));
-    builder.block(QString::number(i), start.toString(u"HH:mm:ss"),
-                  start.addSecs(lengths.back() * 60).toString(u"HH:mm:ss"));
-  }
-  for (int i = 0; i < 500; ++i) {
-    const QDate day = kDay.addDays(static_cast<int>(random() % 60) - 30);
-    const auto block = random() % 12;  // two of them do not exist
-    const auto item = random() % 12;
-    builder.plan(day, QString::number(block), u"活动%1"_qs.arg(item));
-    const bool counts = block < 10 && day >= kDay.addDays(-7) && day <= kDay.addDays(7);
-    if (counts) recount[categories()[item % 6].label] += lengths[block];
-  }
-  ScheduleStore store = builder.store();
-  std::map<QString, qint64> found;
-  for (const CategoryUse& use : useByCategory(store, kDay.addDays(-7), kDay.addDays(7))) {
-    found[use.label] = use.minutes;
-  }
-  EXPECT_EQ(found, recount);
 }
 
 }  // namespace vellora
