@@ -16,7 +16,7 @@ namespace {
 using Kind = CallFault::Kind;
 
 // The system's functions take no context, so what fails is kept here.
-CallFault fault;
+CallFault planned;
 int callsSeen = 0;
 bool isMet = false;
 
@@ -30,7 +30,7 @@ Step failWith(int error) {
 
 Step stepAtFault(bool isWrite) {
   isMet = true;
-  switch (fault.kind) {
+  switch (planned.kind) {
     case Kind::Kills:
       raise(SIGKILL);
       break;
@@ -43,17 +43,17 @@ Step stepAtFault(bool isWrite) {
     default:
       break;
   }
-  return failWith(fault.error);
+  return failWith(planned.error);
 }
 
 // What becomes of the next call.
 Step nextStep(bool isWrite = false) {
-  if (fault.kind == Kind::None) return Step::Go;
+  if (planned.kind == Kind::None) return Step::Go;
   const int call = callsSeen++;
-  if (call == fault.at) return stepAtFault(isWrite);
-  const bool lasts =
-      fault.kind == Kind::FailsFromThenOn || (fault.kind == Kind::WritesHalfThenFails && isWrite);
-  return call > fault.at && lasts ? failWith(fault.error) : Step::Go;
+  if (call == planned.at) return stepAtFault(isWrite);
+  const bool lasts = planned.kind == Kind::FailsFromThenOn ||
+                     (planned.kind == Kind::WritesHalfThenFails && isWrite);
+  return call > planned.at && lasts ? failWith(planned.error) : Step::Go;
 }
 
 // Pipes and terminals are none of our business.
@@ -65,8 +65,8 @@ bool isOfADisk(int descriptor, struct stat& status) {
 std::size_t withinRoom(const struct stat& status, std::size_t count, off_t offset) {
   const qint64 end = offset + static_cast<qint64>(count);
   const qint64 growth = std::max<qint64>(0, end - status.st_size);
-  const qint64 missing = std::max<qint64>(0, growth - fault.room);
-  fault.room -= growth - missing;
+  const qint64 missing = std::max<qint64>(0, growth - planned.room);
+  planned.room -= growth - missing;
   return count - std::min(count, static_cast<std::size_t>(missing));
 }
 
@@ -78,7 +78,7 @@ ssize_t writeWith(int descriptor, std::size_t count, off_t offset, Write write) 
   if (step == Step::Fail) return -1;
   if (step == Step::Half) {
     const ssize_t written = write(count / 2);
-    if (fault.kind == Kind::KillsHalfway) raise(SIGKILL);
+    if (planned.kind == Kind::KillsHalfway) raise(SIGKILL);
     return written;
   }
   const std::size_t fitting = withinRoom(status, count, offset);
@@ -93,7 +93,7 @@ bool isRefused(int descriptor) {
 
 // Of a call that names its file.
 bool isRefused() {
-  if (fault.isReadOnly) return failWith(EROFS) != Step::Go;
+  if (planned.isReadOnly) return failWith(EROFS) != Step::Go;
   return nextStep() != Step::Go;
 }
 
@@ -109,7 +109,7 @@ mode_t modeOf(int flags, va_list arguments) {
 }  // namespace
 
 void breakCalls(const CallFault& wanted) {
-  fault = wanted;
+  planned = wanted;
   callsSeen = 0;
   isMet = false;
 }
@@ -170,7 +170,7 @@ int fchmod(int descriptor, mode_t mode) noexcept {
 }
 
 int access(const char* path, int mode) noexcept {
-  if (fault.isReadOnly && (mode & W_OK) != 0) return failWith(EROFS), -1;
+  if (planned.isReadOnly && (mode & W_OK) != 0) return failWith(EROFS), -1;
   return static_cast<int>(syscall(SYS_faccessat, AT_FDCWD, path, mode));
 }
 
