@@ -122,11 +122,11 @@ void compare(const test::ScheduleBuilder& builder, const QString& path) {
         passOver(raw);
         decodeFile(path);
       },
-      3);
+      3, 3);
   RawRestore rawRestore(raw);
   table.compare(
       "restoring 1,000,000 entries", [&] { RestoreTables(store, workbook, path); },
-      [&] { rawRestore.run(); }, 3);
+      [&] { rawRestore.run(); }, 3, 1.7);
   table.print();
 }
 
