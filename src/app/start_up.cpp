@@ -15,9 +15,9 @@ QString readSkinPath(ScheduleStore& store, const QString& programDir) {
 }
 
 // A schedule that another copy keeps busy cannot be looked through now.
-bool isDamaged(const QString& path) {
+bool isDamaged(const ScheduleStore& store) {
   try {
-    return !ScheduleStore(path, std::chrono::milliseconds(0)).isSound();
+    return !store.isSound();
   } catch (const StoreError& error) {
     return error.fault() == StoreFault::Damaged;
   }
@@ -27,9 +27,11 @@ bool isDamaged(const QString& path) {
 
 StartUp::StartUp(const QString& programDir, Prompts& prompts, const Clock& clock)
     : store_(programDir + u"/SY.mdb"_qs),
+      looked_through_(programDir + u"/SY.mdb"_qs),
       state_{store_, prompts, clock, programDir, readSkinPath(store_, programDir), QString()} {}
 
 StartUp::~StartUp() {
+  looked_through_.interrupt();
   finishLook();
 }
 
@@ -52,8 +54,8 @@ void StartUp::showBoard() {
 
 // On a connection and a thread of its own: many years of plans take longer than a window may stall.
 void StartUp::lookForDamage() {
-  look_ = std::thread([this, path = state_.programFile(u"SY.mdb"_qs)] {
-    if (!isDamaged(path)) return;
+  look_ = std::thread([this] {
+    if (!isDamaged(looked_through_)) return;
     QMetaObject::invokeMethod(
         board_.get(), [this] { warnOfDamage(); }, Qt::QueuedConnection);
   });

@@ -30,9 +30,10 @@ class StartUp {
   void warnOfDamage();
 
   ScheduleStore store_;
+  ScheduleStore looked_through_;  // the same file once more, for the other thread
   ApplicationState state_;
   std::unique_ptr<WeekBoard> board_;
-  std::thread look_;  // through the schedule
+  std::thread look_;
 };
 
 }  // namespace vellora

@@ -46,6 +46,10 @@ bool ScheduleStore::isSound() const {
   return vellora::isSound(*connection_);
 }
 
+void ScheduleStore::interrupt() {
+  sqlite3_interrupt(connection_->handle());
+}
+
 ScheduleStore::Transaction::Transaction(ScheduleStore& store)
     : connection_(store.connection_.get()) {
   if (connection_->isInTransaction()) {

@@ -39,6 +39,8 @@ class ScheduleStore {
 
   // Reads the whole file, for damage that nobody has met yet: 25 ms for twenty years of plans.
   bool isSound() const;
+  // Ends what another thread is doing on this store, with a StoreError there.
+  void interrupt();
 
   // Makes everything until commit() one change: all of it or none. Rolled back by the destructor
   // when commit() was not reached or failed. Other programs that want to save wait from its start.
