@@ -13,7 +13,6 @@
 #include <QTemporaryDir>
 
 #include <benchmark/benchmark.h>
-#include <cstdio>
 #include <spawn.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
@@ -26,7 +25,7 @@ constexpr int kBlocks = 50;
 constexpr int kDays = 20'000;
 constexpr int kActivities = 60;
 constexpr int kTextColumns = 4;
-constexpr double kMostMebibytes = 200;
+constexpr double kMostKibibytes = 200 * 1'024;
 
 void readCell(RawStatement& rows, int column) {
   if (rows.isNumber(column)) {
@@ -111,10 +110,9 @@ class RawRestore {
   std::vector<Row> rows_;
 };
 
-void compare(const test::ScheduleBuilder& builder, const QString& path) {
+void compare(SideBySide& table, const test::ScheduleBuilder& builder, const QString& path) {
   ScheduleStore store(builder.path());
   RawDatabase raw(builder.path());
-  SideBySide table;
   Workbook workbook;
   table.compare(
       "backing up 1,000,000 entries", [&] { BackupTables(store, workbook, path); },
@@ -127,7 +125,6 @@ void compare(const test::ScheduleBuilder& builder, const QString& path) {
   table.compare(
       "restoring 1,000,000 entries", [&] { RestoreTables(store, workbook, path); },
       [&] { rawRestore.run(); }, 3, 1.7);
-  table.print();
 }
 
 using Job = qint64 (*)(ScheduleStore&, Workbook&, const QString&, const WorkProgress&);
@@ -138,7 +135,7 @@ void runTwice(Job job, const QString& schedule, const QString& path) {
   for (int i = 0; i < 2; ++i) job(store, shown, path, {});
 }
 
-double mebibytesOf(const char* program, const char* job, const QString& schedule,
+double kibibytesOf(const char* program, const char* job, const QString& schedule,
                    const QString& path) {
   const QByteArray files[] = {schedule.toUtf8(), path.toUtf8()};
   const char* const arguments[] = {program, job, files[0].constData(), files[1].constData(),
@@ -151,14 +148,15 @@ double mebibytesOf(const char* program, const char* job, const QString& schedule
       wait4(child, &status, 0, &usage) != child || status != 0) {
     std::abort();
   }
-  return static_cast<double>(usage.ru_maxrss) / 1'024;
+  return static_cast<double>(usage.ru_maxrss);
 }
 
 // Before anything else: a child's peak counts from that of its parent on.
-void printMemory(const char* program, const test::ScheduleBuilder& builder, const QString& path) {
+void recordMemory(SideBySide& table, const char* program, const test::ScheduleBuilder& builder,
+                  const QString& path) {
   for (const char* job : {"backup", "restore"}) {
-    std::printf("peak memory of a %s: %.0f MiB of at most %.0f\n", job,
-                mebibytesOf(program, job, builder.path(), path), kMostMebibytes);
+    table.record(std::string("most memory of a ") + job + ", beside the bound", "KiB",
+                 kibibytesOf(program, job, builder.path(), path), kMostKibibytes, 1);
   }
 }
 
@@ -169,8 +167,10 @@ void measure(const char* program) {
       .fullPlan(QDate(2007, 1, 1), kDays, kBlocks, kActivities);
   const QTemporaryDir folder;
   const QString path = folder.filePath(u"a.KTZ"_qs);
-  printMemory(program, builder, path);
-  compare(builder, path);
+  SideBySide table;
+  recordMemory(table, program, builder, path);
+  compare(table, builder, path);
+  table.print();
 }
 
 }  // namespace

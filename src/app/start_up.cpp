@@ -15,9 +15,9 @@ QString readSkinPath(ScheduleStore& store, const QString& programDir) {
 }
 
 // A schedule that another copy keeps busy cannot be looked through now.
-bool isDamaged(const ScheduleStore& store) {
+bool isDamaged(const QString& path) {
   try {
-    return !store.isSound();
+    return !ScheduleStore(path, std::chrono::milliseconds(0)).isSound();
   } catch (const StoreError& error) {
     return error.fault() == StoreFault::Damaged;
   }
@@ -29,7 +29,9 @@ StartUp::StartUp(const QString& programDir, Prompts& prompts, const Clock& clock
     : store_(programDir + u"/SY.mdb"_qs),
       state_{store_, prompts, clock, programDir, readSkinPath(store_, programDir), QString()} {}
 
-StartUp::~StartUp() = default;
+StartUp::~StartUp() {
+  finishLook();
+}
 
 void StartUp::showBoard() {
   {
@@ -41,15 +43,27 @@ void StartUp::showBoard() {
     board_->Load();
     board_->Show();
   }
-  warnOfDamage();
+  lookForDamage();
   if (store_.isReadOnly()) {
     state_.prompts.warn(board_.get(),
                         u"日程文件或所在文件夹只能读取，不能写入，所做的更改将无法保存。"_qs);
   }
 }
 
+// On a connection and a thread of its own: many years of plans take longer than a window may stall.
+void StartUp::lookForDamage() {
+  look_ = std::thread([this, path = state_.programFile(u"SY.mdb"_qs)] {
+    if (!isDamaged(path)) return;
+    QMetaObject::invokeMethod(
+        board_.get(), [this] { warnOfDamage(); }, Qt::QueuedConnection);
+  });
+}
+
+void StartUp::finishLook() {
+  if (look_.joinable()) look_.join();
+}
+
 void StartUp::warnOfDamage() {
-  if (!isDamaged(store_)) return;
   state_.prompts.warn(
       board_.get(),
       u"日程文件 SY.mdb 已损坏，部分内容可能读不出来。请先把它复制一份保存好，再从备份恢复。"_qs);

@@ -4,6 +4,7 @@
 #include "shell/application_state.h"
 
 #include <memory>
+#include <thread>
 
 namespace vellora {
 
@@ -14,20 +15,24 @@ class StartUp {
   StartUp(const QString& programDir, Prompts& prompts, const Clock& clock);
   ~StartUp();
 
-  // Shows the splash window while the board is made, then the board, and says then what is wrong
-  // with the schedule: damage, or that nothing can be saved.
+  // Shows the splash window while the board is made, then the board, and says when nothing can be
+  // saved. Damage to the schedule is looked for meanwhile, and told from the event loop.
   void showBoard();
+  // Waits until the schedule has been looked through.
+  void finishLook();
 
   ApplicationState& state() { return state_; }
   const ApplicationState& state() const { return state_; }
   WeekBoard& board() { return *board_; }
 
  private:
+  void lookForDamage();
   void warnOfDamage();
 
   ScheduleStore store_;
   ApplicationState state_;
   std::unique_ptr<WeekBoard> board_;
+  std::thread look_;  // through the schedule
 };
 
 }  // namespace vellora

@@ -8,6 +8,7 @@
 #include "support/store_fault.h"
 #include "support/text_output.h"
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QTemporaryDir>
 
@@ -105,7 +106,7 @@ TEST_F(StartUpTest, SaysAtOnceThatNothingCanBeSaved) {
   EXPECT_TRUE(prompts_.warnings[0].contains(u"无法保存"_qs));
 }
 
-TEST_F(StartUpTest, SaysAtOnceThatTheScheduleIsDamagedWhereNobodyLooksYet) {
+TEST_F(StartUpTest, SaysThatTheScheduleIsDamagedWhereNobodyLooksYet) {
   schedule_.fullDay(20).fullPlan(kToday.addDays(400), 300, 20, 5);
   QByteArray damaged = contentOf(schedule_.path());
   damaged.replace(damaged.size() / 3, 4'096, QByteArray(4'096, '\0'));
@@ -114,6 +115,8 @@ TEST_F(StartUpTest, SaysAtOnceThatTheScheduleIsDamagedWhereNobodyLooksYet) {
   StartUp startUp(folder.path(), prompts_, clock_);
   startUp.showBoard();
   EXPECT_EQ(startUp.board().findChild<GridSurface*>()->Rows(), 21) << "what can be read is shown";
+  startUp.finishLook();
+  QCoreApplication::processEvents();
   ASSERT_EQ(prompts_.warnings.size(), 1);
   EXPECT_TRUE(prompts_.warnings[0].contains(u"已损坏"_qs));
   EXPECT_EQ(contentOf(folder.filePath(u"SY.mdb"_qs)), damaged);

@@ -13,6 +13,7 @@
 #include "support/temporary_folder.h"
 #include "support/text_output.h"
 
+#include <QCoreApplication>
 #include <QPushButton>
 #include <QTimer>
 
@@ -54,6 +55,8 @@ Told toldByProgram(const QString& folder) {
   const Told told = test::toldBy([&] {
     StartUp startUp(folder, prompts, clock);
     startUp.showBoard();
+    startUp.finishLook();
+    QCoreApplication::processEvents();
     try {
       openEveryWindow(startUp.board());
     } catch (const StoreError& error) {
