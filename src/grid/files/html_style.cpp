@@ -49,7 +49,7 @@ bool isRefused(QChar unit) {
 
 constexpr qsizetype kMostBytes = 6;  // that a UTF-16 unit becomes
 
-// What stands for the character after another one; empty for the character itself.
+// What stands for the character after another one; null for the character itself.
 QByteArrayView substitute(QChar unit, QChar previous) {
   switch (unit.unicode()) {
     case u'&':
@@ -60,8 +60,10 @@ QByteArrayView substitute(QChar unit, QChar previous) {
       return "&gt;";
     case u'"':
       return "&quot;";
-    case u'\n':
+    case u'\r':
       return "&#10;";
+    case u'\n':
+      return previous == u'\r' ? "" : "&#10;";
     case u' ':
       return previous == u' ' ? "&#32;" : QByteArrayView();
     default:
@@ -75,7 +77,7 @@ char* putHtml(char* out, QStringView text) {
   qsizetype begin = 0;
   for (qsizetype place = 0; place < text.size(); ++place) {
     const auto instead = substitute(text[place], place > 0 ? text[place - 1] : QChar());
-    if (instead.isEmpty()) continue;
+    if (instead.isNull()) continue;
     out = encoder.appendToBuffer(out, text.sliced(begin, place - begin));
     out = std::copy(instead.begin(), instead.end(), out);
     begin = place + 1;
@@ -111,10 +113,10 @@ QByteArray cssOf(const PageSetup& setup) {
 
 void appendHtml(QByteArray& html, const QString& text) {
   if (text.isEmpty()) return;
-  const QString lines = exportedText(text);
+  const QString whole = text.isValidUtf16() ? text : exportedText(text);
   const qsizetype old = html.size();
-  html.resize(old + kMostBytes * lines.size());
-  const char* end = putHtml(html.data() + old, lines);
+  html.resize(old + kMostBytes * whole.size());
+  const char* end = putHtml(html.data() + old, whole);
   html.resize(end - html.constData());
 }
 
