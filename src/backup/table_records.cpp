@@ -15,6 +15,7 @@ TableRecords::TableRecords(ScheduleStore& store, const QString& table)
   for (int col = 0; col < rows_.columnCount(); ++col) {
     forms_.push_back(fieldForm(rows_.columnKind(col), rows_.columnName(col)));
   }
+  texts_.resize(forms_.size());
 }
 
 bool TableRecords::isText(int col) const {
@@ -26,16 +27,20 @@ bool TableRecords::next() {
   return rows_.next();
 }
 
-QString TableRecords::text(int col) {
-  return form(col) == FieldForm::LeftOut ? QString() : rows_.text(col);
+const std::vector<QString>& TableRecords::texts() {
+  for (int col = 0; col < columnCount(); ++col) {
+    if (form(col) != FieldForm::LeftOut) texts_[static_cast<std::size_t>(col)] = fittingText(col);
+  }
+  return texts_;
 }
 
 QString TableRecords::fittingText(int col) {
-  QString text = this->text(col);
+  QString text = rows_.text(col);
   if (text.isEmpty()) {
     requireEmptyText(col);
-  } else {
-    requireFitting(col, text);
+  } else if (const QString reason = reasonAgainst(col, text); !reason.isEmpty()) {
+    throw BackupError(BackupError::kUnfitValue,
+                      whereIs(col) + u"%1：“%2”。"_qs.arg(reason, text.left(kShown)));
   }
   return text;
 }
@@ -47,14 +52,15 @@ void TableRecords::requireEmptyText(int col) {
 }
 
 // Another program may have put anything into a column; a restore would refuse it, or make it 0.
-void TableRecords::requireFitting(int col, const QString& text) const {
-  bool fits = true;
-  if (form(col) == FieldForm::Moment) fits = readMoment(text).has_value();
-  if (form(col) == FieldForm::Number) text.toInt(&fits);
-  if (fits) return;
-  const QString wanted = form(col) == FieldForm::Moment ? u"日期或时间"_qs : u"整数"_qs;
-  throw BackupError(BackupError::kUnfitValue,
-                    whereIs(col) + u"不是%1：“%2”。"_qs.arg(wanted, text.left(kShown)));
+// Empty for a text that fits.
+QString TableRecords::reasonAgainst(int col, const QString& text) const {
+  if (form(col) == FieldForm::Text) return rows_.canHold(col, text) ? QString() : u"太长"_qs;
+  if (form(col) == FieldForm::Moment) return readMoment(text) ? QString() : u"不是日期或时间"_qs;
+  bool isWhole = false;
+  text.toInt(&isWhole);
+  if (!isWhole) return u"不是整数"_qs;
+  const bool isShort = rows_.columnKind(col) == ColumnKind::Int16;
+  return !isShort || rows_.canHold(col, text) ? QString() : u"超出了范围"_qs;
 }
 
 QString TableRecords::whereIs(int col) const {

@@ -19,20 +19,21 @@ class TableRecords {
   bool isText(int col) const;
 
   bool next();
-  // What the cell of the current record holds; "" for a field that is left out.
-  QString text(int col);
-  // The same; throws BackupError for a value that could not be restored as it is.
-  QString fittingText(int col);
+  // What the cells of the current record hold, "" for a field that is left out; valid until the
+  // next. Throws BackupError for a value that could not be restored as it is.
+  const std::vector<QString>& texts();
 
  private:
   FieldForm form(int col) const { return forms_[static_cast<std::size_t>(col)]; }
+  QString fittingText(int col);
   void requireEmptyText(int col);
-  void requireFitting(int col, const QString& text) const;
+  QString reasonAgainst(int col, const QString& text) const;
   QString whereIs(int col) const;
 
   QString table_;
   RowCursor rows_;
   std::vector<FieldForm> forms_;
+  std::vector<QString> texts_;
   qint64 record_ = 0;  // counted from 1
 };
 

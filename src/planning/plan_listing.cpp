@@ -3,6 +3,8 @@
 #include "planning/plan_rows.h"
 #include "store/statements.h"
 
+#include <array>
+
 namespace vellora {
 namespace {
 
@@ -19,17 +21,41 @@ class DateCells {
   QString cell_;
 };
 
-// Returns whether the entry's block was found.
-bool writeRow(Sheet& sheet, int row, RowCursor& entry, const TimeBlockList& blocks,
-              const QString& activity, DateCells& dates) {
-  const QString code = entry.text(u"SJKH");
-  const TimeBlock* block = blocks.find(code);
-  sheet.SetCellText(kPlanDate, row, dates.of(entry.date(u"RQ")));
-  sheet.SetCellTag(kPlanTime, row, code);
-  if (block) sheet.SetCellText(kPlanTime, row, block->cell);
-  sheet.SetCellText(kPlanActivity, row, activity);
-  sheet.SetCellText(kPlanRequirement, row, entry.text(u"HDYQ"));
-  sheet.SetCellText(kPlanLevel, row, entry.text(u"ZYDJ"));
+// Writes entries into the rows of a list, one after the other.
+class EntryRows {
+ public:
+  EntryRows(Sheet& sheet, RowCursor& entries, const TimeBlockList& blocks, const QString& activity)
+      : sheet_(sheet),
+        entries_(entries),
+        blocks_(blocks),
+        block_(entries.columnNamed(u"SJKH")),
+        date_(entries.columnNamed(u"RQ")),
+        requirement_(entries.columnNamed(u"HDYQ")),
+        level_(entries.columnNamed(u"ZYDJ")) {
+    texts_[kPlanActivity] = activity;
+  }
+
+  // Returns whether the current entry's block was found.
+  bool write(int row);
+
+ private:
+  Sheet& sheet_;
+  RowCursor& entries_;
+  const TimeBlockList& blocks_;
+  const int block_, date_, requirement_, level_;  // columns
+  DateCells dates_;
+  std::array<QString, kPlanCols> texts_;
+};
+
+bool EntryRows::write(int row) {
+  const QString code = entries_.text(block_);
+  const TimeBlock* block = blocks_.find(code);
+  texts_[kPlanDate] = dates_.of(entries_.date(date_));
+  texts_[kPlanTime] = block ? block->cell : QString();
+  texts_[kPlanRequirement] = entries_.text(requirement_);
+  texts_[kPlanLevel] = entries_.text(level_);
+  sheet_.SetRowTexts(row, texts_);
+  sheet_.SetCellTag(kPlanTime, row, code);
   return block != nullptr;
 }
 
@@ -42,11 +68,10 @@ QStringList listPlan(ScheduleStore& store, Sheet& sheet, const TimeBlockList& bl
   listed.SetRows(0);
   listed.SetRows(kMaxRows);  // until they are counted
   QStringList missing;
-  DateCells dates;
+  EntryRows rows(listed, entries, blocks, activity);
   int count = 0;
   while (entries.next()) {
-    const bool isWhole = writeRow(listed, count++, entries, blocks, activity, dates);
-    if (!isWhole) missing << entries.text(u"SJKH");
+    if (!rows.write(count++)) missing << entries.text(u"SJKH");
   }
   listed.SetRows(count + kSparePlanRows);
   sheet = listed;

@@ -2,7 +2,7 @@
 
 #include "store/schedule_store.h"
 
-#include <QHash>
+#include <QMap>
 #include <QList>
 #include <QString>
 
@@ -31,7 +31,8 @@ class TimeBlockList {
 
  private:
   QList<TimeBlock> blocks_;
-  QHash<QString, qsizetype> position_by_code_;
+  // Ordered: hashing a short code takes longer than finding it among a day's few blocks.
+  QMap<QString, qsizetype> position_by_code_;
 };
 
 }  // namespace vellora

@@ -112,12 +112,17 @@ qsizetype characterCount(const QString& text) {
   return count;
 }
 
+bool isShortEnough(const Column& column, const QString& text) {
+  const qsizetype most = column.mostCharacters;
+  return most < 0 || text.size() <= most || characterCount(text) <= most;
+}
+
 OwnedCell limitedTextCell(const Column& column, const QVariant& value) {
   const QString text = textOf(value);
-  const qsizetype most = column.mostCharacters;
-  if (most < 0 || text.size() <= most || characterCount(text) <= most) return textCell(text);
-  throw refusal(StoreFault::TextTooLong, column,
-                u"最多存 %1 个字，这里有 %2 个字"_qs.arg(most).arg(characterCount(text)));
+  if (isShortEnough(column, text)) return textCell(text);
+  throw refusal(
+      StoreFault::TextTooLong, column,
+      u"最多存 %1 个字，这里有 %2 个字"_qs.arg(column.mostCharacters).arg(characterCount(text)));
 }
 
 OwnedCell anyCell(const QVariant& value) {
@@ -192,6 +197,18 @@ OwnedCell columnCell(const Column& column, const QVariant& value) {
       return anyCell(value);
   }
   return {};
+}
+
+bool canHold(const Column& column, const QString& text) {
+  if (column.kind == ColumnKind::Text || column.kind == ColumnKind::LongText) {
+    return isShortEnough(column, text);
+  }
+  try {
+    columnCell(column, text);
+    return true;
+  } catch (const StoreError&) {
+    return false;
+  }
 }
 
 }  // namespace vellora

@@ -30,5 +30,7 @@ const Column& columnAt(const QList<Column>& columns, int position);
 // fraction for an integer column rounds half to even; a character outside the basic plane counts
 // once.
 OwnedCell columnCell(const Column& column, const QVariant& value);
+// Whether it can hold what a text says.
+bool canHold(const Column& column, const QString& text);
 
 }  // namespace vellora

@@ -6,7 +6,7 @@
 namespace vellora {
 
 Cell RowReader::cellNamed(QStringView name) {
-  return cell(columnPosition(columns(), name));
+  return cell(columnNamed(name));
 }
 
 Cell RowReader::cellAt(int position) {
@@ -15,7 +15,7 @@ Cell RowReader::cellAt(int position) {
 }
 
 QVariant RowReader::value(QStringView name) {
-  return value(static_cast<int>(columnPosition(columns(), name)));
+  return value(columnNamed(name));
 }
 
 QVariant RowReader::value(int position) {
@@ -32,6 +32,10 @@ QString RowReader::text(int position) {
 
 QDate RowReader::date(QStringView name) {
   return cellDate(cellNamed(name));
+}
+
+QDate RowReader::date(int position) {
+  return cellDate(cellAt(position));
 }
 
 QTime RowReader::time(QStringView name) {
@@ -56,6 +60,14 @@ QString RowReader::columnName(int position) const {
 
 ColumnKind RowReader::columnKind(int position) const {
   return columnAt(columns(), position).kind;
+}
+
+int RowReader::columnNamed(QStringView name) const {
+  return static_cast<int>(columnPosition(columns(), name));
+}
+
+bool RowReader::canHold(int position, const QString& text) const {
+  return vellora::canHold(columnAt(columns(), position), text);
 }
 
 }  // namespace vellora

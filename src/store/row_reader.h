@@ -28,6 +28,7 @@ class RowReader {
   QString text(QStringView name);
   QString text(int position);
   QDate date(QStringView name);
+  QDate date(int position);
   QTime time(QStringView name);
   qint64 number(QStringView name);
   qint64 number(int position);
@@ -35,6 +36,10 @@ class RowReader {
   int columnCount() const;
   QString columnName(int position) const;
   ColumnKind columnKind(int position) const;
+  // Where a column of this name is; StoreFault::ColumnMissing when there is none.
+  int columnNamed(QStringView name) const;
+  // Whether a text, or the number, date or time that it says, could be stored in the column.
+  bool canHold(int position, const QString& text) const;
 
  private:
   virtual const QList<Column>& columns() const = 0;

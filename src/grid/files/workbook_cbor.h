@@ -4,6 +4,8 @@
 #include "grid/sheet/workbook.h"
 
 #include <functional>
+#include <optional>
+#include <vector>
 
 class QCborStreamWriter;
 
@@ -34,8 +36,29 @@ namespace vellora {
 void encodeWorkbook(const Workbook& workbook, QCborStreamWriter& writer,
                     const std::function<bool()>& stops);
 
-// Throws MalformedContent. Calls pulse() before each row.
-Workbook decodeWorkbook(CborInput& input, const std::function<void()>& pulse);
+// One row as a file has it; what it leaves out is empty.
+struct DecodedRow {
+  struct Cell {
+    int col = 0;
+    QString text;
+    QString tag;
+    const CellSettings* settings = nullptr;  // null: nothing set
+  };
+
+  int index = 0;
+  std::optional<int> height;
+  bool isHidden = false;
+  std::vector<Cell> cells;  // from the left to the right
+};
+
+// What becomes of the rows of sheet 0, then of those of sheet 1 and so on, each from the top to the
+// bottom. The sheet has its columns and its number of rows.
+using RowTaker = std::function<void(int index, Sheet& sheet, const DecodedRow& row)>;
+
+void putRow(Sheet& sheet, const DecodedRow& row);
+
+// Throws MalformedContent. The rows of the workbook hold what `takeRow` put there.
+Workbook decodeWorkbook(CborInput& input, const RowTaker& takeRow);
 
 inline constexpr std::size_t kMaxNumberedTexts = 65'536;
 inline constexpr int kMaxSheets = 1'000;

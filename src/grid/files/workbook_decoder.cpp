@@ -1,7 +1,7 @@
 #include "grid/files/workbook_cbor.h"
 
+#include <deque>
 #include <limits>
-#include <vector>
 
 namespace vellora {
 namespace {
@@ -90,8 +90,8 @@ CellSettings readSettings(CborInput& input) {
 
 class SheetDecoder {
  public:
-  SheetDecoder(CborInput& input, const std::function<void()>& pulse)
-      : input_(input), pulse_(pulse) {}
+  SheetDecoder(CborInput& input, int index, const RowTaker& takeRow)
+      : input_(input), index_(index), takeRow_(takeRow) {}
 
   QString name;
   Sheet sheet;
@@ -100,16 +100,19 @@ class SheetDecoder {
  private:
   void columns();
   void row();
-  // Each gives the column that it filled; the next one stands free.
-  int plainCell(int next, int row);
-  int cell(int next, int row);
-  void look(int col, int row);
+  // The next column stands free.
+  DecodedRow::Cell plainCell(int next);
+  DecodedRow::Cell cell(int next);
+  const CellSettings* look();
+  void columnLook(int col, int row);
   QString text();
 
   CborInput& input_;
-  const std::function<void()>& pulse_;
+  int index_;
+  const RowTaker& takeRow_;
+  DecodedRow row_;
   int nextRow_ = 0;
-  std::vector<CellSettings> looks_;
+  std::deque<CellSettings> looks_;  // rows point to them
   std::vector<QString> texts_;
 };
 
@@ -124,8 +127,8 @@ void SheetDecoder::decode() {
   sheet.SetRows(rows);
   input_.enterArray();
   while (input_.hasNext()) {
-    pulse_();
     row();
+    takeRow_(index_, sheet, row_);
   }
   input_.leave();
   input_.leave();
@@ -140,8 +143,8 @@ void SheetDecoder::columns() {
     if (const auto width = optionalSize(input_)) sheet.SetColumnWidth(col, *width);
     sheet.SetCellText(col, kHeadingRow, text());
     sheet.SetCellTag(col, kHeadingRow, text());
-    look(col, kHeadingRow);
-    look(col, kEveryRow);
+    columnLook(col, kHeadingRow);
+    columnLook(col, kEveryRow);
     input_.leave();
   }
   input_.leave();
@@ -149,39 +152,41 @@ void SheetDecoder::columns() {
 
 void SheetDecoder::row() {
   input_.enterArray();
-  const int row = nextRow_ + small(input_, sheet.Rows() - nextRow_ - 1);
-  if (const auto height = optionalSize(input_)) sheet.SetRowHeight(row, *height);
-  if (input_.boolean()) sheet.HideRow(row);
-  for (int next = 0; input_.hasNext();) {
+  row_.index = nextRow_ + small(input_, sheet.Rows() - nextRow_ - 1);
+  row_.height = optionalSize(input_);
+  row_.isHidden = input_.boolean();
+  row_.cells.clear();
+  for (int next = 0; input_.hasNext(); next = row_.cells.back().col + 1) {
     if (next == sheet.Cols()) throw MalformedContent();
-    next = 1 + (input_.isArray() ? cell(next, row) : plainCell(next, row));
+    row_.cells.push_back(input_.isArray() ? cell(next) : plainCell(next));
   }
   input_.leave();
-  nextRow_ = row + 1;
+  nextRow_ = row_.index + 1;
 }
 
-int SheetDecoder::plainCell(int next, int row) {
-  sheet.SetCellText(next, row, text());
-  return next;
+DecodedRow::Cell SheetDecoder::plainCell(int next) {
+  return {next, text(), QString(), nullptr};
 }
 
-int SheetDecoder::cell(int next, int row) {
+DecodedRow::Cell SheetDecoder::cell(int next) {
   input_.enterArray();
-  const int col = next + small(input_, sheet.Cols() - next - 1);
-  look(col, row);
-  sheet.SetCellText(col, row, text());
-  sheet.SetCellTag(col, row, text());
+  DecodedRow::Cell cell;
+  cell.col = next + small(input_, sheet.Cols() - next - 1);
+  cell.settings = look();
+  cell.text = text();
+  cell.tag = text();
   input_.leave();
-  return col;
+  return cell;
 }
 
-void SheetDecoder::look(int col, int row) {
-  if (!input_.isInteger()) {
-    looks_.push_back(readSettings(input_));
-    sheet.SetCellSettings(col, row, looks_.back());
-  } else if (const int number = small(input_, static_cast<int>(looks_.size())); number > 0) {
-    sheet.SetCellSettings(col, row, looks_[static_cast<std::size_t>(number) - 1]);
-  }
+const CellSettings* SheetDecoder::look() {
+  if (!input_.isInteger()) return &looks_.emplace_back(readSettings(input_));
+  const int number = small(input_, static_cast<int>(looks_.size()));
+  return number > 0 ? &looks_[static_cast<std::size_t>(number) - 1] : nullptr;
+}
+
+void SheetDecoder::columnLook(int col, int row) {
+  if (const CellSettings* settings = look()) sheet.SetCellSettings(col, row, *settings);
 }
 
 QString SheetDecoder::text() {
@@ -207,11 +212,11 @@ PageSetup readPageSetup(CborInput& input) {
   return setup;
 }
 
-void readSheets(CborInput& input, Workbook& workbook, const std::function<void()>& pulse) {
+void readSheets(CborInput& input, Workbook& workbook, const RowTaker& takeRow) {
   input.enterArray();
   for (int index = 0; index == 0 || input.hasNext(); ++index) {
     if (index == kMaxSheets) throw MalformedContent();
-    SheetDecoder decoder(input, pulse);
+    SheetDecoder decoder(input, index, takeRow);
     decoder.decode();
     if (index > 0) workbook.AddSheet(QString());
     workbook.SetSheetName(decoder.name, index);
@@ -222,12 +227,22 @@ void readSheets(CborInput& input, Workbook& workbook, const std::function<void()
 
 }  // namespace
 
-Workbook decodeWorkbook(CborInput& input, const std::function<void()>& pulse) {
+void putRow(Sheet& sheet, const DecodedRow& row) {
+  if (row.height) sheet.SetRowHeight(row.index, *row.height);
+  if (row.isHidden) sheet.HideRow(row.index);
+  for (const DecodedRow::Cell& cell : row.cells) {
+    if (cell.settings) sheet.SetCellSettings(cell.col, row.index, *cell.settings);
+    sheet.SetCellText(cell.col, row.index, cell.text);
+    sheet.SetCellTag(cell.col, row.index, cell.tag);
+  }
+}
+
+Workbook decodeWorkbook(CborInput& input, const RowTaker& takeRow) {
   Workbook workbook;
   input.enterArray();
   workbook.pageSetup = readPageSetup(input);
   const int current = small(input, kMaxSheets - 1);
-  readSheets(input, workbook, pulse);
+  readSheets(input, workbook, takeRow);
   input.leave();
   if (current >= workbook.SheetCount()) throw MalformedContent();
   workbook.SetCurrentSheet(current);

@@ -70,14 +70,11 @@ class SheetEncoder {
  private:
   void column(int col);
   void row(int row, int skipped);
-  void cell(int col, int row, int skipped);
-  bool isEmpty(int row) const;
-  bool isEmpty(int col, int row) const;
-  bool isPlain(int col, int row) const;  // at most a text
-  void look(int col, int row);
+  void cell(int col, int row, const CellNumbers& numbers, int skipped);
+  void look(int col, int row, int settingsNumber);
   void text(const QString& text);
-  void cellText(int col, int row);
-  void cellTag(int col, int row);
+  void cellText(int col, int row, quint32 number);
+  void cellTag(int col, int row, quint32 number);
   // Writes the number of a text that the sheet knows by this one, if it has got one.
   bool appendKnown(quint32 sheetNumber);
   void newText(quint32 sheetNumber, const QString& content);
@@ -102,7 +99,7 @@ void SheetEncoder::encode(const QString& name, const std::function<bool()>& stop
   int next = 0;
   for (int r = sheet_.NextWrittenRow(0); r < sheet_.Rows() && !stops();
        r = sheet_.NextWrittenRow(r + 1)) {
-    if (isEmpty(r)) continue;
+    if (sheet_.IsRowEmpty(r)) continue;
     row(r, r - next);
     next = r + 1;
   }
@@ -115,8 +112,8 @@ void SheetEncoder::column(int col) {
   appendSize(writer_, sheet_.ColumnWidth(col));
   text(sheet_.GetCellText(col, kHeadingRow));
   text(sheet_.CellTag(col, kHeadingRow));
-  look(col, kHeadingRow);
-  look(col, kEveryRow);
+  look(col, kHeadingRow, sheet_.SettingsNumberAt(col, kHeadingRow));
+  look(col, kEveryRow, sheet_.SettingsNumberAt(col, kEveryRow));
   writer_.endArray();
 }
 
@@ -127,51 +124,35 @@ void SheetEncoder::row(int row, int skipped) {
   writer_.append(sheet_.IsRowHidden(row));
   int next = 0;
   for (int col = 0; col < sheet_.Cols(); ++col) {
-    if (isEmpty(col, row)) continue;
-    if (col == next && isPlain(col, row)) {
-      cellText(col, row);
+    const CellNumbers numbers = sheet_.NumbersAt(col, row);
+    if (numbers == CellNumbers()) continue;
+    if (col == next && numbers.settings == 0 && numbers.tag == 0) {
+      cellText(col, row, numbers.text);
     } else {
-      cell(col, row, col - next);
+      cell(col, row, numbers, col - next);
     }
     next = col + 1;
   }
   writer_.endArray();
 }
 
-void SheetEncoder::cell(int col, int row, int skipped) {
+void SheetEncoder::cell(int col, int row, const CellNumbers& numbers, int skipped) {
   writer_.startArray(4);
   writer_.append(skipped);
-  look(col, row);
-  cellText(col, row);
-  cellTag(col, row);
+  look(col, row, static_cast<int>(numbers.settings));
+  cellText(col, row, numbers.text);
+  cellTag(col, row, numbers.tag);
   writer_.endArray();
 }
 
-bool SheetEncoder::isEmpty(int row) const {
-  if (sheet_.RowHeight(row) || sheet_.IsRowHidden(row)) return false;
-  for (int col = 0; col < sheet_.Cols(); ++col) {
-    if (!isEmpty(col, row)) return false;
-  }
-  return true;
-}
-
-bool SheetEncoder::isEmpty(int col, int row) const {
-  return sheet_.TextNumberAt(col, row) == 0 && isPlain(col, row);
-}
-
-bool SheetEncoder::isPlain(int col, int row) const {
-  return sheet_.SettingsNumberAt(col, row) == 0 && sheet_.TagNumberAt(col, row) == 0;
-}
-
-void SheetEncoder::look(int col, int row) {
-  const int number = sheet_.SettingsNumberAt(col, row);
-  const auto known = looks_.constFind(number);
-  if (number == 0) {
+void SheetEncoder::look(int col, int row, int settingsNumber) {
+  const auto known = looks_.constFind(settingsNumber);
+  if (settingsNumber == 0) {
     writer_.append(0);
   } else if (known != looks_.constEnd()) {
     writer_.append(*known);
   } else {
-    looks_.insert(number, static_cast<int>(looks_.size()) + 1);
+    looks_.insert(settingsNumber, static_cast<int>(looks_.size()) + 1);
     appendSettings(writer_, sheet_.SettingsAt(col, row));
   }
 }
@@ -182,13 +163,11 @@ void SheetEncoder::text(const QString& text) {
   if (!text.isEmpty() && textCount_ < kMaxNumberedTexts) ++textCount_;
 }
 
-void SheetEncoder::cellText(int col, int row) {
-  const quint32 number = sheet_.TextNumberAt(col, row);
+void SheetEncoder::cellText(int col, int row, quint32 number) {
   if (!appendKnown(number)) newText(number, sheet_.GetCellText(col, row));
 }
 
-void SheetEncoder::cellTag(int col, int row) {
-  const quint32 number = sheet_.TagNumberAt(col, row);
+void SheetEncoder::cellTag(int col, int row, quint32 number) {
   if (!appendKnown(number)) newText(number, sheet_.CellTag(col, row));
 }
 

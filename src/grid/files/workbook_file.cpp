@@ -2,6 +2,7 @@
 
 #include "grid/files/hashing_device.h"
 #include "grid/files/workbook_cbor.h"
+#include "grid/files/workbook_comparison.h"
 
 #include <QCborStreamWriter>
 #include <QFile>
@@ -78,21 +79,41 @@ void checkWhole(QFile& file, const QString& path, const std::function<void()>& p
   }
 }
 
-}  // namespace
-
-Workbook readWorkbookFile(const QString& path, const std::function<void()>& pulse) {
+Workbook readRows(const QString& path, const std::function<void()>& pulse,
+                  const RowTaker& takeRow) {
   QFile file;
   openForReading(file, path);
   checkWhole(file, path, pulse);
   try {
     // In one piece, for the reader asks a device anew at every item. Its hash was right.
     CborInput input(file.read(file.size() - kHeadSize - kHashSize));
-    Workbook workbook = decodeWorkbook(input, SparePulse(pulse));
+    Workbook workbook = decodeWorkbook(input, takeRow);
     if (!input.atEnd()) throw MalformedContent();
     return workbook;
   } catch (const MalformedContent&) {
     throw FileError(u"文件“%1”的内容有误，无法读取。"_qs.arg(path));
   }
+}
+
+}  // namespace
+
+Workbook readWorkbookFile(const QString& path, const std::function<void()>& pulse) {
+  SparePulse spare(pulse);
+  return readRows(path, pulse, [&spare](int, Sheet& sheet, const DecodedRow& row) {
+    spare();
+    putRow(sheet, row);
+  });
+}
+
+bool holdsWorkbook(const QString& path, const Workbook& expected,
+                   const std::function<void()>& pulse) {
+  SparePulse spare(pulse);
+  WorkbookComparison comparison(expected);
+  const Workbook read = readRows(path, pulse, [&](int index, Sheet&, const DecodedRow& row) {
+    spare();
+    comparison.take(index, row);
+  });
+  return comparison.isSame(read);
 }
 
 void writeWorkbook(const Workbook& workbook, SafeFile& file, const std::function<void()>& pulse) {

@@ -18,6 +18,11 @@ namespace vellora {
 // version, or differs by as little as one bit from what was written.
 Workbook readWorkbookFile(const QString& path, const std::function<void()>& pulse = {});
 
+// Whether the file, read as above, holds exactly this workbook. It is compared while it is read: a
+// second workbook would take as much memory again.
+bool holdsWorkbook(const QString& path, const Workbook& expected,
+                   const std::function<void()>& pulse = {});
+
 // Writes a workbook of at most 1,000 sheets into a file that its owner commits.
 void writeWorkbook(const Workbook& workbook, SafeFile& file,
                    const std::function<void()>& pulse = {});

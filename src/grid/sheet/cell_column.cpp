@@ -19,13 +19,13 @@ CellColumn::~CellColumn() {
   remove(0, static_cast<int>(cells_.size()));
 }
 
-const CellColumn::Cell& CellColumn::at(int index) const {
-  static constexpr Cell kEmptyCell;
+const CellNumbers& CellColumn::at(int index) const {
+  static constexpr CellNumbers kEmptyCell;
   const auto position = static_cast<std::size_t>(index);
   return position < cells_.size() ? cells_[position] : kEmptyCell;
 }
 
-CellColumn::Cell& CellColumn::writable(int index) {
+CellNumbers& CellColumn::writable(int index) {
   const auto position = static_cast<std::size_t>(index);
   if (position >= cells_.size()) cells_.resize(position + 1);
   return cells_[position];
@@ -54,16 +54,16 @@ void CellColumn::restyle(int first, int last, const Restyle& map) {
   StyleTable::Number from = StyleTable::kNothingSet;
   StyleTable::Number to = map(from);
   for (int index = last; index >= first; --index) {
-    Cell& cell = writable(index);
-    if (cell.style != from) to = map(from = cell.style);
-    cell.style = to;
+    CellNumbers& cell = writable(index);
+    if (cell.settings != from) to = map(from = cell.settings);
+    cell.settings = to;
   }
 }
 
 void CellColumn::insert(int index, int count) {
   const auto position = static_cast<std::size_t>(index);
   if (position >= cells_.size()) return;
-  cells_.insert(cells_.begin() + index, static_cast<std::size_t>(count), Cell());
+  cells_.insert(cells_.begin() + index, static_cast<std::size_t>(count), CellNumbers());
 }
 
 void CellColumn::remove(int index, int count) {
@@ -71,7 +71,7 @@ void CellColumn::remove(int index, int count) {
   if (index >= end) return;
   const auto from = cells_.begin() + index;
   const auto to = cells_.begin() + end;
-  std::for_each(from, to, [this](const Cell& cell) {
+  std::for_each(from, to, [this](const CellNumbers& cell) {
     pool_->release(cell.text);
     pool_->release(cell.tag);
   });
@@ -91,7 +91,7 @@ void CellColumn::append(int index, const CellColumn& other) {
   cells_.reserve(static_cast<std::size_t>(index) + other.cells_.size());
   cells_.resize(static_cast<std::size_t>(index));
   cells_.insert(cells_.end(), other.cells_.begin(), other.cells_.end());
-  for (const Cell& cell : other.cells_) {
+  for (const CellNumbers& cell : other.cells_) {
     pool_->retain(cell.text);
     pool_->retain(cell.tag);
   }

@@ -24,13 +24,11 @@ class CellColumn {
 
   const QString& text(int index) const { return pool_->text(at(index).text); }
   const QString& tag(int index) const { return pool_->text(at(index).tag); }
-  TextPool::Id textId(int index) const { return at(index).text; }
-  TextPool::Id tagId(int index) const { return at(index).tag; }
-  StyleTable::Number style(int index) const { return at(index).style; }
+  const CellNumbers& numbers(int index) const { return at(index); }
 
   void setText(int index, const QString& text);
   void setTag(int index, const QString& tag) { replace(writable(index).tag, tag); }
-  StyleTable::Number& writableStyle(int index) { return writable(index).style; }
+  StyleTable::Number& writableSettings(int index) { return writable(index).settings; }
   void restyle(int first, int last, const Restyle& map);
 
   void insert(int index, int count);
@@ -41,18 +39,12 @@ class CellColumn {
   void append(int index, const CellColumn& other);
 
  private:
-  struct Cell {
-    TextPool::Id text = TextPool::kEmpty;
-    TextPool::Id tag = TextPool::kEmpty;
-    StyleTable::Number style = StyleTable::kNothingSet;
-  };
-
-  const Cell& at(int index) const;
-  Cell& writable(int index);
+  const CellNumbers& at(int index) const;
+  CellNumbers& writable(int index);
   void replace(TextPool::Id& id, const QString& text);
 
   TextPool* pool_;
-  std::vector<Cell> cells_;
+  std::vector<CellNumbers> cells_;
 };
 
 }  // namespace vellora

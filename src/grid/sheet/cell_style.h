@@ -71,4 +71,14 @@ struct CellSettings {
   friend bool operator==(const CellSettings&, const CellSettings&) = default;
 };
 
+// What a cell holds as small numbers, by which a writer tells cells apart: equal texts and tags of
+// a sheet have equal numbers, and so have equal settings. 0 is none.
+struct CellNumbers {
+  quint32 text = 0;
+  quint32 tag = 0;
+  quint32 settings = 0;
+
+  friend bool operator==(const CellNumbers&, const CellNumbers&) = default;
+};
+
 }  // namespace vellora

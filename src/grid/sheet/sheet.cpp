@@ -80,6 +80,11 @@ void Sheet::SetCellText(int col, int row, const QString& text) {
   if (row == kEveryRow || content_->text(col, row) != text) change().setText(col, row, text);
 }
 
+void Sheet::SetRowTexts(int row, std::span<const QString> texts) {
+  const auto count = std::min(texts.size(), static_cast<std::size_t>(Cols()));
+  if (hasRow(row)) change().setTexts(row, texts.first(count));
+}
+
 QString Sheet::CellTag(int col, int row) const {
   return has(col, row) ? content_->tag(col, row) : QString();
 }
@@ -89,12 +94,8 @@ void Sheet::SetCellTag(int col, int row, const QString& tag) {
   if (row == kEveryRow || content_->tag(col, row) != tag) change().setTag(col, row, tag);
 }
 
-quint32 Sheet::TextNumberAt(int col, int row) const {
-  return row >= 0 && has(col, row) ? content_->textId(col, row) : TextPool::kEmpty;
-}
-
-quint32 Sheet::TagNumberAt(int col, int row) const {
-  return row >= 0 && has(col, row) ? content_->tagId(col, row) : TextPool::kEmpty;
+CellNumbers Sheet::NumbersAt(int col, int row) const {
+  return row >= 0 && has(col, row) ? content_->numbers(col, row) : CellNumbers();
 }
 
 void Sheet::SetColumnWidth(int col, int width) {
@@ -135,6 +136,14 @@ bool Sheet::IsRowHidden(int row) const {
   if (!hasRow(row)) return false;
   const auto place = content_->blocks().find(row);
   return place.block && place.block->look(place.index).hidden;
+}
+
+bool Sheet::IsRowEmpty(int row) const {
+  if (RowHeight(row) || IsRowHidden(row)) return false;
+  for (int col = 0; col < Cols(); ++col) {
+    if (NumbersAt(col, row) != CellNumbers()) return false;
+  }
+  return true;
 }
 
 int Sheet::NextWrittenRow(int row) const {

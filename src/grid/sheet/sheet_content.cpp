@@ -44,16 +44,10 @@ const QString& SheetContent::tag(int col, int row) const {
   return cells ? cells->tag(place.index) : kNoText;
 }
 
-TextPool::Id SheetContent::textId(int col, int row) const {
+CellNumbers SheetContent::numbers(int col, int row) const {
   const auto place = rows_.find(row);
   const CellColumn* cells = place.block ? place.block->column(col) : nullptr;
-  return cells ? cells->textId(place.index) : TextPool::kEmpty;
-}
-
-TextPool::Id SheetContent::tagId(int col, int row) const {
-  const auto place = rows_.find(row);
-  const CellColumn* cells = place.block ? place.block->column(col) : nullptr;
-  return cells ? cells->tagId(place.index) : TextPool::kEmpty;
+  return cells ? cells->numbers(place.index) : CellNumbers();
 }
 
 void SheetContent::setText(int col, int row, const QString& text) {
@@ -64,6 +58,16 @@ void SheetContent::setText(int col, int row, const QString& text) {
   } else {
     const auto place = rows_.write(row);
     place.block.writableColumn(col).setText(place.index, text);
+  }
+}
+
+void SheetContent::setTexts(int row, std::span<const QString> texts) {
+  const auto place = rows_.write(row);
+  for (int col = 0; const QString& text : texts) {
+    if (!text.isEmpty() || place.block.column(col)) {
+      place.block.writableColumn(col).setText(place.index, text);
+    }
+    ++col;
   }
 }
 
@@ -83,7 +87,7 @@ Number SheetContent::own(int col, int row) const {
   if (row == kEveryRow) return column(col).defaults;
   const auto place = rows_.find(row);
   const CellColumn* cells = place.block ? place.block->column(col) : nullptr;
-  return cells ? cells->style(place.index) : StyleTable::kNothingSet;
+  return cells ? cells->numbers(place.index).settings : StyleTable::kNothingSet;
 }
 
 Number SheetContent::shown(int col, int row) const {
@@ -99,7 +103,7 @@ void SheetContent::set(int col, int row, CellProperty property, quint64 word) {
     return;
   }
   const auto place = rows_.write(row);
-  Number& style = place.block.writableColumn(col).writableStyle(place.index);
+  Number& style = place.block.writableColumn(col).writableSettings(place.index);
   style = styles_.with(style, property, word);
   admit(column(col), style);
 }
@@ -109,7 +113,7 @@ void SheetContent::setOwn(int col, int row, Number style) {
   if (row == kEveryRow) return setDefaults(column(col), style);
   admit(column(col), style);
   const auto place = rows_.write(row);
-  place.block.writableColumn(col).writableStyle(place.index) = style;
+  place.block.writableColumn(col).writableSettings(place.index) = style;
 }
 
 void SheetContent::setBorder(int col, int firstRow, int lastRow, quint64 word) {

@@ -2,7 +2,7 @@
 
 #include "grid/sheet/row_blocks.h"
 
-#include <QVariant>
+#include <span>
 
 namespace vellora {
 
@@ -21,10 +21,9 @@ class SheetContent {
   // Valid until the content changes.
   const QString& text(int col, int row) const;
   const QString& tag(int col, int row) const;
-  // Equal texts and tags of the rows have equal numbers, empty ones 0.
-  TextPool::Id textId(int col, int row) const;
-  TextPool::Id tagId(int col, int row) const;
+  CellNumbers numbers(int col, int row) const;  // not of headings
   void setText(int col, int row, const QString& text);
+  void setTexts(int row, std::span<const QString> texts);  // of the first columns; not of headings
   void setTag(int col, int row, const QString& tag);
 
   // Numbers of what was set on the place itself, and of what it looks like with the defaults below.

@@ -161,6 +161,43 @@ TEST_F(WorkbookFile, KeepsASheetWithoutAnythingAndOneOfABillionRows) {
   EXPECT_LT(test::bytesOf(path).size(), 300);
 }
 
+TEST_F(WorkbookFile, TellsAWorkbookFromOneThatDiffersInOnePlace) {
+  const Workbook sample = test::sampleWorkbook();
+  writeWorkbookFile(sample, path);
+  EXPECT_TRUE(holdsWorkbook(path, sample));
+  const std::function<void(Workbook&)> changes[]{
+      [](Workbook& book) { book.AddSheet(QString()); },
+      [](Workbook& book) { book.SetSheetName(u"HD"_qs, 0); },
+      [](Workbook& book) { book.SetCurrentSheet(0); },
+      [](Workbook& book) { book.pageSetup.marginTop = 11.5; },
+      [](Workbook& book) { book.sheetAt(0).SetRows(1); },
+      [](Workbook& book) { book.sheet().SetCols(4); },
+      [](Workbook& book) { book.sheet().SetDefaultRowHeight(39); },
+      [](Workbook& book) { book.sheet().SetDefaultFont(10, kFontRegular, u"楷体_GB2312"_qs); },
+      [](Workbook& book) { book.sheet().SetColumnWidth(1, 261); },
+      [](Workbook& book) { book.sheet().SetCellText(1, kHeadingRow, u"类别"_qs); },
+      [](Workbook& book) { book.sheet().SetCellTag(1, kHeadingRow, QString()); },
+      [](Workbook& book) { book.sheet().SetCellAlign(1, kHeadingRow, kAlignRight); },
+      [](Workbook& book) { book.sheet().SetCellAlign(0, kEveryRow, kAlignRight); },
+      [](Workbook& book) { book.sheet().SetCellText(0, 0, u"08:00"_qs); },
+      [](Workbook& book) { book.sheet().SetCellTag(0, 0, u"A02"_qs); },
+      [](Workbook& book) { book.sheet().SetCellFont(2, 0, 13, kFontBold, u"黑体"_qs); },
+      [](Workbook& book) { book.sheet().SetCellText(0, 1, u"中间"_qs); },
+      [](Workbook& book) { book.sheet().SetCellText(1, 0, u"中间"_qs); },
+      [](Workbook& book) { book.sheet().SetCellWrap(1, 39, true); },
+      [](Workbook& book) { book.sheet().SetRowHeight(3, 52); },
+      [](Workbook& book) { book.sheet().HideRow(39); },
+  };
+  for (const auto& change : changes) {
+    Workbook changed = sample;
+    change(changed);
+    writeWorkbookFile(sample, path);
+    EXPECT_FALSE(holdsWorkbook(path, changed)) << "change " << &change - changes;
+    writeWorkbookFile(changed, path);
+    EXPECT_FALSE(holdsWorkbook(path, sample)) << "change " << &change - changes;
+  }
+}
+
 TEST_F(WorkbookFile, RefusesEveryTruncation) {
   const QByteArray whole = sampleBytes();
   ASSERT_EQ(messageFor(whole), QString());

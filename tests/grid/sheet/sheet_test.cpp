@@ -91,6 +91,25 @@ TEST(Sheet, WritesTextsOfAWholeColumnIntoThePresentRows) {
   EXPECT_EQ(sheet.GetCellText(1, 3), QString());
 }
 
+TEST(Sheet, WritesTheFirstTextsOfARowAtOnce) {
+  Sheet sheet = sheetOf(3, 2);
+  sheet.SetCellText(1, 1, u"旧"_qs);
+  sheet.SetCellText(2, 1, u"留"_qs);
+  const Sheet before = sheet;
+  const QString two[]{u"左"_qs, QString()};
+  sheet.SetRowTexts(1, two);
+  EXPECT_EQ(sheet.GetCellText(0, 1), u"左"_qs);
+  EXPECT_EQ(sheet.GetCellText(1, 1), QString());
+  EXPECT_EQ(sheet.GetCellText(2, 1), u"留"_qs);
+  EXPECT_EQ(before.GetCellText(1, 1), u"旧"_qs);
+  const QString four[]{u"一"_qs, u"二"_qs, u"三"_qs, u"多"_qs};
+  sheet.SetRowTexts(0, four);
+  EXPECT_EQ(sheet.GetCellText(2, 0), u"三"_qs);
+  for (const int outside : {kHeadingRow, kEveryRow, 2}) sheet.SetRowTexts(outside, four);
+  EXPECT_EQ(sheet.GetCellText(0, kHeadingRow), QString());
+  EXPECT_EQ(sheet.GetCellText(0, 1), u"左"_qs);
+}
+
 TEST(Sheet, CopiesAreSnapshots) {
   Sheet sheet = sheetOf(2, 600);
   sheet.SetCellText(0, 500, u"前"_qs);
