@@ -2,8 +2,8 @@
 
 #include "store/schedule_store.h"
 
-#include <QMap>
 #include <QList>
+#include <QMap>
 #include <QString>
 
 namespace vellora {
