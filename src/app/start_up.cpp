@@ -20,6 +20,8 @@ bool isDamaged(const ScheduleStore& store) {
     return !store.isSound();
   } catch (const StoreError& error) {
     return error.fault() == StoreFault::Damaged;
+  } catch (const WorkGivenUp&) {
+    return false;  // the program ends
   }
 }
 
@@ -28,7 +30,9 @@ bool isDamaged(const ScheduleStore& store) {
 StartUp::StartUp(const QString& programDir, Prompts& prompts, const Clock& clock)
     : store_(programDir + u"/SY.mdb"_qs),
       looked_through_(programDir + u"/SY.mdb"_qs),
-      state_{store_, prompts, clock, programDir, readSkinPath(store_, programDir), QString()} {}
+      state_{store_, prompts, clock, programDir, readSkinPath(store_, programDir), QString()} {
+  store_.setWait([this] { return wait_.goesOn(); });
+}
 
 StartUp::~StartUp() {
   looked_through_.interrupt();

@@ -2,6 +2,7 @@
 
 #include "board/week_board.h"
 #include "shell/application_state.h"
+#include "shell/store_wait.h"
 
 #include <memory>
 #include <thread>
@@ -29,6 +30,7 @@ class StartUp {
   void lookForDamage();
   void warnOfDamage();
 
+  StoreWait wait_;
   ScheduleStore store_;
   ScheduleStore looked_through_;  // the same file once more, for the other thread
   ApplicationState state_;

@@ -20,9 +20,14 @@ using WorkProgress = std::function<bool(const WorkStep&)>;
 // Thrown through the work when it is given up.
 struct WorkGivenUp {};
 
+// Passes on one step; false to give the work up.
+inline bool goesOn(const WorkProgress& progress, const WorkStep& step) {
+  return !progress || progress(step) || !step.canStop;
+}
+
 // Passes on one step; throws WorkGivenUp.
 inline void report(const WorkProgress& progress, const WorkStep& step) {
-  if (progress && !progress(step) && step.canStop) throw WorkGivenUp();
+  if (!goesOn(progress, step)) throw WorkGivenUp();
 }
 
 }  // namespace vellora

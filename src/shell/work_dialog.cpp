@@ -11,6 +11,11 @@ namespace {
 constexpr qint64 kPatience = 200;  // milliseconds until the dialog appears
 constexpr qint64 kBetween = 30;    // milliseconds from one look at the user to the next
 
+QString textOf(const WorkStep& step) {
+  if (step.total > 0) return u"%1 %2 / %3"_qs.arg(step.what).arg(step.done).arg(step.total);
+  return step.done > 0 ? u"%1 %2"_qs.arg(step.what).arg(step.done) : step.what;
+}
+
 }  // namespace
 
 WorkDialog::WorkDialog(QWidget* parent)
@@ -45,8 +50,7 @@ bool WorkDialog::show(const WorkStep& step) {
 
 void WorkDialog::display(const WorkStep& step) {
   cancel_->setEnabled(step.canStop);
-  setLabelText(step.total > 0 ? u"%1 %2 / %3"_qs.arg(step.what).arg(step.done).arg(step.total)
-                              : step.what + u' ' + QString::number(step.done));
+  setLabelText(textOf(step));
   setMaximum(static_cast<int>(step.total));
   setValue(static_cast<int>(step.done));
 }

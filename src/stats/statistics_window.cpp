@@ -3,6 +3,7 @@
 #include "grid/surface/grid_surface.h"
 #include "routine/category.h"
 #include "shell/date_picker.h"
+#include "shell/work_dialog.h"
 #include "stats/time_use.h"
 #include "store/store_error.h"
 
@@ -10,6 +11,7 @@
 #include <QGridLayout>
 #include <QLabel>
 #include <QPushButton>
+#include <QStyle>
 
 #include <algorithm>
 #include <array>
@@ -18,7 +20,9 @@ namespace vellora {
 namespace {
 
 constexpr int kTwipsPerPixel = 15;  // 1440 to the inch, at 96 pixels to the inch
+constexpr int kBarLeft = 945 / kTwipsPerPixel;
 constexpr int kBarHeight = 195 / kTwipsPerPixel;
+constexpr int kTrackFrame = 1;
 constexpr int kFirstBarWidth = 3'000 / kTwipsPerPixel;
 
 QColor barColour(int index) {
@@ -39,10 +43,10 @@ void fillWith(QWidget& widget, const QColor& colour) {
 QFrame* makeTrack(QLabel* bar, QWidget* parent) {
   auto* track = new QFrame(parent);
   track->setFrameShape(QFrame::Box);
-  track->setFixedSize(kFullBar / kTwipsPerPixel + 2, kBarHeight + 2);
+  track->setFixedSize(kFullBar / kTwipsPerPixel + 2 * kTrackFrame, kBarHeight + 2 * kTrackFrame);
   fillWith(*track, Qt::white);
   bar->setParent(track);
-  bar->setGeometry(1, 1, kFirstBarWidth, kBarHeight);
+  bar->setGeometry(kTrackFrame, kTrackFrame, kFirstBarWidth, kBarHeight);
   return track;
 }
 
@@ -104,6 +108,11 @@ QLayout* StatisticsWindow::makeRange() {
 
 QGridLayout* StatisticsWindow::makeCategoryLines() {
   auto* lines = new QGridLayout;
+  // Wide enough for the bars to begin where they belong.
+  constexpr int kSpacing = 6;
+  const int margin = style()->pixelMetric(QStyle::PM_LayoutLeftMargin);
+  lines->setHorizontalSpacing(kSpacing);
+  lines->setColumnMinimumWidth(0, kBarLeft - kTrackFrame - kSpacing - margin);
   lines->setColumnStretch(2, 1);
   for (int i = 0; i < kCategoryCount; ++i) {
     lines_.push_back(makeCategoryLine(i));
@@ -133,20 +142,25 @@ void StatisticsWindow::load() {
 
 void StatisticsWindow::compute() {
   setUpTimeUse(grid_->sheet());
+  grid_->Redraw();  // also drawn while the work goes on
   QString failure;
   try {
-    showTimeUse();
+    runWithDialog(this, [this](const WorkProgress& progress) { showTimeUse(progress); });
   } catch (const StoreError& error) {
     failure = error.description();
   } catch (const NoPlannedTime& error) {
     failure = error.description();
+  } catch (const WorkGivenUp&) {
+    // as the user wished; what was shown before stays
   }
   grid_->Redraw();
   if (!failure.isEmpty()) prompts().warn(this, failure);
 }
 
 // Both sums are read from one view of the schedule, so that the percentages fit the total.
-void StatisticsWindow::showTimeUse() {
+void StatisticsWindow::showTimeUse(const WorkProgress& progress) {
+  const ScheduleStore::Watch watch(state().Db,
+                                   [&] { return goesOn(progress, {u"正在统计……"_qs}); });
   const QDate first = start_->date();
   const QDate last = end_->date();
   const ScheduleStore::ReadTransaction view(state().Db);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "routine/work_step.h"
 #include "shell/planner_window.h"
 
 #include <vector>
@@ -35,7 +36,7 @@ class StatisticsWindow : public PlannerWindow {
   QGridLayout* makeCategoryLines();
   CategoryLine makeCategoryLine(int index);
   void compute();
-  void showTimeUse();
+  void showTimeUse(const WorkProgress& progress);
   void showCategories(const std::vector<CategoryUse>& uses, qint64 total);
 
   QDateEdit* start_;

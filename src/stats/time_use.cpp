@@ -28,14 +28,16 @@ Quotient share(qint64 minutes, qint64 total, qint64 scale) {
   return dividedDown((total < 0 ? -minutes : minutes) * scale, std::abs(total));
 }
 
+// A share that cannot be told is met last: the rest of its row stands.
 void addActivity(Sheet& sheet, RowCursor& rows, qint64 total) {
   const qint64 minutes = rows.number(u"SJ");
-  const QString texts[] = {rows.text(u"HDLB"), rows.text(u"HDMC"), durationText(minutes),
-                           QString::number(rows.number(u"CS")), percentText(minutes, total)};
   const int row = sheet.Rows();
   sheet.SetRows(row + 1);
+  const QString texts[] = {rows.text(u"HDLB"), rows.text(u"HDMC"), durationText(minutes),
+                           QString::number(rows.number(u"CS"))};
+  sheet.SetRowTexts(row, texts);
+  sheet.SetCellText(kColumns - 1, row, percentText(minutes, total));
   for (int col = 0; col < kColumns; ++col) {
-    sheet.SetCellText(col, row, texts[col]);
     sheet.SetCellAlign(col, row, col < 2 ? kAlignLeftMiddle : kAlignCentred);
   }
 }

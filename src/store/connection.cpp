@@ -6,7 +6,9 @@
 #include <QFileInfo>
 
 #include <SQLiteCpp/Exception.h>
+#include <algorithm>
 #include <sqlite3.h>
+#include <thread>
 
 namespace vellora {
 namespace {
@@ -30,11 +32,10 @@ void requireSchedule(const QString& path) {
   if (info.size() < kSmallestFile) throw notASchedule(u"日程文件不完整"_qs, path);
 }
 
-SQLite::Database openedDatabase(const QString& path, std::chrono::milliseconds patience) {
+SQLite::Database openedDatabase(const QString& path) {
   requireSchedule(path);
   try {
-    return {path.toStdString(), SQLite::OPEN_READWRITE | SQLite::OPEN_NOMUTEX,
-            static_cast<int>(patience.count())};
+    return {path.toStdString(), SQLite::OPEN_READWRITE | SQLite::OPEN_NOMUTEX};
   } catch (const SQLite::Exception& failure) {
     throw engineError(failure.getExtendedErrorCode(), QString::fromUtf8(failure.what()));
   }
@@ -48,8 +49,9 @@ bool lacksLeaveToWrite(sqlite3* connection, const QString& path) {
 }  // namespace
 
 Connection::Connection(const QString& path, std::chrono::milliseconds patience)
-    : database_(openedDatabase(path, patience)), statements_(database_.getHandle()) {
+    : patience_(patience), database_(openedDatabase(path)), statements_(database_.getHandle()) {
   sqlite3_extended_result_codes(handle(), 1);
+  sqlite3_busy_handler(handle(), &Connection::wait, this);
   // A name in quotes is a name and never silently a text.
   sqlite3_db_config(handle(), SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
   addClockFunctions(handle());
@@ -57,6 +59,28 @@ Connection::Connection(const QString& path, std::chrono::milliseconds patience)
   run("PRAGMA journal_mode=DELETE");
   // Known only now that the file was looked into: a newer format may allow nothing but reading.
   isReadOnly_ = lacksLeaveToWrite(handle(), path);
+}
+
+void Connection::setPulse(std::function<bool()>* goesOn) {
+  constexpr int kSteps = 50'000;  // of the engine's own, a few milliseconds
+  const auto ask = [](void* asked) noexcept {
+    return (*static_cast<std::function<bool()>*>(asked))() ? 0 : 1;
+  };
+  sqlite3_progress_handler(handle(), kSteps, goesOn ? +ask : nullptr, goesOn);
+}
+
+int Connection::wait(void* connection, int timesWaited) noexcept {
+  return static_cast<Connection*>(connection)->waitsOn(timesWaited) ? 1 : 0;
+}
+
+// Waits a little, and longer the second time.
+bool Connection::waitsOn(int timesWaited) {
+  constexpr int kLongest = 10;  // milliseconds
+  if (timesWaited == 0) waiting_.start();
+  if (waiting_.hasExpired(patience_.count())) return false;
+  if (waitGoesOn_ && !waitGoesOn_()) return false;
+  std::this_thread::sleep_for(std::chrono::milliseconds(std::min(timesWaited + 1, kLongest)));
+  return true;
 }
 
 bool Connection::isInTransaction() const {

@@ -1,5 +1,6 @@
 #include "store/prepared_statement.h"
 
+#include "routine/work_step.h"
 #include "store/engine_error.h"
 
 #include <sqlite3.h>
@@ -27,6 +28,7 @@ PreparedStatement::PreparedStatement(sqlite3* connection, const QByteArray& sql)
 }
 
 void PreparedStatement::check(int code) {
+  if (code == SQLITE_INTERRUPT) throw WorkGivenUp();
   if (code != SQLITE_OK) throw engineError(sqlite3_db_handle(statement_.get()));
 }
 

@@ -50,6 +50,19 @@ void ScheduleStore::interrupt() {
   sqlite3_interrupt(connection_->handle());
 }
 
+void ScheduleStore::setWait(std::function<bool()> goesOn) {
+  connection_->setWait(std::move(goesOn));
+}
+
+ScheduleStore::Watch::Watch(ScheduleStore& store, std::function<bool()> goesOn)
+    : connection_(*store.connection_), goesOn_(std::move(goesOn)) {
+  connection_.setPulse(&goesOn_);
+}
+
+ScheduleStore::Watch::~Watch() {
+  connection_.setPulse(nullptr);
+}
+
 ScheduleStore::Transaction::Transaction(ScheduleStore& store)
     : connection_(store.connection_.get()) {
   if (connection_->isInTransaction()) {

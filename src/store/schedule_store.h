@@ -1,11 +1,13 @@
 #pragma once
 
+#include "routine/work_step.h"
 #include "store/recordset.h"
 #include "store/row_cursor.h"
 
 #include <QString>
 
 #include <chrono>
+#include <functional>
 #include <memory>
 
 namespace vellora {
@@ -39,8 +41,26 @@ class ScheduleStore {
 
   // Reads the whole file, for damage that nobody has met yet: 25 ms for twenty years of plans.
   bool isSound() const;
-  // Ends what another thread is doing on this store, with a StoreError there.
+  // Ends what another thread is doing on this store, with WorkGivenUp there.
   void interrupt();
+
+  // Asked again and again while a program that is writing is waited for; false ends the waiting
+  // with StoreFault::Busy. What is asked must keep off the store.
+  void setWait(std::function<bool()> goesOn);
+
+  // While it lives, asks every few milliseconds of a long statement whether to go on; false ends
+  // the statement with WorkGivenUp. What is asked must keep off the store. Watches do not nest.
+  class Watch {
+   public:
+    Watch(ScheduleStore& store, std::function<bool()> goesOn);
+    ~Watch();
+    Watch(const Watch&) = delete;
+    Watch& operator=(const Watch&) = delete;
+
+   private:
+    Connection& connection_;
+    std::function<bool()> goesOn_;
+  };
 
   // Makes everything until commit() one change: all of it or none. Rolled back by the destructor
   // when commit() was not reached or failed. Other programs that want to save wait from its start.

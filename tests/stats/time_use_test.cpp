@@ -100,6 +100,20 @@ TEST(TimeUse, RefusesSharesOfNothing) {
   EXPECT_THROW(barWidth(0, 0), NoPlannedTime);
 }
 
+TEST(TimeUse, KeepsTheRestOfARowWhoseShareCannotBeTold) {
+  test::ScheduleBuilder builder;
+  builder.block(u"z"_qs, u"12:00:00"_qs, u"12:00:00"_qs).item(u"001"_qs, u"写作"_qs, u"其他"_qs);
+  builder.plan(kDay, u"z"_qs, u"写作"_qs);
+  ScheduleStore store = builder.store();
+  Sheet sheet;
+  setUpTimeUse(sheet);
+  EXPECT_THROW(listActivities(sheet, store, kDay, kDay, 0), NoPlannedTime);
+  ASSERT_EQ(sheet.Rows(), 1);
+  EXPECT_EQ(sheet.GetCellText(1, 0), u"写作"_qs);
+  EXPECT_EQ(sheet.GetCellText(3, 0), u"1"_qs);
+  EXPECT_EQ(sheet.GetCellText(4, 0), QString());
+}
+
 TEST(TimeUse, CountsOnlyEntriesOfTheRangeWhoseBlockAndActivityExist) {
   test::ScheduleBuilder builder;
   builder.block(u"a"_qs, u"08:00:59"_qs, u"09:30:00"_qs)

@@ -122,6 +122,32 @@ TEST(Transaction, TwoProgramsWaitForEachOtherAndNeitherLosesItsSave) {
   EXPECT_EQ(one.open(u"HD"_qs).count(), 1);
 }
 
+TEST(Transaction, WaitsNoLongerThanItIsAllowedTo) {
+  ScheduleBuilder builder;
+  ScheduleStore one(builder.path());
+  ScheduleStore other(builder.path(), std::chrono::hours(1));
+  const ScheduleStore::Transaction save(one);
+  int asked = 0;
+  other.setWait([&asked] { return ++asked < 3; });
+  EXPECT_EQ(faultOf([&] { const ScheduleStore::Transaction second(other); }), StoreFault::Busy);
+  EXPECT_EQ(asked, 3);
+}
+
+TEST(Watch, EndsALongStatementWithoutATrace) {
+  ScheduleBuilder builder;
+  builder.fullDay(50).fullPlan(kDay, 600, 50, 1);
+  ScheduleStore store(builder.path());
+  const QString deletion = u"DELETE * FROM JH WHERE ZYDJ>=0"_qs;
+  int asked = 0;
+  {
+    const ScheduleStore::Transaction save(store);
+    const ScheduleStore::Watch watch(store, [&asked] { return ++asked < 2; });
+    EXPECT_THROW(store.execute(deletion), WorkGivenUp);
+  }
+  EXPECT_EQ(asked, 2);
+  EXPECT_EQ(store.execute(deletion), 30'000) << "nobody is asked any more";
+}
+
 TEST(Transaction, ACommitThatMeetsAReaderCanBeTriedAgain) {
   ScheduleBuilder builder;
   builder.item(u"001"_qs, u"晨跑"_qs);

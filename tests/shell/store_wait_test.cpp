@@ -1,0 +1,67 @@
+#include "shell/store_wait.h"
+
+#include "shell/work_dialog.h"
+#include "store/statements.h"
+#include "support/schedule_builder.h"
+#include "support/store_fault.h"
+
+#include <QApplication>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace vellora {
+namespace {
+
+// A window in front whose schedule another program is saving to.
+class StoreWaitTest : public testing::Test {
+ protected:
+  StoreWaitTest() {
+    schedule_.fullDay(3);
+    save_.emplace(other_);
+    store_.setWait([this] { return wait_.goesOn(); });
+    window_.show();
+    window_.activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&window_));
+    user_.start(1);
+  }
+
+  template <typename Act>
+  void whenTold(Act act) {
+    QObject::connect(&user_, &QTimer::timeout, [this, act] {
+      auto* dialog = qobject_cast<WorkDialog*>(QApplication::activeModalWidget());
+      if (!dialog) return;
+      told_ = dialog->labelText();
+      act(*dialog);
+    });
+  }
+  qint64 deleteBlocks() { return store_.execute(statements::deleteAllFrom(u"SJ"_qs)); }
+
+  test::ScheduleBuilder schedule_;
+  ScheduleStore other_{schedule_.path()};
+  ScheduleStore store_{schedule_.path(), std::chrono::minutes(1)};
+  std::optional<ScheduleStore::Transaction> save_;
+  QWidget window_;
+  StoreWait wait_;
+  QTimer user_;
+  QString told_;
+};
+
+}  // namespace
+
+TEST_F(StoreWaitTest, TellsOfALongWaitUntilItIsOver) {
+  whenTold([this](WorkDialog&) { save_.reset(); });
+  EXPECT_EQ(deleteBlocks(), 3);
+  EXPECT_EQ(told_, u"另一个程序正在保存，请稍候……"_qs);
+  EXPECT_TRUE(QTest::qWaitFor([] { return QApplication::activeModalWidget() == nullptr; }));
+}
+
+TEST_F(StoreWaitTest, EndsTheWaitWhenTheUserGivesUp) {
+  whenTold([](WorkDialog& dialog) { dialog.cancel(); });
+  EXPECT_EQ(test::faultOf([this] { deleteBlocks(); }), StoreFault::Busy);
+  EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+  save_.reset();
+  EXPECT_EQ(deleteBlocks(), 3);
+}
+
+}  // namespace vellora
