@@ -42,7 +42,9 @@ QString clockText(int minutes) {
 
 class ScheduleBuilder::File {
  public:
-  explicit File(const QString& path) : database_(path.toStdString(), SQLite::OPEN_READWRITE) {
+  // Waits for a program under test that is still looking through the file.
+  explicit File(const QString& path)
+      : database_(path.toStdString(), SQLite::OPEN_READWRITE, kPatience) {
     database_.exec("PRAGMA synchronous=OFF");
   }
 
@@ -55,6 +57,7 @@ class ScheduleBuilder::File {
   }
 
  private:
+  static constexpr int kPatience = 5'000;  // milliseconds
   SQLite::Database database_;
 };
 
