@@ -71,12 +71,12 @@ bool areOldOrNewEntries(const QStringList& now, const QStringList& before,
 }
 
 bool areOldOrNewFiles(const Files& now, const Files& before, const Files& after) {
-  const auto isIn = [](const Files& files, const QString& name, const QByteArray& bytes) {
+  const auto holds = [](const Files& files, const QString& name, const QByteArray& bytes) {
     const auto file = files.constFind(name);
     return file != files.cend() && *file == bytes;
   };
   for (auto file = now.begin(); file != now.end(); ++file) {
-    if (!isIn(before, file.key(), *file) && !isIn(after, file.key(), *file)) return false;
+    if (!holds(before, file.key(), *file) && !holds(after, file.key(), *file)) return false;
   }
   const QStringList names = before.keys();
   return std::all_of(names.begin(), names.end(),

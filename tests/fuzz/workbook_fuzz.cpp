@@ -24,6 +24,16 @@ QByteArray contentOf(const Workbook& workbook) {
   return content;
 }
 
+// A few bytes can make a sheet of a billion cells.
+bool isSmall(const Workbook& workbook) {
+  qint64 cells = 0;
+  for (int i = 0; i < workbook.SheetCount(); ++i) {
+    const Sheet& sheet = workbook.sheetAt(i);
+    cells += qint64{sheet.Cols() + 1} * (sheet.Rows() + 1);
+  }
+  return cells < 2'000;
+}
+
 class WorkbookFolder {
  public:
   // A whole file that holds the content between head and hash.
@@ -41,7 +51,9 @@ class WorkbookFolder {
     require(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size(), "disk is full");
     file.close();
     try {
-      return readWorkbookFile(path_);
+      Workbook workbook = readWorkbookFile(path_);
+      require(!isSmall(workbook) || holdsWorkbook(path_, workbook), "a file holds what it says");
+      return workbook;
     } catch (const FileError& error) {
       require(error.description().contains(path_), "a refusal names the file");
       return {};
@@ -60,16 +72,6 @@ class WorkbookFolder {
   const QString path_ = folder_.filePath(u"JH.ZRT"_qs);
   const QByteArray head_ = writtenHead();
 };
-
-// A few bytes can make a sheet of a billion cells.
-bool isSmall(const Workbook& workbook) {
-  qint64 cells = 0;
-  for (int i = 0; i < workbook.SheetCount(); ++i) {
-    const Sheet& sheet = workbook.sheetAt(i);
-    cells += qint64{sheet.Cols() + 1} * (sheet.Rows() + 1);
-  }
-  return cells < 2'000;
-}
 
 }  // namespace
 
