@@ -3,10 +3,17 @@
 #include "app/attach_windows.h"
 #include "app/splash_window.h"
 #include "store/statements.h"
-#include "store/store_error.h"
+
+#include <QTimer>
 
 namespace vellora {
 namespace {
+
+constexpr std::chrono::milliseconds kSettled(500);  // from the start on
+
+QString schedulePath(const QString& programDir) {
+  return programDir + u"/SY.mdb"_qs;
+}
 
 // The stored path as it stands, or the default skin beside the executable.
 QString readSkinPath(ScheduleStore& store, const QString& programDir) {
@@ -14,29 +21,12 @@ QString readSkinPath(ScheduleStore& store, const QString& programDir) {
   return setting.isEmpty() ? programDir + u"/KTZ0.SKN"_qs : setting.text(u"jm");
 }
 
-// A schedule that another copy keeps busy cannot be looked through now.
-bool isDamaged(const ScheduleStore& store) {
-  try {
-    return !store.isSound();
-  } catch (const StoreError& error) {
-    return error.fault() == StoreFault::Damaged;
-  } catch (const WorkGivenUp&) {
-    return false;  // the program ends
-  }
-}
-
 }  // namespace
 
 StartUp::StartUp(const QString& programDir, Prompts& prompts, const Clock& clock)
-    : store_(programDir + u"/SY.mdb"_qs),
-      looked_through_(programDir + u"/SY.mdb"_qs),
+    : store_(schedulePath(programDir)),
       state_{store_, prompts, clock, programDir, readSkinPath(store_, programDir), QString()} {
   store_.setWait([this] { return wait_.goesOn(); });
-}
-
-StartUp::~StartUp() {
-  looked_through_.interrupt();
-  finishLook();
 }
 
 void StartUp::showBoard() {
@@ -49,24 +39,24 @@ void StartUp::showBoard() {
     board_->Load();
     board_->Show();
   }
-  lookForDamage();
+  // The board comes first.
+  QTimer::singleShot(kSettled, board_.get(), [this] { lookForDamage(); });
   if (store_.isReadOnly()) {
     state_.prompts.warn(board_.get(),
                         u"日程文件或所在文件夹只能读取，不能写入，所做的更改将无法保存。"_qs);
   }
 }
 
-// On a connection and a thread of its own: many years of plans take longer than a window may stall.
 void StartUp::lookForDamage() {
-  look_ = std::thread([this] {
-    if (!isDamaged(looked_through_)) return;
+  look_.begin(schedulePath(state_.programDir), [this] {
     QMetaObject::invokeMethod(
         board_.get(), [this] { warnOfDamage(); }, Qt::QueuedConnection);
   });
 }
 
 void StartUp::finishLook() {
-  if (look_.joinable()) look_.join();
+  lookForDamage();
+  look_.finish();
 }
 
 void StartUp::warnOfDamage() {

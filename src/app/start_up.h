@@ -1,11 +1,11 @@
 #pragma once
 
+#include "app/damage_look.h"
 #include "board/week_board.h"
 #include "shell/application_state.h"
 #include "shell/store_wait.h"
 
 #include <memory>
-#include <thread>
 
 namespace vellora {
 
@@ -14,10 +14,9 @@ class StartUp {
  public:
   // Opens programDir's schedule and reads the skin setting. Throws StoreError.
   StartUp(const QString& programDir, Prompts& prompts, const Clock& clock);
-  ~StartUp();
 
   // Shows the splash window while the board is made, then the board, and says when nothing can be
-  // saved. Damage to the schedule is looked for meanwhile, and told from the event loop.
+  // saved. Damage to the schedule is looked for a moment later, and told from the event loop.
   void showBoard();
   // Waits until the schedule has been looked through.
   void finishLook();
@@ -32,10 +31,9 @@ class StartUp {
 
   StoreWait wait_;
   ScheduleStore store_;
-  ScheduleStore looked_through_;  // the same file once more, for the other thread
   ApplicationState state_;
   std::unique_ptr<WeekBoard> board_;
-  std::thread look_;
+  DamageLook look_;
 };
 
 }  // namespace vellora
