@@ -13,18 +13,19 @@ namespace vellora {
 GridKeys::GridKeys(GridSurface& grid, ApplicationState& state, StatusLine& status,
                    std::function<QString()> baseName)
     : QObject(&grid), grid_(grid), state_(state), status_(status), base_name_(std::move(baseName)) {
-  connect(&grid, &GridSurface::GridKeyDown, this, &GridKeys::handle);
+  connect(&grid, &GridSurface::GridKeyDown, this, &GridKeys::answer);
   grid.setWorkRunner(runWithDialog);
 }
 
-void GridKeys::handle(QKeyEvent* event) {
+bool GridKeys::answer(QKeyEvent* event) {
   const int key = event->key();
-  if (key != Qt::Key_F3 && key != Qt::Key_F7 && key != Qt::Key_F8) return;
+  if (key != Qt::Key_F3 && key != Qt::Key_F7 && key != Qt::Key_F8) return false;
   event->accept();
   status_.tell({});
   if (key == Qt::Key_F3) print();
   if (key == Qt::Key_F7) exportList(&GridSurface::ExportHtml, u".HTM"_qs);
   if (key == Qt::Key_F8) exportList(&GridSurface::ExportExcel, u".xls"_qs);
+  return true;
 }
 
 void GridKeys::print() {

@@ -26,11 +26,14 @@ class GridKeys : public QObject {
   GridKeys(GridSurface& grid, ApplicationState& state, StatusLine& status,
            std::function<QString()> baseName);
 
+  // Does what one of the keys asks for and accepts it; false for any other key. The grid's own are
+  // answered by themselves.
+  bool answer(QKeyEvent* event);
+
  private:
   using Export = int (GridSurface::*)(const QString& path, QString* reason,
                                       const WorkProgress& progress) const;
 
-  void handle(QKeyEvent* event);
   void print();
   void exportList(Export write, const QString& extension);
   bool writeList(Export write, const QString& path, QString* reason);

@@ -50,7 +50,7 @@ QWidget* PlannerWindow::statusLine() {
 }
 
 void PlannerWindow::answerGridKeys(GridSurface& grid, const std::function<QString()>& baseName) {
-  new GridKeys(grid, state_, *status_line_, baseName);
+  grid_keys_ = new GridKeys(grid, state_, *status_line_, baseName);
 }
 
 void PlannerWindow::tellCutPastes(GridSurface& grid) {
@@ -111,7 +111,7 @@ void PlannerWindow::keyPressEvent(QKeyEvent* event) {
     button->click();
   } else if (key == Qt::Key_Escape && closesOnEscape() && !hasUnsavedTyping()) {
     close();
-  } else {
+  } else if (!grid_keys_ || !grid_keys_->answer(event)) {
     QWidget::keyPressEvent(event);
   }
 }

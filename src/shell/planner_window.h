@@ -8,6 +8,7 @@
 
 namespace vellora {
 
+class GridKeys;
 class GridSurface;
 class StatusLine;
 
@@ -47,7 +48,8 @@ class PlannerWindow : public QWidget {
   void showTitle(const QString& title);
   // Tells why an export failed; to be put where the window's list ends.
   QWidget* statusLine();
-  // From now on the grid answers to the print and export keys; see grid_keys.h.
+  // From now on the grid answers to the print and export keys, wherever in the window the focus is;
+  // see grid_keys.h.
   void answerGridKeys(GridSurface& grid, const std::function<QString()>& baseName);
   // From now on tells the user what a paste into the grid had to leave out.
   void tellCutPastes(GridSurface& grid);
@@ -63,6 +65,7 @@ class PlannerWindow : public QWidget {
 
   ApplicationState& state_;
   StatusLine* status_line_;
+  GridKeys* grid_keys_ = nullptr;  // goes with its grid
 };
 
 }  // namespace vellora

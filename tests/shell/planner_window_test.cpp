@@ -1,5 +1,7 @@
 #include "shell/planner_window.h"
 
+#include "grid/surface/grid_surface.h"
+#include "support/home_folder.h"
 #include "support/planner_test.h"
 
 #include <QLineEdit>
@@ -15,6 +17,7 @@ namespace {
 
 class RecordingWindow : public PlannerWindow {
  public:
+  using PlannerWindow::answerGridKeys;
   using PlannerWindow::PlannerWindow;
   QStringList steps;
   bool typed = false;
@@ -93,6 +96,19 @@ TEST_F(PlannerWindowTest, EnterThatEndsAFieldDoesNotPressTheButtonItLeadsTo) {
   QTest::keyClick(&field, Qt::Key_Return);
   EXPECT_EQ(window_.focusWidget(), &next);
   EXPECT_FALSE(isPressed);
+}
+
+TEST_F(PlannerWindowTest, AnswersTheGridsKeysWhereverTheFocusIs) {
+  const test::HomeFolder home;
+  GridSurface grid(&window_);
+  QLineEdit field(&window_);
+  window_.answerGridKeys(grid, [] { return u"表"_qs; });
+  window_.Load();
+  window_.Show();
+  QTest::keyClick(&field, Qt::Key_F8);
+  QTest::keyClick(&grid, Qt::Key_F8);
+  EXPECT_EQ(prompts_.informed, QStringList(2, u"\\表.xls已保存！"_qs));
+  EXPECT_EQ(home.names(), QStringList{u"表.xls"_qs});
 }
 
 TEST_F(PlannerWindowTest, OpensOverItsOpenerAndNoLargerThanTheScreen) {
