@@ -30,7 +30,9 @@ void fillSheet(Sheet& sheet, TableRecords& records, const std::function<void(int
   sheet.SetRows(row);
 }
 
+// One view of the schedule for all tables, so that they fit each other.
 qint64 readTables(ScheduleStore& store, Workbook& workbook, const WorkProgress& progress) {
+  const ScheduleStore::ReadTransaction view(store);
   qint64 total = 0;
   for (int k = 0; k < kBackedUpTables; ++k) {
     workbook.AddSheet(QString::number(k + 1));
@@ -56,8 +58,6 @@ bool readsBack(const QString& path, const Workbook& workbook, const std::functio
 
 qint64 BackupTables(ScheduleStore& store, Workbook& workbook, const QString& path,
                     const WorkProgress& progress) {
-  // One view of the schedule for all tables, so that they fit each other.
-  const ScheduleStore::ReadTransaction view(store);
   Workbook backup;
   SafeFile file(path);
   const qint64 total = readTables(store, backup, progress);

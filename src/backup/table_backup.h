@@ -29,7 +29,7 @@ inline const QString& backedUpTable(int index) {
 
 // Replaces the file whole or not at all, and only after the new one was read back from the disk and
 // held what the schedule holds. Refuses a text without a value and whatever a restore would refuse.
-// `path` is one of the system's own. Other programs cannot save meanwhile.
+// `path` is one of the system's own. Other programs cannot save while the tables are read.
 qint64 BackupTables(ScheduleStore& store, Workbook& workbook, const QString& path,
                     const WorkProgress& progress = {});
 
