@@ -1,6 +1,7 @@
 #pragma once
 
 #include "planning/plan_rows.h"
+#include "saved_plans.h"
 #include "store/statements.h"
 #include "store/store_error.h"
 #include "support/schedule_builder.h"
@@ -40,17 +41,7 @@ class PlanningTest : public testing::Test {
     return texts.join(u'|').replace(kLineBreakText, u"/"_qs);
   }
 
-  // Every saved entry, by date, block and order of writing.
-  QStringList saved() {
-    QStringList lines;
-    auto rows = store_->open(u"SELECT * FROM JH ORDER BY RQ,SJKH"_qs);
-    for (; !rows.atEnd(); rows.moveNext()) {
-      lines << QStringList{rows.text(u"RQ"), rows.text(u"SJKH"), rows.text(u"HDMC"),
-                           rows.text(u"HDYQ"), rows.text(u"ZYDJ")}
-                   .join(u'|');
-    }
-    return lines;
-  }
+  QStringList saved() { return savedPlans(*store_); }
 
   ScheduleBuilder builder_;
   std::unique_ptr<ScheduleStore> store_;

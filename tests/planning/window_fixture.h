@@ -1,6 +1,7 @@
 #pragma once
 
 #include "grid/surface/grid_surface.h"
+#include "saved_plans.h"
 #include "shell/planner_window.h"
 #include "support/failing_disk.h"
 #include "support/planner_test.h"
@@ -90,16 +91,7 @@ class WindowTest : public PlannerTest {
     event.setCommitString(text);
     QCoreApplication::sendEvent(&editor, &event);
   }
-  QStringList saved() {
-    QStringList lines;
-    auto rows = store_.open(u"SELECT * FROM JH ORDER BY RQ,SJKH"_qs);
-    for (; !rows.atEnd(); rows.moveNext()) {
-      lines << QStringList{rows.text(u"RQ"), rows.text(u"SJKH"), rows.text(u"HDMC"),
-                           rows.text(u"HDYQ"), rows.text(u"ZYDJ")}
-                   .join(u'|');
-    }
-    return lines;
-  }
+  QStringList saved() { return savedPlans(store_); }
 
   FailingDisk disk_;
 };
