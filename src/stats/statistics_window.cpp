@@ -110,7 +110,7 @@ QGridLayout* StatisticsWindow::makeCategoryLines() {
   auto* lines = new QGridLayout;
   // Wide enough for the bars to begin where they belong.
   constexpr int kSpacing = 6;
-  const int margin = style()->pixelMetric(QStyle::PM_LayoutLeftMargin);
+  const int margin = style()->pixelMetric(QStyle::PM_LayoutLeftMargin, nullptr, this);
   lines->setHorizontalSpacing(kSpacing);
   lines->setColumnMinimumWidth(0, kBarLeft - kTrackFrame - kSpacing - margin);
   lines->setColumnStretch(2, 1);
