@@ -1,6 +1,7 @@
 #include "planning/count_field.h"
 
 #include <QEvent>
+#include <QLabel>
 #include <QLineEdit>
 
 namespace vellora {
@@ -13,48 +14,46 @@ constexpr int kMostDigits = 5;  // that can be typed
 
 CountField::CountField(const QString& words, const QString& objectName,
                        const QString& accessibleName, QWidget* parent)
-    : QLabel(words, parent), box_(new QLineEdit(this)) {
+    : QWidget(parent), words_(new QLabel(words, this)), box_(new QLineEdit(this)) {
   box_->setObjectName(objectName);
   box_->setAccessibleName(accessibleName);
   box_->setAlignment(Qt::AlignCenter);
   box_->setMaxLength(kMostDigits);
-  setBuddy(box_);
+  words_->setBuddy(box_);
   widenGap();
 }
 
 // The words keep their text; they and the blanks between them are drawn so far apart that the box
 // fits into the gap.
 void CountField::widenGap() {
-  QFont plain = font();
-  plain.setLetterSpacing(QFont::AbsoluteSpacing, 0);
-  box_->setFont(plain);
-  const QFontMetrics metrics(plain);
-  const QString blanks(text().count(u' '), u' ');
+  const QFontMetrics metrics(font());
+  const QString blanks(words_->text().count(u' '), u' ');
   const int box =
       metrics.horizontalAdvance(QString(kDigits, u'0')) + 4 * metrics.averageCharWidth();
   const int missing = box - metrics.horizontalAdvance(blanks);
-  QFont wide = plain;
+  QFont wide = font();
   wide.setLetterSpacing(QFont::AbsoluteSpacing,
                         static_cast<qreal>(missing) / static_cast<qreal>(blanks.size() + 1));
-  if (wide != font()) setFont(wide);
+  words_->setFont(wide);
 }
 
 QSize CountField::sizeHint() const {
-  return QLabel::sizeHint().expandedTo({0, box_->sizeHint().height()});
+  return words_->sizeHint().expandedTo({0, box_->sizeHint().height()});
 }
 
-void CountField::resizeEvent(QResizeEvent* event) {
-  QLabel::resizeEvent(event);
-  const QFontMetrics metrics(box_->font());
+void CountField::resizeEvent(QResizeEvent*) {
+  words_->setGeometry(rect());
+  const QFontMetrics metrics(font());
   const int gap = metrics.averageCharWidth() / 2;
-  const int left = metrics.horizontalAdvance(text().section(u' ', 0, 0)) + gap;
-  const int right = fontMetrics().horizontalAdvance(text().chopped(1)) - gap;
+  const QString words = words_->text();
+  const int left = metrics.horizontalAdvance(words.section(u' ', 0, 0)) + gap;
+  const int right = words_->fontMetrics().horizontalAdvance(words.chopped(1)) - gap;
   const int boxHeight = box_->sizeHint().height();
   box_->setGeometry(left, (height() - boxHeight) / 2, right - left, boxHeight);
 }
 
 void CountField::changeEvent(QEvent* event) {
-  QLabel::changeEvent(event);
+  QWidget::changeEvent(event);
   if (event->type() == QEvent::FontChange) widenGap();
 }
 

@@ -1,14 +1,15 @@
 #pragma once
 
-#include <QLabel>
+#include <QWidget>
 
+class QLabel;
 class QLineEdit;
 
 namespace vellora {
 
 // A label such as "共       天" with a text box in the gap between its two words, for a number that
 // its words belong to.
-class CountField : public QLabel {
+class CountField : public QWidget {
   Q_OBJECT
 
  public:
@@ -27,6 +28,7 @@ class CountField : public QLabel {
  private:
   void widenGap();
 
+  QLabel* words_;
   QLineEdit* box_;
 };
 
