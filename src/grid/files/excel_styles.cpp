@@ -26,13 +26,12 @@ constexpr quint16 kNumberFormatText = 49;
 constexpr quint16 kNoFill = 64U | 65U << 7U;
 
 QByteArray fontRecord(const CellFont& font, quint16 colour) {
-  const bool isBold = (font.style & kFontBold) != 0;
   BiffStream stream;
   stream.begin(kFont);
   stream.put16(static_cast<quint16>(std::clamp(font.size, 1, 409) * 20));
   stream.put16(0);
   stream.put16(colour);
-  stream.put16(isBold ? 700 : 400);
+  stream.put16(isBold(font) ? 700 : 400);
   stream.put32(0);  // neither raised nor underlined, no family
   stream.put8(kChineseCharset);
   stream.put8(0);

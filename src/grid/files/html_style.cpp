@@ -88,7 +88,7 @@ char* putHtml(char* out, QStringView text) {
 }  // namespace
 
 QByteArray cssOf(const CellStyle& style) {
-  QByteArray css = "font:" + QByteArray((style.font.style & kFontBold) != 0 ? "bold " : "normal ") +
+  QByteArray css = "font:" + QByteArray(isBold(style.font) ? "bold " : "normal ") +
                    QByteArray::number(style.font.size) + "pt " + cssString(style.font.face) + ',' +
                    fallbackFace(style.font.face) + ";text-align:" + across(style.align) +
                    ";vertical-align:" + down(style.align);

@@ -1,6 +1,6 @@
 #include "grid/files/printed_text.h"
 
-#include "grid/files/installed_face.h"
+#include "grid/files/drawn_style.h"
 #include "routine/calendar_text.h"
 
 #include <QTextOption>
@@ -14,24 +14,12 @@ QString withLineSeparators(QString text) {
   return text.replace(u'\n', QChar::LineSeparator);
 }
 
-Qt::Alignment horizontal(int flags) {
-  if ((flags & kAlignCentre) != 0) return Qt::AlignHCenter;
-  return (flags & kAlignRight) != 0 ? Qt::AlignRight : Qt::AlignLeft;
-}
-
 }  // namespace
-
-QFont printedFont(const CellFont& font) {
-  QFont printed(installedFace(font.face));
-  printed.setPointSize(font.size);
-  printed.setBold(font.style == kFontBold);
-  return printed;
-}
 
 PrintedText::PrintedText(const QString& text, const CellStyle& style, double width,
                          QPaintDevice* device)
-    : layout_(withLineSeparators(text), printedFont(style.font), device) {
-  QTextOption option(horizontal(style.align));
+    : layout_(withLineSeparators(text), fontOf(style.font), device) {
+  QTextOption option(alignmentOf(style.align) & Qt::AlignHorizontal_Mask);
   option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
   layout_.setTextOption(option);
   layout_.beginLayout();

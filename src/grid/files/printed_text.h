@@ -10,8 +10,6 @@ class QPainter;
 
 namespace vellora {
 
-QFont printedFont(const CellFont& font);
-
 // A cell's text wrapped to a width of paper, character by character where a word does not fit.
 // Lengths are in the device's pixels.
 class PrintedText {

@@ -1,5 +1,6 @@
 #include "grid/files/sheet_printer.h"
 
+#include "grid/files/drawn_style.h"
 #include "grid/files/sheet_pages.h"
 
 #include <QPageLayout>
@@ -12,10 +13,6 @@ namespace {
 constexpr double kLineWidth = 0.75;  // pixels at 100 %
 constexpr PackedColour kLineColour = packColour(176, 176, 176);
 constexpr PackedColour kHeadingPaper = packColour(238, 238, 238);
-
-QColor colourOf(PackedColour colour) {
-  return {redOf(colour), greenOf(colour), blueOf(colour)};
-}
 
 FileError cannotPrint() {
   return FileError(u"无法打印：打印机不可用，或目标文件无法写入。"_qs);
@@ -109,8 +106,9 @@ void SheetPrinter::drawText(const Cell& cell, const CellStyle& style) {
   const LineRun& run = runs[static_cast<std::size_t>(cell.row.piece)];
   QPointF at = cell.place.topLeft() + pages_.padding();
   const double spare = cell.place.height() - run.height - 2 * pages_.padding().y();
-  if ((style.align & kAlignMiddle) != 0) at.ry() += spare / 2;
-  if ((style.align & kAlignBottom) != 0) at.ry() += spare;
+  const Qt::Alignment align = alignmentOf(style.align);
+  if (align.testFlag(Qt::AlignVCenter)) at.ry() += spare / 2;
+  if (align.testFlag(Qt::AlignBottom)) at.ry() += spare;
   painter_.setPen(colourOf(style.hasColours ? style.textColour : kBlack));
   text->draw(painter_, run, at);
 }
@@ -126,7 +124,7 @@ void SheetPrinter::drawBorder(const Cell& cell) {
 void SheetPrinter::drawFooter(int page, int pages) {
   const double height = pages_.pixels(kFooterHeight);
   const QRectF footer(0, device_.height() - height, device_.width(), height);
-  painter_.setFont(printedFont(CellFont()));
+  painter_.setFont(fontOf(CellFont()));
   painter_.setPen(Qt::black);
   painter_.drawText(footer, Qt::AlignHCenter | Qt::AlignBottom,
                     u"第 %1 页 共 %2 页"_qs.arg(page).arg(pages));

@@ -30,6 +30,10 @@ struct CellFont {
   friend bool operator==(const CellFont&, const CellFont&) = default;
 };
 
+inline bool isBold(const CellFont& font) {
+  return (font.style & kFontBold) != 0;
+}
+
 // How a cell looks and takes input. Equal styles are stored once (see style_table.h).
 struct CellStyle {
   CellFont font;

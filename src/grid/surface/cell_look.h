@@ -4,13 +4,8 @@
 #include "grid/surface/grid_colours.h"
 
 #include <QColor>
-#include <QFont>
 
 namespace vellora {
-
-QColor colourOf(PackedColour colour);
-QFont fontOf(const CellFont& font);
-Qt::Alignment alignmentOf(int flags);
 
 struct InkAndPaper {
   QColor ink;

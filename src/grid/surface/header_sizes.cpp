@@ -1,7 +1,7 @@
 #include "grid/surface/header_sizes.h"
 
+#include "grid/files/drawn_style.h"
 #include "grid/files/plain_font.h"
-#include "grid/surface/cell_look.h"
 
 #include <QFontMetrics>
 #include <QHeaderView>

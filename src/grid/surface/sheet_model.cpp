@@ -1,5 +1,6 @@
 #include "grid/surface/sheet_model.h"
 
+#include "grid/files/drawn_style.h"
 #include "grid/surface/cell_look.h"
 #include "routine/calendar_text.h"
 

@@ -1,7 +1,7 @@
 #include "grid/surface/text_layouts.h"
 
+#include "grid/files/drawn_style.h"
 #include "grid/files/plain_font.h"
-#include "grid/surface/cell_look.h"
 #include "grid/surface/line_breaker.h"
 #include "routine/calendar_text.h"
 
