@@ -2,6 +2,7 @@
 
 #include "backup/backup_error.h"
 #include "routine/calendar_text.h"
+#include "shell/drives.h"
 
 #include <QDir>
 
@@ -18,9 +19,10 @@ QString joinedPath(const QString& folder, const QString& name) {
 
 QString systemPath(const QString& text, const QString& homeFolder) {
   QString path = text.trimmed();
-  if (path.startsWith(u'\\')) path = homeFolder + path;
-  if (!text.trimmed().startsWith(u'/')) path.replace(u'\\', u'/');
-  if (QDir::isAbsolutePath(path) && !path.endsWith(u'/')) return path;
+  const bool isGiven = path.startsWith(u'\\') || path.mid(1, 1) == u":";
+  const bool namesFile = !path.endsWith(u'/') && !path.endsWith(u'\\');
+  if (namesFile && path.startsWith(u'/')) return path;
+  if (namesFile && isGiven) return realPath(path, homeFolder);
   throw BackupError(BackupError::kFile, u"备份文件的路径“%1”不完整。"_qs.arg(text));
 }
 

@@ -1,5 +1,7 @@
 #include "backup/folder_list.h"
 
+#include "shell/drives.h"
+
 #include <QDir>
 #include <QStorageInfo>
 
@@ -7,10 +9,6 @@ namespace vellora {
 namespace {
 
 const QString kUp = u".."_qs;
-
-bool hasDriveLetters() {
-  return QDir::rootPath() != u"/"_qs;
-}
 
 void addMountedVolumes(QStringList& drives) {
   for (const QStorageInfo& volume : QStorageInfo::mountedVolumes()) {

@@ -1,6 +1,7 @@
 #include "backup/backup_path.h"
 
 #include "backup/backup_error.h"
+#include "grid/files/file_error.h"
 #include "support/text_output.h"
 
 #include <gtest/gtest.h>
@@ -20,9 +21,10 @@ TEST(BackupPath, PutsOneSeparatorBetweenFolderAndName) {
 TEST(BackupPath, UnderstandsBothSeparatorsAndRefusesWhatIsNoPlace) {
   EXPECT_EQ(systemPath(u" \\备份\\a.KTZ"_qs, u"/home/x"_qs), u"/home/x/备份/a.KTZ"_qs);
   EXPECT_EQ(systemPath(u"/tmp/a\\b.KTZ"_qs, u"/home/x"_qs), u"/tmp/a\\b.KTZ"_qs);
-  for (const auto& text : {u""_qs, u"a.KTZ"_qs, u"/tmp/"_qs}) {
+  for (const auto& text : {u""_qs, u"a.KTZ"_qs, u"/tmp/"_qs, u"\\备份\\"_qs}) {
     EXPECT_THROW(systemPath(text, u"/home/x"_qs), BackupError) << text.toStdString();
   }
+  EXPECT_THROW(systemPath(u"D:\\a.KTZ"_qs, u"/home/x"_qs), FileError);
 }
 
 }  // namespace vellora
