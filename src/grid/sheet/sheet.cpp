@@ -3,11 +3,18 @@
 #include "grid/sheet/sheet_content.h"
 
 #include <algorithm>
+#include <atomic>
 
 namespace vellora {
 namespace {
 
 constexpr int kMaxPixels = 32'767;
+
+// Two copies that changed apart must not be taken for one.
+quint64 nextRevision() {
+  static std::atomic<quint64> last = 0;
+  return last.fetch_add(1, std::memory_order_relaxed) + 1;
+}
 
 std::shared_ptr<SheetContent> emptyContent() {
   static const auto kEmpty = std::make_shared<SheetContent>();
@@ -34,7 +41,7 @@ bool Sheet::has(int col, int row) const {
 // Every change begins here: takes a copy for itself when the content is shared.
 SheetContent& Sheet::change() {
   if (content_.use_count() > 1) content_ = std::make_shared<SheetContent>(*content_);
-  ++content_->revision;
+  content_->revision = nextRevision();
   return *content_;
 }
 
@@ -136,6 +143,11 @@ bool Sheet::IsRowHidden(int row) const {
   if (!hasRow(row)) return false;
   const auto place = content_->blocks().find(row);
   return place.block && place.block->look(place.index).hidden;
+}
+
+int Sheet::NextShownRow(int row) const {
+  while (IsRowHidden(row)) ++row;
+  return row;
 }
 
 bool Sheet::IsRowEmpty(int row) const {

@@ -92,6 +92,8 @@ class Sheet {
   // Rows stay hidden, whatever their index becomes, until they are deleted.
   void HideRow(int row);
   bool IsRowHidden(int row) const;
+  // The first row from row on that is not hidden; Rows() or beyond when there is none.
+  int NextShownRow(int row) const;
 
   // The first new row gets the index row; it and those below move down.
   void InsertRows(int row, int count);
@@ -108,7 +110,7 @@ class Sheet {
   // The first row from row on that is hidden or has a height of its own; Rows() when there is none.
   int NextSizedRow(int row) const;
 
-  // Grows with every change.
+  // Grows with every change. Sheets of one revision hold the same, whichever way they came to it.
   quint64 revision() const;
 
  private:

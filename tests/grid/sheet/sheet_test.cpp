@@ -144,6 +144,10 @@ TEST(Sheet, CountsChangesAndOnlyChanges) {
   EXPECT_TRUE(grew());
   sheet.HideRow(0);
   EXPECT_TRUE(grew());
+  Sheet other = sheet;
+  sheet.SetCellText(0, 0, u"b"_qs);
+  other.SetCellText(0, 0, u"c"_qs);
+  EXPECT_NE(sheet.revision(), other.revision()) << "two copies that changed apart";
 }
 
 TEST(SheetValue, ShowsEveryKindAsThePlannerWritesIt) {
