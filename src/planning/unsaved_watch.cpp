@@ -32,8 +32,10 @@ void UnsavedWatch::catchUp() {
   const Sheet& sheet = grid_.sheet();
   findUnsavedRows(
       sheet, [&](int row) { return is_unsaved_(sheet, row); }, found_);
-  if (found_.rows == grid_.markedRows()) return;
-  grid_.markRows(found_.rows, u"未保存"_qs);
+  std::vector<RowMark> marks;
+  for (const int row : found_.rows) marks.push_back({row, u"未保存"_qs});
+  if (marks == grid_.markedRows()) return;
+  grid_.markRows(std::move(marks));
   const auto count = found_.rows.size();
   notice_.setText(count == 0 ? QString() : u"左边有橙色标记的 %1 行还没有保存"_qs.arg(count));
 }

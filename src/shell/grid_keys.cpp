@@ -14,6 +14,7 @@ GridKeys::GridKeys(GridSurface& grid, ApplicationState& state, StatusLine& statu
                    std::function<QString()> baseName)
     : QObject(&grid), grid_(grid), state_(state), status_(status), base_name_(std::move(baseName)) {
   connect(&grid, &GridSurface::GridKeyDown, this, &GridKeys::answer);
+  grid.setDocumentName(base_name_);
   grid.setWorkRunner(runWithDialog);
 }
 
@@ -29,7 +30,6 @@ bool GridKeys::answer(QKeyEvent* event) {
 }
 
 void GridKeys::print() {
-  grid_.setDocumentName(base_name_());
   grid_.PrintSheet(false);
 }
 

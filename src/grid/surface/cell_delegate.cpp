@@ -23,8 +23,7 @@ QWidget* CellDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&
           [self, editor](int key, Qt::KeyboardModifiers modifiers) {
             self->leave(editor, key, modifiers);
           });
-  connect(editor, &CellEditor::aboutToLoseKey, self,
-          [self, editor] { emit self->commitData(editor); });
+  connect(editor, &CellEditor::aboutToLoseKey, self, &CellDelegate::aboutToLoseKey);
   return editor;
 }
 

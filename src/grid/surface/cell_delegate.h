@@ -25,6 +25,8 @@ class CellDelegate final : public QStyledItemDelegate {
  signals:
   // After the text was kept and the editor closed.
   void left(int key, Qt::KeyboardModifiers modifiers);
+  // As CellEditor's.
+  void aboutToLoseKey();
 
  private:
   void close(QWidget* editor, EndEditHint hint);

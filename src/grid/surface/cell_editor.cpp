@@ -18,13 +18,18 @@ bool isNewLineKey(const QKeyEvent& event) {
   return isEnter && (event.modifiers() & (Qt::AltModifier | Qt::ControlModifier));
 }
 
-// Keys of the window: Alt with a letter presses a button without moving the focus.
-bool reachesWindow(const QKeyEvent& event) {
-  if (event.key() >= Qt::Key_F1 && event.key() <= Qt::Key_F35) return true;
-  return event.modifiers() == Qt::AltModifier && !isNewLineKey(event);
+}  // namespace
+
+bool isModifierKey(int key) {
+  return (key >= Qt::Key_Shift && key <= Qt::Key_ScrollLock) || key == Qt::Key_AltGr ||
+         (key >= Qt::Key_Super_L && key <= Qt::Key_Hyper_R);
 }
 
-}  // namespace
+bool isWindowKey(const QKeyEvent& event) {
+  if (event.key() >= Qt::Key_F1 && event.key() <= Qt::Key_F35) return true;
+  constexpr auto kCommand = Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
+  return (event.modifiers() & kCommand) && !isModifierKey(event.key());
+}
 
 CellEditor::CellEditor(QWidget* viewport) : QPlainTextEdit(viewport) {
   setFrameStyle(static_cast<int>(QFrame::Box) | static_cast<int>(QFrame::Plain));
@@ -60,11 +65,17 @@ void CellEditor::putCursorAtEnd() {
   moveCursor(QTextCursor::End);
 }
 
+// Alt with a letter presses a button of the window without moving the focus; Escape closes the
+// cell, whatever else it would do.
 bool CellEditor::event(QEvent* event) {
-  if (event->type() == QEvent::ShortcutOverride && reachesWindow(*static_cast<QKeyEvent*>(event))) {
+  const bool isUsed = QPlainTextEdit::event(event);
+  if (event->type() != QEvent::ShortcutOverride || event->isAccepted()) return isUsed;
+  const auto& key = *static_cast<QKeyEvent*>(event);
+  if (key.key() == Qt::Key_Escape || isNewLineKey(key))
+    event->accept();
+  else if (isWindowKey(key))
     emit aboutToLoseKey();
-  }
-  return QPlainTextEdit::event(event);
+  return isUsed;
 }
 
 void CellEditor::keyPressEvent(QKeyEvent* event) {

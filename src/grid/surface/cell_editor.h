@@ -4,6 +4,12 @@
 
 namespace vellora {
 
+bool isModifierKey(int key);
+
+// Whether a key that an open cell has no use for is one of the window's: a function key, or one
+// with Ctrl, Alt or Meta.
+bool isWindowKey(const QKeyEvent& event);
+
 // Where a cell's text is typed: Enter and Tab leave, Alt+Enter begins a new line.
 class CellEditor final : public QPlainTextEdit {
   Q_OBJECT

@@ -1,9 +1,19 @@
 #include "grid/surface/clipboard_text.h"
 
+#include "grid/files/row_progress.h"
+#include "routine/calendar_text.h"
+
+#include <QTextDocument>
+#include <QTextTable>
+
 namespace vellora {
 namespace {
 
 constexpr QChar kQuote{u'"'};
+
+QString linesAt(const Sheet& sheet, int col, int row) {
+  return sheet.GetCellText(col, row).replace(kLineBreak, u'\n');
+}
 
 QString quoted(QString field) {
   const bool isPlain =
@@ -14,13 +24,18 @@ QString quoted(QString field) {
 
 class Reader {
  public:
-  explicit Reader(QString text) : text_(std::move(text)) {
+  Reader(QString text, const WorkProgress& progress) : text_(std::move(text)), progress_(progress) {
     text_.replace(u"\r\n"_qs, u"\n"_qs).replace(u'\r', u'\n');
   }
 
   TextTable read() {
     TextTable table;
-    while (at_ < text_.size()) table.push_back(readRow());
+    while (at_ < text_.size()) {
+      if (table.size() % 256 == 0) {
+        report(progress_, {u"正在读取剪贴板……"_qs, at_, text_.size()});
+      }
+      table.push_back(readRow());
+    }
     return table;
   }
 
@@ -70,37 +85,93 @@ class Reader {
   }
 
   QString text_;
+  const WorkProgress& progress_;
   qsizetype at_ = 0;
 };
 
-QString htmlCell(const QString& text) {
-  return u"<td>"_qs + text.toHtmlEscaped().replace(u'\n', u"<br>"_qs) + u"</td>"_qs;
+// Spreadsheets would make numbers, dates and formulas of texts that look like them.
+QString htmlCell(const Sheet& sheet, int col, int row) {
+  const QString text = linesAt(sheet, col, row);
+  const bool isText = !text.isEmpty() && !sheet.CellNumber(col, row);
+  const QString start =
+      isText ? uR"(<td sdnum="1033;0;@" style="mso-number-format:'\@'">)"_qs : u"<td>"_qs;
+  return start + text.toHtmlEscaped().replace(u'\n', u"<br>"_qs) + u"</td>"_qs;
+}
+
+// A page that reads no files and no addresses.
+class ClosedDocument : public QTextDocument {
+ protected:
+  QVariant loadResource(int, const QUrl&) override { return {}; }
+};
+
+// The table that is all of the document; null for any other document.
+const QTextTable* onlyTable(const QTextDocument& document) {
+  const QTextFrame* root = document.rootFrame();
+  const QTextTable* table = nullptr;
+  for (auto part = root->begin(); !part.atEnd(); ++part) {
+    if (!part.currentFrame()) {
+      if (!part.currentBlock().text().trimmed().isEmpty()) return nullptr;
+    } else if (table || !(table = qobject_cast<QTextTable*>(part.currentFrame()))) {
+      return nullptr;
+    }
+  }
+  return table;
+}
+
+QString textOf(const QTextTableCell& cell) {
+  QStringList lines;
+  for (auto part = cell.begin(); !part.atEnd(); ++part) lines << part.currentBlock().text();
+  QString text = lines.join(u'\n');
+  return text.replace(QChar::LineSeparator, u'\n').replace(QChar::Nbsp, u' ');
 }
 
 }  // namespace
 
-QString tabSeparated(const TextTable& table) {
+QString tabSeparated(const Sheet& sheet, const CellRange& range) {
   QString text;
-  for (const QStringList& row : table) {
-    QStringList fields;
-    for (const QString& field : row) fields << quoted(field);
-    text += fields.join(u'\t') + u'\n';
+  for (int row = range.row1; (row = sheet.NextShownRow(row)) <= range.row2; ++row) {
+    for (int col = range.col1; col <= range.col2; ++col) {
+      if (col > range.col1) text += u'\t';
+      text += quoted(linesAt(sheet, col, row));
+    }
+    text += u'\n';
   }
   return text;
 }
 
-TextTable readTabSeparated(const QString& text) {
-  return Reader(text).read();
+TextTable readTabSeparated(const QString& text, const WorkProgress& progress) {
+  return Reader(text, progress).read();
 }
 
-QString htmlTable(const TextTable& table) {
-  QString html = u"<html><head><meta charset=\"utf-8\"></head><body><table>"_qs;
-  for (const QStringList& row : table) {
+QString htmlTable(const Sheet& sheet, const CellRange& range) {
+  QString html =
+      u"<html><head><meta charset=\"utf-8\"><style>br{mso-data-placement:same-cell}</style></head>"
+      u"<body><table>"_qs;
+  for (int row = range.row1; (row = sheet.NextShownRow(row)) <= range.row2; ++row) {
     html += u"<tr>"_qs;
-    for (const QString& cell : row) html += htmlCell(cell);
+    for (int col = range.col1; col <= range.col2; ++col) html += htmlCell(sheet, col, row);
     html += u"</tr>\n"_qs;
   }
   return html + u"</table></body></html>"_qs;
+}
+
+TextTable readHtmlTable(const QString& html) {
+  constexpr qsizetype kMostRead = 1'000'000;
+  if (html.size() > kMostRead || !html.contains(u"<table", Qt::CaseInsensitive)) return {};
+  ClosedDocument document;
+  document.setUndoRedoEnabled(false);
+  document.setHtml(html);
+  const QTextTable* table = onlyTable(document);
+  if (!table) return {};
+  TextTable texts(static_cast<std::size_t>(table->rows()));
+  for (int row = 0; row < table->rows(); ++row) {
+    for (int col = 0; col < table->columns(); ++col) {
+      const QTextTableCell cell = table->cellAt(row, col);
+      const bool begins = cell.row() == row && cell.column() == col;
+      texts[static_cast<std::size_t>(row)] << (begins ? textOf(cell) : QString());
+    }
+  }
+  return texts;
 }
 
 }  // namespace vellora

@@ -5,6 +5,7 @@
 #include <QString>
 
 #include <algorithm>
+#include <set>
 #include <vector>
 
 namespace vellora {
@@ -25,19 +26,33 @@ struct GridColours {
 // What a grid looks like before a skin speaks.
 GridColours coloursOf(const QPalette& palette);
 
+// A row that is set apart, and what for.
+struct RowMark {
+  int row = 0;
+  QString meaning;
+  friend bool operator==(const RowMark&, const RowMark&) = default;
+};
+
 // Colours and headings that the parts of one grid share.
 struct GridLook {
   GridColours colours;
   int frozenCols = 0;
   int frozenRows = 0;
   int markedCol = -1;
-  std::vector<int> markedRows;  // ascending
-  QString markMeaning;
+  std::vector<RowMark> markedRows;  // ascending
   bool isEditable = false;
+  std::set<int> lockedCols;
 
+  // Whether the user may change the cell.
+  bool isOpen(int col, int row) const {
+    return isEditable && !isHeading(col, row) && !lockedCols.contains(col);
+  }
   bool isHeading(int col, int row) const { return col < frozenCols || row < frozenRows; }
-  bool isMarkedRow(int row) const {
-    return std::binary_search(markedRows.begin(), markedRows.end(), row);
+  // Null for a row without one.
+  const RowMark* markOf(int row) const {
+    const auto mark = std::lower_bound(markedRows.begin(), markedRows.end(), row,
+                                       [](const RowMark& a, int b) { return a.row < b; });
+    return mark != markedRows.end() && mark->row == row ? &*mark : nullptr;
   }
 };
 

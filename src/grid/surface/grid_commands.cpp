@@ -2,12 +2,9 @@
 
 #include "grid/surface/grid_surface_parts.h"
 
-#include <QClipboard>
 #include <QContextMenuEvent>
-#include <QGuiApplication>
 #include <QMenu>
 #include <QMetaMethod>
-#include <QMimeData>
 
 namespace vellora {
 namespace {
@@ -47,11 +44,6 @@ GridCommands GridSurface::Parts::commands() {
       {u"全选"_qs, keysOf(QKeySequence::SelectAll), canCopy, [this] { grid.selectAll(); }},
       {u"打印..."_qs, {}, [] { return true; }, [this] { print(); }},
   };
-}
-
-bool GridSurface::Parts::canPaste() const {
-  return look.isEditable && !selected().isEmpty() &&
-         QGuiApplication::clipboard()->mimeData()->hasText();
 }
 
 bool GridSurface::Parts::canDuplicate() const {

@@ -4,6 +4,7 @@
 #include "grid/surface/grid_surface_parts.h"
 #include "grid/surface/key_moves.h"
 
+#include <QCoreApplication>
 #include <QKeyEvent>
 
 namespace vellora {
@@ -21,14 +22,35 @@ bool isEnter(int key) {
 
 }  // namespace
 
+// An open cell's Escape is no shortcut of the window, also while the focus is still here.
+bool GridSurface::event(QEvent* event) {
+  const bool isEscape = event->type() == QEvent::ShortcutOverride &&
+                        static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape;
+  if (isEscape && parts_->isEditing()) event->accept();
+  return QTableView::event(event);
+}
+
+// While a cell is open, keys come here that its editor has no use for, and those that find the
+// focus still in the grid, where an input method began.
 void GridSurface::keyPressEvent(QKeyEvent* event) {
-  parts_->keepTypedText();
   event->ignore();
+  if (parts_->passToEditor(*event)) return;
+  if (parts_->isEditing() && !isWindowKey(*event)) return;
+  parts_->keepTypedText();
   emit GridKeyDown(event);
   if (event->isAccepted() || parts_->isEditing()) return;
   const bool isUsed =
       parts_->useCommandKey(*event) || parts_->useEditKey(*event) || parts_->useMoveKey(*event);
   event->setAccepted(isUsed);
+}
+
+bool GridSurface::Parts::passToEditor(QKeyEvent& event) const {
+  CellEditor* open = editor();
+  if (!open || open->hasFocus() || isModifierKey(event.key())) return false;
+  open->setFocus();
+  event.accept();
+  QCoreApplication::sendEvent(open, &event);
+  return true;
 }
 
 bool GridSurface::Parts::useMoveKey(const QKeyEvent& event) {
@@ -69,21 +91,11 @@ bool GridSurface::Parts::useEditKey(QKeyEvent& event) {
     return true;
   }
   if (event.key() == Qt::Key_F2) {
-    const bool isOpen = grid.edit(grid.currentIndex(), AllEditTriggers, nullptr);
-    if (isOpen) editor()->putCursorAtEnd();
-    return isOpen;
+    CellEditor* open = openEditor(cell);
+    if (open) open->putCursorAtEnd();
+    return open;
   }
   return isTyped(event) && grid.edit(grid.currentIndex(), AnyKeyPressed, &event);
-}
-
-bool GridSurface::edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) {
-  const bool opens = index.isValid() && parts_->look.isEditable && !parts_->isEditing() &&
-                     (trigger == AllEditTriggers || trigger == AnyKeyPressed);
-  if (!opens) return QTableView::edit(index, trigger, event);
-  const CellPlace cell = placeOf(index);
-  parts_->edits.raise([&] { emit CellEditStart(cell.col, cell.row); });
-  parts_->sync();
-  return QTableView::edit(parts_->indexOf(cell), trigger, event);
 }
 
 }  // namespace vellora

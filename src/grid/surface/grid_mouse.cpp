@@ -22,12 +22,14 @@ void GridSurface::mousePressEvent(QMouseEvent* event) {
       event->modifiers().testFlag(Qt::ShiftModifier) && !parts_->current().isNone();
   parts_->isClick = false;
   parts_->pressed = {};
+  parts_->lastPressed = {};
   if (cell.isNone()) return event->ignore();
   if (event->button() != Qt::LeftButton) {
     if (!parts_->selected().contains(cell)) parts_->makeCurrent(cell);
     return;
   }
   parts_->pressed = cell;
+  parts_->lastPressed = cell;
   parts_->isClick = !selects;
   if (selects) {
     parts_->extendSelection(cell);
@@ -38,6 +40,7 @@ void GridSurface::mousePressEvent(QMouseEvent* event) {
 
 void GridSurface::mouseMoveEvent(QMouseEvent* event) {
   const QPoint point = event->position().toPoint();
+  if (!event->buttons().testFlag(Qt::LeftButton)) parts_->edgeDrag.end();
   viewport()->setCursor(parts_->edgeDrag.cursorAt(point));
   if (parts_->edgeDrag.isActive()) return parts_->edgeDrag.move(point);
   if (!event->buttons().testFlag(Qt::LeftButton) || parts_->pressed.isNone()) return;
@@ -63,6 +66,7 @@ void GridSurface::mouseReleaseEvent(QMouseEvent* event) {
   emit CellClick(cell.col, cell.row);
 }
 
+// Without its first half in this grid, which another window got, it is none.
 void GridSurface::mouseDoubleClickEvent(QMouseEvent* event) {
   const QPoint point = event->position().toPoint();
   if (event->button() != Qt::LeftButton) return;
@@ -74,9 +78,20 @@ void GridSurface::mouseDoubleClickEvent(QMouseEvent* event) {
     }
     return;
   }
-  const QModelIndex index = indexAt(point);
-  if (!index.isValid() || !edit(index, AllEditTriggers, nullptr)) return;
-  parts_->editor()->putCursorAtEnd();
+  const CellPlace first = std::exchange(parts_->lastPressed, {});
+  if (first.isNone()) return;
+  if (parts_->cellAt(point) != first) return mousePressEvent(event);
+  if (CellEditor* open = parts_->openEditor(first)) open->putCursorAtEnd();
+}
+
+// What the mouse does from now on began in another window.
+void GridSurface::focusOutEvent(QFocusEvent* event) {
+  parts_->pressed = {};
+  parts_->lastPressed = {};
+  parts_->isClick = false;
+  parts_->dragScroll.stop();
+  parts_->edgeDrag.end();
+  QTableView::focusOutEvent(event);
 }
 
 // Scrolls on while the user holds the mouse beyond the edge.

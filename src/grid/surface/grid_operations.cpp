@@ -3,7 +3,7 @@
 #include "grid/files/print_preview.h"
 #include "grid/files/workbook_file.h"
 #include "grid/surface/grid_surface_parts.h"
-#include "grid/surface/range_edits.h"
+#include "grid/surface/range_edit.h"
 
 namespace vellora {
 
@@ -163,7 +163,7 @@ void GridSurface::SaveFile(const QString& path) const {
 void GridSurface::PrintSheet(bool /*board*/) {
   parts_->keepTypedText();
   workbook().pageSetup = previewSheet(sheet(), workbook().pageSetup, PrintHeadings::HeadingStrip,
-                                      parts_->documentName, this, parts_->runWork);
+                                      parts_->documentName(), this, parts_->runWork);
 }
 
 void GridSurface::PrintBoard(bool /*board*/) {
@@ -171,8 +171,8 @@ void GridSurface::PrintBoard(bool /*board*/) {
   PageSetup setup = workbook().pageSetup;
   setup.landscape = true;
   setup.fitToOnePageWidth = true;
-  workbook().pageSetup = previewSheet(sheet(), setup, PrintHeadings::FirstRow, parts_->documentName,
-                                      this, parts_->runWork);
+  workbook().pageSetup = previewSheet(sheet(), setup, PrintHeadings::FirstRow,
+                                      parts_->documentName(), this, parts_->runWork);
 }
 
 void GridSurface::AddSheet(const QString& name, int count) {

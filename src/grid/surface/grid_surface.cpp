@@ -100,7 +100,23 @@ void GridSurface::setEditable(bool on) {
   setEditTriggers(on ? AnyKeyPressed : NoEditTriggers);
 }
 
-void GridSurface::setDocumentName(const QString& name) {
+void GridSurface::setColumnLocked(int col, bool locked) {
+  if (locked) {
+    parts_->look.lockedCols.insert(col);
+  } else {
+    parts_->look.lockedCols.erase(col);
+  }
+}
+
+void GridSurface::setEntryRule(const EntryRule& rule) {
+  parts_->rule = rule;
+}
+
+void GridSurface::setGrowsOnPaste(bool on) {
+  parts_->growsOnPaste = on;
+}
+
+void GridSurface::setDocumentName(const std::function<QString()>& name) {
   parts_->documentName = name;
 }
 
@@ -125,13 +141,12 @@ void GridSurface::markColumn(int col) {
   viewport()->update();
 }
 
-void GridSurface::markRows(std::vector<int> rows, const QString& meaning) {
-  parts_->look.markedRows = std::move(rows);
-  parts_->look.markMeaning = meaning;
+void GridSurface::markRows(std::vector<RowMark> marks) {
+  parts_->look.markedRows = std::move(marks);
   viewport()->update();
 }
 
-const std::vector<int>& GridSurface::markedRows() const {
+const std::vector<RowMark>& GridSurface::markedRows() const {
   return parts_->look.markedRows;
 }
 

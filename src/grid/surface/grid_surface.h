@@ -2,6 +2,7 @@
 
 #include "grid/files/print_preview.h"
 #include "grid/sheet/workbook.h"
+#include "grid/surface/cell_entry.h"
 #include "grid/surface/grid_colours.h"
 #include "routine/work_step.h"
 
@@ -93,17 +94,29 @@ class GridSurface : public QTableView {
   void setSharesWidth(bool on);
   // False: cells can be selected and copied but not typed into.
   void setEditable(bool on);
-  void setDocumentName(const QString& name);
-  // How printing tells that it takes long; without one it does not.
+  // Keeps the user from changing a column's cells; headings, which setFrozen() makes, are kept so
+  // always. What the user does to other cells together with them is done to those alone.
+  void setColumnLocked(int col, bool locked);
+  // How texts that the user types, or pastes from another program, are understood. A text that the
+  // rule refuses changes nothing in its cell: see EntriesRefused. Without a rule every text goes in
+  // and the cell's tag goes. Emptying a cell empties its tag; cells copied in this program bring
+  // their tags, and the rule is asked only where a tag would mean nothing: without one, and in a
+  // column of another heading. All of it is undone as one step.
+  void setEntryRule(const EntryRule& rule);
+  // Whether a paste of more rows than there are adds rows, instead of raising PasteCut.
+  void setGrowsOnPaste(bool on);
+  // Gives the printed document's name when it is printed.
+  void setDocumentName(const std::function<QString()>& name);
+  // How printing, pasting and clearing tell that they take long; without one they do not.
   void setWorkRunner(const WorkRunner& run);
   void setColours(const GridColours& colours);
   // Sets one column apart (its frozen heading and its edges) without touching its cells' colours;
   // −1 for none.
   void markColumn(int col);
-  // Sets rows, in ascending order, apart by a bar at their left end; `meaning` says what it stands
-  // for to assistive tools. The marks do not move with their rows.
-  void markRows(std::vector<int> rows, const QString& meaning);
-  const std::vector<int>& markedRows() const;
+  // Sets rows, in ascending order, apart by a bar at their left end; the meanings are read by
+  // assistive tools and shown over the bars. The marks do not move with their rows.
+  void markRows(std::vector<RowMark> marks);
+  const std::vector<RowMark>& markedRows() const;
 
   // Between the two calls every change to the sheet, the user's or the program's, becomes one undo
   // step. Rules that change several rows at once are wrapped in it.
@@ -126,6 +139,9 @@ class GridSurface : public QTableView {
   void GridKeyDown(QKeyEvent* event);
   // The user pasted more than the sheet has room for; this many rows and columns were dropped.
   void PasteCut(int lostRows, int lostCols);
+  // The entry rule refused texts, `firstText` the first of them. Once for all that the user did at
+  // once, after the cell that was typed into has closed.
+  void EntriesRefused(int count, const QString& firstText);
 
  public:
   QRect visualRect(const QModelIndex& index) const override;
@@ -146,7 +162,10 @@ class GridSurface : public QTableView {
   void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void changeEvent(QEvent* event) override;
+  bool event(QEvent* event) override;
+  void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
   void keyPressEvent(QKeyEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;

@@ -1,14 +1,12 @@
 #include "grid/surface/grid_surface_parts.h"
 
 #include "grid/surface/cell_editor.h"
-#include "grid/surface/clipboard_text.h"
+#include "grid/surface/copied_cells.h"
 #include "grid/surface/heading_strip.h"
-#include "grid/surface/range_edits.h"
 
 #include <QAbstractButton>
 #include <QClipboard>
 #include <QGuiApplication>
-#include <QMimeData>
 #include <QScopedValueRollback>
 
 namespace vellora {
@@ -17,9 +15,7 @@ GridSurface::Parts::Parts(GridSurface& surface)
     : grid(surface),
       model(book, look,
             [this](int col, int row, const QString& text) {
-              edits.edit(u"输入"_qs, {col, row},
-                         [&](Sheet& sheet) { sheet.SetCellText(col, row, text); });
-              showChangesLater();
+              enter({col, row}, text);
             }),
       delegate(look),
       cols((setUpHeaders(), *surface.horizontalHeader())),
@@ -30,6 +26,7 @@ GridSurface::Parts::Parts(GridSurface& surface)
   connect(&later, &QTimer::timeout, &grid, [this] { showChanges(); });
   connect(&delegate, &CellDelegate::left, &grid,
           [this](int key, Qt::KeyboardModifiers modifiers) { moveBy(key, modifiers); });
+  connect(&delegate, &CellDelegate::aboutToLoseKey, &grid, [this] { keepTypedText(); });
   connect(&sizes, &HeaderSizes::columnDragged, &grid,
           [this](int col, int width) { writeSize(&Sheet::SetColumnWidth, col, width); });
   connect(&sizes, &HeaderSizes::rowDragged, &grid,
@@ -117,6 +114,7 @@ CellRange GridSurface::Parts::selected() const {
 }
 
 void GridSurface::Parts::extendSelection(CellPlace corner) {
+  if (current().isNone()) return makeCurrent(corner);
   const CellRange range = CellRange::between(current(), corner);
   grid.selectionModel()->select(
       QItemSelection(indexOf({range.col1, range.row1}), indexOf({range.col2, range.row2})),
@@ -137,20 +135,6 @@ int GridSurface::Parts::rowsPerPage() const {
   return std::max(1, room / std::max(1, grid.verticalHeader()->defaultSectionSize()) - 1);
 }
 
-CellEditor* GridSurface::Parts::editor() const {
-  return qobject_cast<CellEditor*>(grid.indexWidget(grid.currentIndex()));
-}
-
-void GridSurface::Parts::keepTypedText() {
-  if (CellEditor* open = editor()) grid.commitData(open);
-}
-
-void GridSurface::Parts::edited(const QString& name, const std::function<void(Sheet&)>& change) {
-  if (!look.isEditable || current().isNone()) return;
-  edits.edit(name, current(), change);
-  showChanges();
-}
-
 void GridSurface::Parts::undo() {
   goTo(edits.undo());
 }
@@ -162,38 +146,6 @@ void GridSurface::Parts::redo() {
 void GridSurface::Parts::goTo(CellPlace place) {
   showChanges();
   if (cols.has(place.col) && rows.has(place.row)) makeCurrent(place);
-}
-
-void GridSurface::Parts::copy() const {
-  const CellRange range = selected();
-  if (range.isEmpty()) return;
-  const TextTable table = textsOf(book.sheet(), range);
-  auto* data = new QMimeData;
-  data->setText(tabSeparated(table));
-  data->setHtml(htmlTable(table));
-  QGuiApplication::clipboard()->setMimeData(data);
-}
-
-void GridSurface::Parts::cut() {
-  if (!look.isEditable) return;
-  copy();
-  edited(u"剪切"_qs, [this](Sheet& sheet) { emptyCells(sheet, selected()); });
-}
-
-void GridSurface::Parts::paste() {
-  const TextTable table = readTabSeparated(QGuiApplication::clipboard()->text());
-  if (table.empty()) return;
-  Lost lost;
-  edited(u"粘贴"_qs, [&](Sheet& sheet) { lost = pasteTexts(sheet, selected(), table); });
-  if (lost.rows > 0 || lost.cols > 0) emit grid.PasteCut(lost.rows, lost.cols);
-}
-
-void GridSurface::Parts::empty() {
-  edited(u"清除"_qs, [this](Sheet& sheet) { emptyCells(sheet, selected()); });
-}
-
-void GridSurface::Parts::duplicateRow() {
-  edited(u"重复本行"_qs, [this](Sheet&) { emit grid.RowDuplicate(current().row); });
 }
 
 void GridSurface::Parts::print() {

@@ -6,6 +6,7 @@
 #include "grid/surface/grid_commands.h"
 #include "grid/surface/grid_surface.h"
 #include "grid/surface/header_sizes.h"
+#include "grid/surface/range_edit.h"
 #include "grid/surface/sheet_edits.h"
 #include "grid/surface/sheet_model.h"
 #include "grid/surface/text_layouts.h"
@@ -52,8 +53,18 @@ class GridSurface::Parts {
   bool isEditing() const { return grid.state() == EditingState; }
   // Null while no cell is being typed into.
   CellEditor* editor() const;
+  // Makes the cell current and opens it; null where it does not open.
+  CellEditor* openEditor(CellPlace cell);
+  // For keys that do something else while a cell is open; a text that is refused closes it.
   void keepTypedText();
-  void edited(const QString& name, const std::function<void(Sheet&)>& change);
+  void beginEntry(CellPlace cell);
+  void enter(CellPlace cell, const QString& text);
+  void takeEntryBack();
+  // Raises EntriesRefused for what was refused since the last time.
+  void tellRefused();
+  // One step of the user's, which may take long: it is given up whole.
+  using Change = std::function<void(RangeEdit&, const WorkProgress&)>;
+  void edited(const QString& name, const Change& change);
   void undo();
   void redo();
   void copy() const;
@@ -66,6 +77,8 @@ class GridSurface::Parts {
   GridCommands commands();
   bool canPaste() const;
   bool canDuplicate() const;
+  // True when the open cell has got the key.
+  bool passToEditor(QKeyEvent& event) const;
   bool useCommandKey(const QKeyEvent& event);
   bool useMoveKey(const QKeyEvent& event);
   bool useEditKey(QKeyEvent& event);
@@ -87,19 +100,35 @@ class GridSurface::Parts {
   quint64 shownRevision = 0;
   bool hasSkin = false;
   bool isQuiet = false;  // the current cell moves without CellEntered
-  QString documentName;
+  EntryRule rule;
+  bool growsOnPaste = false;
+  std::function<QString()> documentName = [] { return QString(); };
   WorkRunner runWork = runUntold;
 
   // Cells of the last CopySelection.
   Sheet copied;
   CellRange copiedRange;
 
+  // What the open cell held when it was opened. A part of its text that was kept meanwhile is one
+  // step with the rest.
+  struct Entry {
+    CellEntry before;
+    bool isKept = false;
+  };
+  Entry entry;
+  int refused = 0;
+  QString firstRefused;
+
   // Where the left button went down; a click as long as the mouse stays there.
   CellPlace pressed;
   bool isClick = false;
+  // Where it last did, which is the first half of a double click.
+  CellPlace lastPressed;
   QBasicTimer dragScroll;
 
  private:
+  void note(const RangeEdit& edit);
+  void emptySelection(const QString& name);
   void setUpHeaders();
   void writeSize(void (Sheet::*set)(int, int), int section, int size);
   void goTo(CellPlace place);

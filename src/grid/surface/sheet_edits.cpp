@@ -61,6 +61,12 @@ CellPlace SheetEdits::redo() {
   return show(at_ + 1, states_[at_ + 1].place);
 }
 
+bool SheetEdits::takeBack() {
+  if (undo().isNone()) return false;
+  states_.resize(at_ + 1);
+  return true;
+}
+
 // Column widths stay as the user last dragged them.
 CellPlace SheetEdits::show(std::size_t state, CellPlace place) {
   const Sheet left = book_.sheet();

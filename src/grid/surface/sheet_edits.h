@@ -32,6 +32,8 @@ class SheetEdits {
   // Both return where the step is seen; nothing happens, and there is no place, when it cannot be.
   CellPlace undo();
   CellPlace redo();
+  // Undoes the last step as if it had never been; false when it cannot be undone.
+  bool takeBack();
   void clear();
   bool isEdited() const { return isEdited_; }
 

@@ -49,7 +49,7 @@ QVariant SheetModel::data(const QModelIndex& index, int role) const {
     case Qt::TextAlignmentRole:
       return QVariant::fromValue(alignmentOf(style.align));
     case Qt::AccessibleDescriptionRole:
-      return look_.isMarkedRow(row) ? look_.markMeaning : QString();
+      return look_.markOf(row) ? look_.markOf(row)->meaning : QString();
     default:
       return {};
   }
@@ -75,7 +75,8 @@ QVariant SheetModel::headerData(int section, Qt::Orientation orientation, int ro
 
 Qt::ItemFlags SheetModel::flags(const QModelIndex& index) const {
   const Qt::ItemFlags flags = QAbstractTableModel::flags(index);
-  return look_.isEditable && index.isValid() ? flags | Qt::ItemIsEditable : flags;
+  const bool isOpen = index.isValid() && look_.isOpen(index.column(), index.row());
+  return isOpen ? flags | Qt::ItemIsEditable : flags;
 }
 
 bool SheetModel::setData(const QModelIndex& index, const QVariant& value, int role) {

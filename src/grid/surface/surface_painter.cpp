@@ -70,7 +70,7 @@ void SurfacePainter::paintMarkedRows(QPainter& painter, const std::vector<Span>&
                                      const std::vector<Span>& areaRows) const {
   if (areaCols.front().section != 0) return;
   for (const Span& row : areaRows) {
-    if (!look.isMarkedRow(row.section)) continue;
+    if (!look.markOf(row.section)) continue;
     painter.fillRect(areaCols.front().start, row.start, kRowBar, row.size - 1, kRowBarColour);
   }
 }

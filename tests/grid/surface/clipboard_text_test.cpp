@@ -7,13 +7,6 @@
 namespace vellora {
 namespace {
 
-TEST(ClipboardText, ComesBackAsItWasWritten) {
-  const TextTable table{{u"a"_qs, u"tab\there"_qs, u""_qs},
-                        {u"line\nline"_qs, u"\"quoted\""_qs, u"in\"side"_qs},
-                        {u"\""_qs, u" \" "_qs, u"末"_qs}};
-  EXPECT_EQ(readTabSeparated(tabSeparated(table)), table);
-}
-
 TEST(ClipboardText, ReadsWhatOtherProgramsWrite) {
   struct Case {
     QString text;
@@ -32,6 +25,20 @@ TEST(ClipboardText, ReadsWhatOtherProgramsWrite) {
       {u"\"\"\tx"_qs, {{u""_qs, u"x"_qs}}},
   };
   for (const Case& c : cases) EXPECT_EQ(readTabSeparated(c.text), c.table) << c.text.toStdString();
+}
+
+TEST(ClipboardText, ReadsThePageThatIsOneTableAndNoOther) {
+  const QString start = u"<html><head><style>td{color:red}</style></head><body>"_qs;
+  const QString table =
+      u"<table cellspacing=\"0\"><colgroup width=\"85\"></colgroup><tr>"
+      u"<td height=\"17\" align=\"left\" sdnum=\"1033;0;@\">a<br>b</td><td>&lt;1&nbsp;&amp;</td>"
+      u"</tr>\n<tr><td colspan=2>wide</td></tr><tr><td></td><td><p>x</p><p>y</p></td></tr>"
+      u"</table>"_qs;
+  const TextTable cells{{u"a\nb"_qs, u"<1 &"_qs}, {u"wide"_qs, QString()}, {QString(), u"x\ny"_qs}};
+  EXPECT_EQ(readHtmlTable(start + table + u"\n</body>"_qs), cells);
+  EXPECT_EQ(readHtmlTable(start + u"<p>text</p>"_qs + table), TextTable());
+  EXPECT_EQ(readHtmlTable(start + table + table), TextTable());
+  EXPECT_EQ(readHtmlTable(start + QString(2'000'000, u' ') + table), TextTable());
 }
 
 }  // namespace

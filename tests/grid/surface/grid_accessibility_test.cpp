@@ -50,10 +50,11 @@ TEST_F(GridAccessibility, ASelectedCellSaysSo) {
 }
 
 TEST_F(GridAccessibility, AMarkedRowSaysWhatItsMarkStandsFor) {
-  grid.markRows({1, 3}, u"未保存"_qs);
+  grid.markRows({{1, u"没有时间块"_qs}, {3, u"未保存"_qs}});
   const auto description = [&](int row) {
     return table()->cellAt(row, 0)->text(QAccessible::Description);
   };
+  EXPECT_EQ(description(1), u"没有时间块");
   EXPECT_EQ(description(3), u"未保存");
   EXPECT_EQ(description(2), QString());
 }

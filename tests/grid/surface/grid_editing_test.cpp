@@ -2,6 +2,7 @@
 
 #include <QInputMethodEvent>
 #include <QLineEdit>
+#include <QShortcut>
 
 namespace vellora {
 namespace {
@@ -54,6 +55,52 @@ TEST_F(GridEditing, F2AddsToTheTextAndEscapeKeepsTheOldOne) {
   press(Qt::Key_Escape);
   EXPECT_EQ(text(0, 0), u"旧!");
   EXPECT_EQ(editor(), nullptr);
+}
+
+TEST_F(GridEditing, EscapeTakesBackAllOfAnEntryWhateverWasPressedMeanwhile) {
+  grid.SetCellTag(0, 0, u"key"_qs);
+  for (const int key : {Qt::Key_Shift, Qt::Key_CapsLock, Qt::Key_F3, Qt::Key_F8}) {
+    // The program changes another cell in answer to the last.
+    const auto answer = QObject::connect(&grid, &GridSurface::GridKeyDown, &grid, [&] {
+      if (key == Qt::Key_F8) grid.SetCellText(2, 2, u"new"_qs);
+    });
+    type("a");
+    press(key);
+    type("b");
+    press(key);
+    press(Qt::Key_Escape);
+    QObject::disconnect(answer);
+    EXPECT_EQ(text(0, 0) + grid.CellTag(0, 0), u"旧key") << key;
+    EXPECT_EQ(editor(), nullptr);
+  }
+}
+
+TEST_F(GridEditing, OneEntryIsOneStepOfUndo) {
+  type("a");
+  press(Qt::Key_F3);
+  type("b");
+  press(Qt::Key_J, Qt::ControlModifier);
+  press(Qt::Key_Return);
+  EXPECT_EQ(text(0, 0), u"ab");
+  press(Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(text(0, 0), u"旧");
+}
+
+TEST_F(GridEditing, EscapeInAnOpenCellNeverReachesTheWindow) {
+  QStringList seen;
+  QObject::connect(&grid, &GridSurface::GridKeyDown, &grid, [&](QKeyEvent* event) {
+    if (event->key() == Qt::Key_Escape) seen << u"window"_qs;
+  });
+  QShortcut close(Qt::Key_Escape, &grid);
+  QObject::connect(&close, &QShortcut::activated, &grid, [&] { seen << u"shortcut"_qs; });
+  type("x");
+  press(Qt::Key_Escape);
+  QInputMethodEvent composing(u"zhong"_qs, {});
+  QApplication::sendEvent(&grid, &composing);
+  QTest::keyClick(&grid, Qt::Key_Escape);
+  EXPECT_EQ(editor(), nullptr);
+  EXPECT_EQ(text(0, 0), u"旧");
+  EXPECT_EQ(seen, QStringList());
 }
 
 TEST_F(GridEditing, AltEnterBeginsANewLineWithinTheCell) {

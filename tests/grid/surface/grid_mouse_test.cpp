@@ -34,6 +34,29 @@ TEST_F(GridMouse, ADoubleClickIsOneClick) {
   EXPECT_EQ(clicks.count(), 1);
 }
 
+TEST_F(GridMouse, ADoubleClickThatBeganInAnotherWindowDoesNothing) {
+  grid.setEditable(true);
+  const auto secondHalf = [this](int col, int row) {
+    QTest::mouseDClick(grid.viewport(), Qt::LeftButton, Qt::NoModifier, centre(col, row));
+    QTest::mouseRelease(grid.viewport(), Qt::LeftButton, Qt::NoModifier, centre(col, row));
+  };
+  secondHalf(1, 1);
+  click(1, 1);
+  QFocusEvent leave(QEvent::FocusOut, Qt::ActiveWindowFocusReason);
+  QApplication::sendEvent(&grid, &leave);
+  secondHalf(1, 1);
+  secondHalf(2, 2);
+  EXPECT_EQ(editor(), nullptr);
+  EXPECT_EQ(current(), (CellPlace{1, 1}));
+  EXPECT_EQ(clicks.count(), 1);
+  click(2, 2);
+  secondHalf(3, 3);
+  EXPECT_EQ(clicks.count(), 3) << "two quick clicks on neighbours";
+  QObject::connect(&grid, &GridSurface::CellEditStart, &grid, [this] { grid.DeleteRows(3, 3); });
+  doubleClick(3, 4);
+  EXPECT_EQ(editor(), nullptr) << "the row is gone before it opens";
+}
+
 TEST_F(GridMouse, DraggingSelectsFromWhereItBegan) {
   drag(centre(2, 3), centre(1, 1));
   EXPECT_EQ(grid.selectionModel()->selectedIndexes().size(), 6);
