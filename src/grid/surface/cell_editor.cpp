@@ -31,7 +31,7 @@ bool isWindowKey(const QKeyEvent& event) {
   return (event.modifiers() & kCommand) && !isModifierKey(event.key());
 }
 
-CellEditor::CellEditor(QWidget* viewport) : QPlainTextEdit(viewport) {
+CellEditor::CellEditor(QWidget* viewport) : PlainTextBox(viewport) {
   setFrameStyle(static_cast<int>(QFrame::Box) | static_cast<int>(QFrame::Plain));
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -68,7 +68,7 @@ void CellEditor::putCursorAtEnd() {
 // Alt with a letter presses a button of the window without moving the focus; Escape closes the
 // cell, whatever else it would do.
 bool CellEditor::event(QEvent* event) {
-  const bool isUsed = QPlainTextEdit::event(event);
+  const bool isUsed = PlainTextBox::event(event);
   if (event->type() != QEvent::ShortcutOverride || event->isAccepted()) return isUsed;
   const auto& key = *static_cast<QKeyEvent*>(event);
   if (key.key() == Qt::Key_Escape || isNewLineKey(key))
@@ -84,7 +84,7 @@ void CellEditor::keyPressEvent(QKeyEvent* event) {
   } else if (isNewLineKey(*event)) {
     insertPlainText(u"\n"_qs);
   } else {
-    QPlainTextEdit::keyPressEvent(event);
+    PlainTextBox::keyPressEvent(event);
   }
 }
 

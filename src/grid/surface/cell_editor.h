@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QPlainTextEdit>
+#include "grid/surface/plain_text_box.h"
 
 namespace vellora {
 
@@ -11,7 +11,7 @@ bool isModifierKey(int key);
 bool isWindowKey(const QKeyEvent& event);
 
 // Where a cell's text is typed: Enter and Tab leave, Alt+Enter begins a new line.
-class CellEditor final : public QPlainTextEdit {
+class CellEditor final : public PlainTextBox {
   Q_OBJECT
 
  public:

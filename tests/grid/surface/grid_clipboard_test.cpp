@@ -1,5 +1,7 @@
 #include "grid_hands.h"
 
+#include <QContextMenuEvent>
+#include <QMenu>
 #include <QMimeData>
 
 namespace vellora {
@@ -12,6 +14,20 @@ using test::putOnClipboard;
 class GridClipboard : public testing::Test, protected GridHands {
  protected:
   GridClipboard() : GridHands(3, 4) { grid.setEditable(true); }
+  // Opens it and gives the captions that can be used.
+  static QStringList contextMenu(QWidget* on) {
+    QContextMenuEvent asked(QContextMenuEvent::Keyboard, QPoint(5, 5),
+                            on->mapToGlobal(QPoint(5, 5)));
+    QApplication::sendEvent(on, &asked);
+    QStringList captions;
+    auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    if (!menu) return {};
+    for (const QAction* action : menu->actions()) {
+      if (action->isEnabled()) captions << action->text();
+    }
+    menu->close();
+    return captions;
+  }
   void paste() { press(Qt::Key_V, Qt::ControlModifier); }
 };
 
@@ -208,6 +224,21 @@ TEST_F(GridClipboard, LineBreaksComeFromTheHtmlAndTheRestFromTheText) {
   QGuiApplication::clipboard()->setMimeData(data);
   paste();
   EXPECT_EQ(text(0, 0) + u'|' + text(1, 0), u"a\rb| two  blanks");
+}
+
+TEST_F(GridClipboard, AnEmptyClipboardIsNoHarm) {
+  for (QMimeData* empty : {static_cast<QMimeData*>(nullptr), new QMimeData}) {
+    QGuiApplication::clipboard()->setMimeData(empty);
+    grid.SetCurrentCell(0, 0);
+    paste();
+    EXPECT_FALSE(contextMenu(grid.viewport()).contains(u"粘贴"_qs));
+    type("x");
+    paste();
+    press(Qt::Key_Insert, Qt::ShiftModifier);
+    contextMenu(QApplication::focusWidget());
+    press(Qt::Key_Return);
+    EXPECT_EQ(text(0, 0), u"x");
+  }
 }
 
 TEST_F(GridClipboard, TheProgramsOwnCopyDoesNotTouchTheClipboard) {
