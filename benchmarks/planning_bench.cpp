@@ -38,7 +38,8 @@ void compareListing(SideBySide& table, const test::ScheduleBuilder& builder) {
     rows.reset();
   };
   table.compare(
-      "list 10,000 entries", [&] { listPlan(store, sheet, blocks, kActivity); }, bare, 15, kTarget);
+      "list 10,000 entries", [&] { listPlan(store, sheet, blocks, kActivity, nullptr); }, bare, 15,
+      kTarget);
 }
 
 void compareRepeating(SideBySide& table, const test::ScheduleBuilder& builder) {
@@ -132,16 +133,17 @@ void compareSaving(SideBySide& table, const test::ScheduleBuilder& builder) {
   RawSave raw(builder.path(), sheet);
   int run = 0;
   table.compare(
-      "save 10,000 changed entries", [&] { savePlan(store, ++run % 2 ? sheet : other, kActivity); },
+      "save 10,000 changed entries",
+      [&] { savePlan(store, ++run % 2 ? sheet : other, kActivity, nullptr); },
       [&] { raw.save(QByteArray::number(++run)); }, 9, kTarget);
   Sheet empty;
   setUpPlanRows(empty);
-  savePlan(store, empty, kActivity);
+  savePlan(store, empty, kActivity, nullptr);
   table.compare(
       "save 10,000 new entries, then none",
       [&] {
-        savePlan(store, sheet, kActivity);
-        savePlan(store, empty, kActivity);
+        savePlan(store, sheet, kActivity, nullptr);
+        savePlan(store, empty, kActivity, nullptr);
       },
       [&] {
         raw.save(QByteArray::number(++run));

@@ -24,7 +24,7 @@ constexpr QSize kOpeningSize(760, 560);  // all columns, and twenty items
 }  // namespace
 
 ActivityItemEditor::ActivityItemEditor(ApplicationState& state, QWidget* parent)
-    : PlannerWindow(state, parent),
+    : EditedWindow(state, parent),
       catalogue_(state.Db),
       filter_(new QComboBox(this)),
       refresh_(makeButton(u"CmdSX"_qs, u"刷新"_qs)),
@@ -81,6 +81,7 @@ QBoxLayout* ActivityItemEditor::layOutList() {
   list->addLayout(top);
   list->addWidget(grid_, 1);
   list->addWidget(statusLine());
+  list->addWidget(editStatus(grid_));
   return list;
 }
 
@@ -126,13 +127,20 @@ void ActivityItemEditor::activate() {
   filter();
 }
 
+void ActivityItemEditor::setTypable(bool on) {
+  fields_->setEnabled(on);
+  happened(ItemEvent::EditEnded);
+}
+
+// A category that cannot be read leaves list and filter at the one that is shown.
 void ActivityItemEditor::filter() {
-  try {
-    catalogue_.filter(filter_->currentText(), grid_->sheet());
-  } catch (const StoreError& error) {
-    prompts().warn(this, error.description());
+  if (isRead() && isChanged()) keepDiscardedItem();
+  const QString category = filter_->currentText();
+  if (!read([&] { catalogue_.filter(category, grid_->sheet()); })) {
+    if (isRead()) filter_->setCurrentText(shown_category_);
     return;
   }
+  shown_category_ = category;
   const QSignalBlocker allRowsAreNew(grid_);
   grid_->Redraw();
   grid_->SetCurrentCell(kItemCodeCol, 1);
@@ -151,6 +159,7 @@ void ActivityItemEditor::move(int left, int row) {
 
 // An added row that was never stored and the row of a deleted item go when they are left.
 void ActivityItemEditor::changeRow(int left, int entered) {
+  if (isChanged()) keepDiscardedItem();
   if (isNewRow(left)) {
     entered = dropRow(left, entered);
   } else if (left >= 0) {
@@ -172,11 +181,46 @@ int ActivityItemEditor::dropRow(int row, int entered) {
 
 void ActivityItemEditor::showRow(int row) {
   if (catalogue_.isEmpty()) return;
-  if (const auto item = catalogue_.find(codeAt(row))) {
+  if (const auto item = itemAt(row)) {
     fields_->showItem(*item);
   } else {
     fields_->showNew(suggested_code_);
   }
+}
+
+std::optional<Item> ActivityItemEditor::itemAt(int row) {
+  return catalogue_.find(itemIdAt(grid_->sheet(), row));
+}
+
+Changes ActivityItemEditor::changes() {
+  Changes changes;
+  if (mode_ != ItemMode::Browsing && fields_->item() != shown_) {
+    changes.other = u"这个活动项目还没有保存"_qs;
+  }
+  return changes;
+}
+
+void ActivityItemEditor::keepDiscardedItem() {
+  keepDiscarded([this, mode = mode_, id = shown_id_, item = fields_->item()] {
+    return bringBack(mode, id, item);
+  });
+  happened(ItemEvent::EditEnded);
+}
+
+bool ActivityItemEditor::bringBack(ItemMode mode, qint64 id, const Item& item) {
+  int row = 0;
+  while (mode == ItemMode::Editing && row < grid_->Rows() && itemIdAt(grid_->sheet(), row) != id) {
+    ++row;
+  }
+  if (!isRead() || row == grid_->Rows()) return false;
+  if (mode == ItemMode::Adding) {
+    startNew();
+  } else {
+    move(grid_->CurrentRow(), row);
+  }
+  fields_->showItem(item);
+  happened(ItemEvent::FieldsChanged);
+  return true;
 }
 
 QString ActivityItemEditor::codeAt(int row) const {
@@ -197,13 +241,16 @@ void ActivityItemEditor::startNew() {
   fields_->focusCode();
 }
 
-void ActivityItemEditor::store() {
+// Of several items with the typed code the selected one is meant.
+bool ActivityItemEditor::store() {
   const Item item = fields_->item();
-  const bool found = catalogue_.find(item.code).has_value();
+  auto found = itemAt(grid_->CurrentRow());
+  if (!found || found->code != item.code) found = catalogue_.find(item.code);
   const bool adding = mode_ == ItemMode::Adding;
-  const StoreStep step = storeStep(item, adding, isNewRow(grid_->CurrentRow()), found);
+  const StoreStep step = storeStep(item, adding, isNewRow(grid_->CurrentRow()), found.has_value());
   switch (step) {
     case StoreStep::Incomplete:
+      tell(u"活动编号和活动名称都要填写。"_qs);
       fields_->focusCode();
       break;
     case StoreStep::CodeTaken:
@@ -220,24 +267,36 @@ void ActivityItemEditor::store() {
       break;
     case StoreStep::Add:
     case StoreStep::Change:
-      write(step, item);
+      return write(step, item);
   }
+  return false;
 }
 
-void ActivityItemEditor::write(StoreStep step, const Item& item) {
+bool ActivityItemEditor::write(StoreStep step, const Item& item) {
+  bool isTaken = false;
   try {
-    step == StoreStep::Add ? catalogue_.add(item) : catalogue_.change(item);
+    const bool isDone = saveAsking([&](bool overwrite) {
+      if (step == StoreStep::Change) return catalogue_.change(item, overwrite);
+      isTaken = !catalogue_.add(item);
+    });
+    if (!isDone) return false;
   } catch (const StoreError& error) {
     prompts().warn(this, error.description());
-    return;
+    return false;
   }
-  showItem(grid_->sheet(), grid_->CurrentRow(), item);
+  if (isTaken) {
+    prompts().warn(this, u"活动编号已经存在！"_qs);
+    fields_->focusCode();
+    return false;
+  }
+  showItem(grid_->sheet(), grid_->CurrentRow(), item, catalogue_.currentId());
   cancel();
+  return true;
 }
 
 void ActivityItemEditor::cancel() {
   grid_->Redraw();
-  if (const auto item = catalogue_.find(codeAt(grid_->CurrentRow()))) {
+  if (const auto item = itemAt(grid_->CurrentRow())) {
     fields_->showItem(*item);
   } else {
     fields_->clear();
@@ -250,8 +309,9 @@ void ActivityItemEditor::remove() {
   const int row = grid_->CurrentRow();
   if (row < 0) return;
   try {
-    if (!isNewRow(row) && catalogue_.find(codeAt(row))) catalogue_.remove();
-  } catch (const StoreError&) {
+    if (!isNewRow(row) && itemAt(row)) catalogue_.remove();
+  } catch (const StoreError& error) {
+    tell(u"没有删除："_qs + error.description());
     return;  // the item stays in the list, as it does in the schedule
   }
   grid_->SetCellText(kItemCodeCol, row, {});
@@ -260,13 +320,19 @@ void ActivityItemEditor::remove() {
 }
 
 void ActivityItemEditor::happened(ItemEvent event) {
+  tell({});
   const bool hasItem = grid_->CurrentRow() >= 0 && !catalogue_.isEmpty();
   mode_ = nextMode(mode_, event, !hasItem);
   const ItemButtons buttons = buttonsIn(mode_, hasItem);
-  store_->setEnabled(buttons.storeAndCancel);
-  cancel_->setEnabled(buttons.storeAndCancel);
-  add_->setEnabled(buttons.add);
-  delete_->setEnabled(buttons.remove);
+  store_->setEnabled(isRead() && buttons.storeAndCancel);
+  cancel_->setEnabled(isRead() && buttons.storeAndCancel);
+  add_->setEnabled(isRead() && buttons.add);
+  delete_->setEnabled(isRead() && buttons.remove);
+  if (event != ItemEvent::FieldsChanged) {
+    shown_ = fields_->item();
+    shown_id_ = itemIdAt(grid_->sheet(), grid_->CurrentRow());
+  }
+  lookAgain();
 }
 
 }  // namespace vellora

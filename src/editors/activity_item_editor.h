@@ -2,7 +2,7 @@
 
 #include "editors/item_catalogue.h"
 #include "editors/item_states.h"
-#include "shell/planner_window.h"
+#include "shell/edited_window.h"
 
 class QBoxLayout;
 class QComboBox;
@@ -15,7 +15,7 @@ class ItemFields;
 
 // Edits the catalogue of activity items one by one: the grid shows and selects them, the fields
 // take what is stored.
-class ActivityItemEditor : public PlannerWindow {
+class ActivityItemEditor : public EditedWindow {
   Q_OBJECT
 
  public:
@@ -24,7 +24,10 @@ class ActivityItemEditor : public PlannerWindow {
  protected:
   void activate() override;
   void unload() override { catalogue_.close(); }
-  bool hasUnsavedTyping() const override { return mode_ != ItemMode::Browsing; }
+  Changes changes() override;
+  bool save() override { return store(); }
+  void readAgain() override { filter(); }
+  void setTypable(bool on) override;
 
  private:
   QPushButton* makeButton(const QString& objectName, const QString& caption);
@@ -40,12 +43,15 @@ class ActivityItemEditor : public PlannerWindow {
   void changeRow(int left, int entered);
   int dropRow(int row, int entered);
   void showRow(int row);
+  void keepDiscardedItem();
+  bool bringBack(ItemMode mode, qint64 id, const Item& item);
+  std::optional<Item> itemAt(int row);
   QString codeAt(int row) const;
   bool isNewRow(int row) const { return row >= 0 && codeAt(row).isEmpty(); }
 
   void startNew();
-  void store();
-  void write(StoreStep step, const Item& item);
+  bool store();
+  bool write(StoreStep step, const Item& item);
   void cancel();
   void remove();
 
@@ -54,6 +60,9 @@ class ActivityItemEditor : public PlannerWindow {
   ItemCatalogue catalogue_;
   ItemMode mode_ = ItemMode::Browsing;
   QString suggested_code_;
+  QString shown_category_;  // of the filter
+  Item shown_;              // what the fields held when nothing was typed yet
+  qint64 shown_id_ = 0;
 
   QComboBox* filter_;
   QPushButton* refresh_;

@@ -2,6 +2,7 @@
 
 #include "routine/calendar_text.h"
 #include "store/statements.h"
+#include "store/store_error.h"
 
 namespace vellora {
 
@@ -15,9 +16,12 @@ QString memoOf(ScheduleStore& store, QDate day) {
 }
 
 // Looking and writing are one change, so that two running copies never add two memos for a day.
-void storeMemo(ScheduleStore& store, QDate day, const QString& text) {
+void storeMemo(ScheduleStore& store, QDate day, const QString& text, const QString* asRead) {
   ScheduleStore::Transaction one(store);
   auto rows = store.open(statements::memoOn(day));
+  if (asRead && (rows.isEmpty() ? QString() : rows.text(u"Memo")) != *asRead) {
+    throw StoreError(StoreFault::RowChanged, u"另一个程序已经改动了这一天的备忘。"_qs);
+  }
   if (rows.isEmpty()) {
     rows.addNew();
     rows.set(u"RQ", day);
@@ -28,6 +32,11 @@ void storeMemo(ScheduleStore& store, QDate day, const QString& text) {
   rows.set(u"Memo", text.isNull() ? u""_qs : text);
   rows.update();
   one.commit();
+}
+
+QString memoText(QString raw, const QString& asRead) {
+  return raw.replace(QChar::ParagraphSeparator,
+                     asRead.contains(u"\r\n"_qs) ? u"\r\n"_qs : u"\n"_qs);
 }
 
 }  // namespace vellora

@@ -19,20 +19,26 @@ class ItemCatalogue {
   void close() { items_.reset(); }
 
   bool isEmpty() { return !items_ || items_->isEmpty(); }
-  // The first item with this code, if there is one.
+  // The first item with this code, or the one of this id; it becomes the current one.
   std::optional<Item> find(const QString& code);
+  std::optional<Item> find(qint64 id);
+  qint64 currentId() { return items_->rowId(); }
 
   // These throw StoreError and then leave the catalogue as it was. The item has one of the six
-  // categories. A new item is stored open whatever its mark says.
-  void add(const Item& item);
-  // Changes or removes the item that find() found last.
-  void change(const Item& item);
+  // categories. A new item is stored open whatever its mark says, and becomes the current one;
+  // false when another program has stored one of its code among the items meanwhile.
+  bool add(const Item& item);
+  // Change or remove the current item. StoreFault::RowChanged when another program has changed it;
+  // overwriting reads it again first.
+  void change(const Item& item, bool overwrite = false);
   void remove() { items_->remove(); }
 
  private:
-  void setColumns(const Item& item);
+  Recordset openItems() const;
+  static void setColumns(Recordset& items, const Item& item);
 
   ScheduleStore& store_;
+  QString category_;
   std::optional<Recordset> items_;
 };
 

@@ -33,6 +33,7 @@ void takeInput(Sheet& sheet, int row) {
 
 void fillRow(Recordset& items, Sheet& sheet, int row) {
   sheet.SetCellText(kItemCodeCol, row, items.text(u"HDBH"));
+  sheet.SetCellTag(kItemCodeCol, row, QString::number(items.rowId()));
   sheet.SetCellText(kItemNameCol, row, items.text(u"hdmc"));
   sheet.SetCellText(kItemCategoryCol, row, items.text(u"hdlb"));
   sheet.SetCellColors(kItemNameCol, row, storedColour(items), kWhite);
@@ -94,8 +95,13 @@ void prepareNewItemRow(Sheet& sheet, int row) {
   takeInput(sheet, row);
 }
 
-void showItem(Sheet& sheet, int row, const Item& item) {
+qint64 itemIdAt(const Sheet& sheet, int row) {
+  return sheet.CellTag(kItemCodeCol, row).toLongLong();
+}
+
+void showItem(Sheet& sheet, int row, const Item& item, qint64 id) {
   sheet.SetCellText(kItemCodeCol, row, item.code);
+  sheet.SetCellTag(kItemCodeCol, row, QString::number(id));
   sheet.SetCellText(kItemNameCol, row, item.name);
   sheet.SetCellText(kItemCategoryCol, row, item.category);
   sheet.SetCellColors(kItemNameCol, row, itemColour(item.category), kWhite);

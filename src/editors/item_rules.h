@@ -19,6 +19,7 @@ struct Item {
   QString name;
   QString category;  // one of the six labels; a schedule written elsewhere may hold another text
   bool completed = false;
+  friend bool operator==(const Item&, const Item&) = default;
 };
 
 // The code after a given one: its last three characters, or all of a shorter code, counted up by
@@ -40,13 +41,17 @@ Item readItem(Recordset& items);
 // Columns, headings and sizes of the catalogue, without rows.
 void setUpItemSheet(Sheet& sheet);
 
-// One row per item of the set, names in their items' colours. Leaves the set on its first row.
+// One row per item of the set, names in their items' colours; the tag of its code tells an item
+// from others with that code. Leaves the set on its first row.
 void FillItemGrid(Recordset& items, Sheet& sheet);
 
 // Makes an inserted row of the catalogue ready for an item that is not stored yet.
 void prepareNewItemRow(Sheet& sheet, int row);
 
 // Shows a stored item, which has one of the six categories, in its row.
-void showItem(Sheet& sheet, int row, const Item& item);
+void showItem(Sheet& sheet, int row, const Item& item, qint64 id);
+
+// Which item a row shows; 0 for one that is not stored.
+qint64 itemIdAt(const Sheet& sheet, int row);
 
 }  // namespace vellora

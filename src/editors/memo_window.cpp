@@ -25,7 +25,7 @@ QPlainTextEdit* makeTextBox(QWidget* parent) {
 }  // namespace
 
 MemoWindow::MemoWindow(ApplicationState& state, QWidget* parent)
-    : PlannerWindow(state, parent),
+    : EditedWindow(state, parent),
       days_(makeArrowStepper({u"D1"_qs, u"Lxq"_qs, u"备忘日期"_qs}, this)),
       text_(makeTextBox(this)),
       update_(new QPushButton(u"更新(&U) "_qs, this)) {
@@ -35,7 +35,8 @@ MemoWindow::MemoWindow(ApplicationState& state, QWidget* parent)
   update_->setFocusPolicy(Qt::TabFocus);  // a click must not turn to a typed date before it stores
   layOut();
   connect(days_, &DateStepper::dateChanged, this, &MemoWindow::showOtherDay);
-  connect(update_, &QPushButton::clicked, this, &MemoWindow::store);
+  connect(text_, &QPlainTextEdit::textChanged, this, &MemoWindow::lookAgain);
+  connect(update_, &QPushButton::clicked, this, &MemoWindow::save);
 }
 
 void MemoWindow::layOut() {
@@ -52,58 +53,82 @@ void MemoWindow::layOut() {
   auto* all = new QVBoxLayout(this);
   all->addLayout(top);
   all->addWidget(text_, 1);
+  all->addWidget(editStatus(text_));
   all->addLayout(buttons);
   resize(520, 400);
 }
 
-// A memo that cannot be read when the window opens is no reason to keep the window from opening.
 void MemoWindow::load() {
   const QSignalBlocker onceIsEnough(days_);
   days_->setDate(state().clock.today());
-  try {
-    ShowMemo();
-  } catch (const StoreError&) {
-    return;
-  }
-  text_->setFocus();
+  ShowMemo(true);
+  if (isRead()) text_->setFocus();
 }
 
-// Text and button stay disabled while the date's memo is unknown, so that no text typed for one
-// date ends up over the memo of another.
-void MemoWindow::ShowMemo() {
+void MemoWindow::showOtherDay() {
+  if (isRead() && isChanged()) keepDiscardedText();
+  ShowMemo();
+}
+
+void MemoWindow::ShowMemo(bool quietly) {
   const QDate day = days_->date();
+  forget();
   setWindowTitle(memoCaption(day));
-  setEditable(false);
   text_->clear();
-  text_->setPlainText(memoOf(state().Db, day));
-  setEditable(true);
+  read(
+      [&] {
+        shown_ = memoOf(state().Db, day);
+        shown_day_ = day;
+        text_->setPlainText(shown_);
+      },
+      quietly);
 }
 
-void MemoWindow::setEditable(bool on) {
+void MemoWindow::keepDiscardedText() {
+  keepDiscarded([this, day = shown_day_, text = typedText()] {
+    days_->setDate(day);
+    if (!isRead() || shown_day_ != day) return false;
+    text_->selectAll();
+    text_->insertPlainText(text);
+    return true;
+  });
+}
+
+// No text typed for one date may end up over the memo of another.
+void MemoWindow::setTypable(bool on) {
   text_->setEnabled(on);
   update_->setEnabled(on);
 }
 
-void MemoWindow::showOtherDay() {
-  try {
-    ShowMemo();
-  } catch (const StoreError& error) {
-    prompts().warn(this, error.description());
-  }
+// What was not touched stays as it is, whatever signs a text box cannot show.
+QString MemoWindow::typedText() const {
+  return text_->document()->isModified() ? memoText(text_->document()->toRawText(), shown_)
+                                         : shown_;
 }
 
-void MemoWindow::store() {
-  try {
-    storeMemo(state().Db, days_->date(), text_->toPlainText());
-    text_->document()->setModified(false);
-    days_->finishTyping();
-  } catch (const StoreError& error) {
-    prompts().warn(this, error.description());
-  }
+Changes MemoWindow::changes() {
+  Changes changes;
+  if (text_->document()->isModified()) changes.other = u"备忘内容还没有更新"_qs;
+  return changes;
 }
 
-bool MemoWindow::hasUnsavedTyping() const {
-  return text_->document()->isModified();
+bool MemoWindow::save() {
+  const QString text = typedText();
+  try {
+    if (!saveAsking([&](bool overwrite) {
+          storeMemo(state().Db, shown_day_, text, overwrite ? nullptr : &shown_);
+        })) {
+      return false;
+    }
+  } catch (const StoreError& error) {
+    prompts().warn(this, error.description());
+    return false;
+  }
+  shown_ = text;
+  text_->document()->setModified(false);
+  lookAgain();
+  days_->finishTyping();
+  return true;
 }
 
 }  // namespace vellora

@@ -1,6 +1,8 @@
 #pragma once
 
-#include "shell/planner_window.h"
+#include "shell/edited_window.h"
+
+#include <QDate>
 
 class QPlainTextEdit;
 class QPushButton;
@@ -10,7 +12,7 @@ namespace vellora {
 class DateStepper;
 
 // Shows and stores one free text for each date. Picking another date drops what was not stored.
-class MemoWindow : public PlannerWindow {
+class MemoWindow : public EditedWindow {
   Q_OBJECT
 
  public:
@@ -18,18 +20,23 @@ class MemoWindow : public PlannerWindow {
 
  protected:
   void load() override;
-  bool hasUnsavedTyping() const override;
+  Changes changes() override;
+  bool save() override;
+  void readAgain() override { showOtherDay(); }
+  void setTypable(bool on) override;
 
  private:
   void layOut();
-  void ShowMemo();
   void showOtherDay();
-  void store();
-  void setEditable(bool on);
+  void ShowMemo(bool quietly = false);
+  void keepDiscardedText();
+  QString typedText() const;
 
   DateStepper* days_;
   QPlainTextEdit* text_;
   QPushButton* update_;
+  QDate shown_day_;
+  QString shown_;  // the day's memo as it was read or stored
 };
 
 }  // namespace vellora

@@ -1,6 +1,5 @@
 #include "editors/table_editor.h"
 
-#include "editors/whole_table.h"
 #include "grid/surface/grid_surface.h"
 
 #include <QHBoxLayout>
@@ -13,7 +12,7 @@ namespace vellora {
 
 TableEditor::TableEditor(ApplicationState& state, const Kind& kind, QWidget* above, QWidget* below,
                          QWidget* parent)
-    : PlannerWindow(state, parent), kind_(kind) {
+    : EditedWindow(state, parent), kind_(kind) {
   setObjectName(kind.objectName);
   setWindowTitle(kind.caption);
   auto* column = new QVBoxLayout(this);
@@ -21,16 +20,18 @@ TableEditor::TableEditor(ApplicationState& state, const Kind& kind, QWidget* abo
   grid_ = new GridSurface(this);
   grid_->setObjectName(u"Cell1"_qs);
   grid_->setAccessibleName(kind.gridName);
-  grid_->setEditable(true);
   grid_->setHeadingStripVisible(true);
   grid_->setRowNumbersVisible(true);
   tellCutPastes(*grid_);
   answerGridKeys(*grid_, [name = kind.documentName] { return name; });
+  watch(*grid_);
   column->addWidget(grid_, 1);
   if (below) column->addWidget(below);
   column->addWidget(statusLine());
+  column->addWidget(editStatus(grid_));
   column->addLayout(makeButtons());
   resize(kind.size);
+  TableEditor::setTypable(false);
 }
 
 QHBoxLayout* TableEditor::makeButtons() {
@@ -41,9 +42,10 @@ QHBoxLayout* TableEditor::makeButtons() {
     button->setObjectName(name);
     connect(button, &QPushButton::clicked, this, action);
     row->addWidget(button);
+    return button;
   };
   add(u"cmdOP"_qs, u"打开(&O)"_qs, [this] { open(); });
-  add(u"cmdSV"_qs, u"保存(&S)"_qs, [this] { save(); });
+  save_ = add(u"cmdSV"_qs, u"保存(&S)"_qs, [this] { save(); });
   add(u"CmdEND"_qs, u"关闭(&Q) "_qs, [this] { close(); });
   return row;
 }
@@ -55,42 +57,59 @@ void TableEditor::activate() {
   open();
 }
 
+void TableEditor::setTypable(bool on) {
+  grid_->setEditable(on);
+  save_->setEnabled(on);
+}
+
 // A mnemonic leaves the focus in the cell that is being typed into; the grid's taking it closes the
 // cell and keeps the typed text.
-void TableEditor::closeCell() {
+void TableEditor::finishTyping() {
   grid_->Focus();
 }
 
-// A table that cannot be read leaves the grid as it was.
 void TableEditor::open() {
-  closeCell();
-  try {
-    kind_.load(state().Db, grid_->sheet());
-  } catch (const StoreError& error) {
-    prompts().warn(this, error.description());
-    return;
-  }
-  changed_ = false;
+  finishTyping();
+  const Sheet discarded = grid_->sheet();
+  const bool wasChanged = isChanged();
+  if (!read([this] { showStored(); }) || !wasChanged) return;
+  keepDiscarded([this, discarded] {
+    change(u"找回"_qs, [&] { grid_->sheet() = discarded; });
+    grid_->Redraw();
+    return true;
+  });
+}
+
+void TableEditor::showStored() {
+  stored_ = kind_.load(state().Db, grid_->sheet());
   grid_->clearUndo();
-  stored_revision_ = grid_->sheet().revision();
   grid_->Redraw();
   moveTo(0, 1);
   moveTo(0, 0);
 }
 
-void TableEditor::save() {
-  closeCell();
+bool TableEditor::save() {
+  finishTyping();
   try {
-    kind_.save(state().Db, grid_->sheet());
+    if (!saveAsking([this](bool overwrite) {
+          stored_ = kind_.save(state().Db, grid_->sheet(), overwrite ? nullptr : &stored_);
+        })) {
+      return false;
+    }
   } catch (const CellRefused& refused) {
     show(refused);
-    return;
+    return false;
   } catch (const StoreError& error) {
     prompts().warn(this, error.description());
-    return;
+    return false;
   }
-  stored_revision_ = grid_->sheet().revision();
+  lookAgain();
   prompts().warn(this, u"保存完毕!"_qs);
+  return true;
+}
+
+Changes TableEditor::changes() {
+  return kind_.changes(grid_->sheet(), stored_);
 }
 
 void TableEditor::show(const CellRefused& refused) {
@@ -105,7 +124,6 @@ void TableEditor::moveTo(int col, int row) {
 }
 
 void TableEditor::change(const QString& name, const std::function<void()>& changes) {
-  const quint64 before = grid_->sheet().revision();
   try {
     grid_->beginUndoStep(name);
     const auto whole = qScopeGuard([this] { grid_->endUndoStep(); });
@@ -113,11 +131,6 @@ void TableEditor::change(const QString& name, const std::function<void()>& chang
   } catch (const CellRefused& refused) {
     show(refused);
   }
-  changed_ = changed_ || grid_->sheet().revision() != before;
-}
-
-bool TableEditor::hasUnsavedTyping() const {
-  return (changed_ || grid_->isEdited()) && grid().sheet().revision() != stored_revision_;
 }
 
 }  // namespace vellora

@@ -1,6 +1,7 @@
 #pragma once
 
-#include "shell/planner_window.h"
+#include "editors/whole_table.h"
+#include "shell/edited_window.h"
 
 #include <functional>
 
@@ -8,13 +9,9 @@ class QHBoxLayout;
 
 namespace vellora {
 
-class CellRefused;
-class GridSurface;
-class Sheet;
-
 // A window that edits one table whole in one grid. The grid is the working copy: 打开 reads the
-// table again and drops what was not saved, 保存 replaces the table, closing saves nothing.
-class TableEditor : public PlannerWindow {
+// table again, 保存 replaces the table.
+class TableEditor : public EditedWindow {
   Q_OBJECT
 
  public:
@@ -25,8 +22,10 @@ class TableEditor : public PlannerWindow {
     QString documentName;  // of prints and exports
     QSize size;            // at which the window opens
     void (*setUp)(Sheet&);
-    void (*load)(ScheduleStore&, Sheet&);        // throws StoreError
-    void (*save)(ScheduleStore&, const Sheet&);  // throws CellRefused, StoreError
+    TableRows (*load)(ScheduleStore&, Sheet&);  // throws StoreError
+    // Throws CellRefused, StoreError.
+    TableRows (*save)(ScheduleStore&, const Sheet&, const TableRows* asRead);
+    Changes (*changes)(const Sheet&, const TableRows& stored);
   };
 
  protected:
@@ -37,24 +36,27 @@ class TableEditor : public PlannerWindow {
   GridSurface& grid() const { return *grid_; }
   // Moves the current cell as the program does it: no CellEntered.
   void moveTo(int col, int row);
-  // Changes of the program that closing would lose, as one undo step. Says and shows what is wrong
-  // when the change is refused.
+  // Changes of the program, as one undo step. Says and shows what is wrong when the change is
+  // refused.
   void change(const QString& name, const std::function<void()>& changes);
 
   void activate() override;
-  bool hasUnsavedTyping() const override;
+  Changes changes() override;
+  bool save() override;
+  void readAgain() override { open(); }
+  void setTypable(bool on) override;
+  void finishTyping() override;
 
  private:
   QHBoxLayout* makeButtons();
-  void closeCell();
   void open();
-  void save();
+  void showStored();
   void show(const CellRefused& refused);
 
   Kind kind_;
-  GridSurface* grid_;
-  bool changed_ = false;         // by the program, since the table was read
-  quint64 stored_revision_ = 0;  // of the sheet when it was last read or saved
+  GridSurface* grid_ = nullptr;
+  QPushButton* save_ = nullptr;
+  TableRows stored_;  // when the table was last read or saved
 };
 
 }  // namespace vellora

@@ -30,8 +30,9 @@ QWidget* makeTypingRules() {
 }
 
 TableEditor::Kind timeBlockKind() {
-  return {u"TimeBlockEditor"_qs, u"作息时间划分"_qs, u"时间块表"_qs, u"时间划分"_qs,
-          QSize(500, 620),       setUpTimeBlocks,    LoadTimeBlocks, SaveTimeBlocks};
+  return {u"TimeBlockEditor"_qs, u"作息时间划分"_qs, u"时间块表"_qs,
+          u"时间划分"_qs,        QSize(500, 620),    setUpTimeBlocks,
+          LoadTimeBlocks,        SaveTimeBlocks,     timeBlockChanges};
 }
 
 }  // namespace

@@ -21,12 +21,16 @@ void setUpTimeBlocks(Sheet& sheet) {
   setUpSheet(sheet, kTable, kTimeBlockRows);
 }
 
-void LoadTimeBlocks(ScheduleStore& store, Sheet& sheet) {
-  loadTable(store, sheet, kTable, kTimeBlockRows, 0);
+TableRows LoadTimeBlocks(ScheduleStore& store, Sheet& sheet) {
+  return loadTable(store, sheet, kTable, kTimeBlockRows, 0);
 }
 
-void SaveTimeBlocks(ScheduleStore& store, const Sheet& sheet) {
-  saveTable(store, sheet, kTable);
+TableRows SaveTimeBlocks(ScheduleStore& store, const Sheet& sheet, const TableRows* asRead) {
+  return saveTable(store, sheet, kTable, asRead);
+}
+
+Changes timeBlockChanges(const Sheet& sheet, const TableRows& stored) {
+  return tableChanges(sheet, kTable, stored);
 }
 
 }  // namespace vellora

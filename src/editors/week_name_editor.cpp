@@ -8,8 +8,9 @@ namespace vellora {
 namespace {
 
 TableEditor::Kind weekNameKind() {
-  return {u"WeekNameEditor"_qs, u"作息时间划分"_qs, u"每周命名表"_qs, u"每周命名"_qs,
-          QSize(540, 620),      setUpWeekNames,     LoadWeekNames,    SaveWeekNames};
+  return {u"WeekNameEditor"_qs, u"作息时间划分"_qs, u"每周命名表"_qs,
+          u"每周命名"_qs,       QSize(540, 620),    setUpWeekNames,
+          LoadWeekNames,        SaveWeekNames,      weekNameChanges};
 }
 
 }  // namespace
@@ -21,12 +22,18 @@ WeekNameEditor::WeekNameEditor(ApplicationState& state, WeekBar* bar, QWidget* p
     : TableEditor(state, weekNameKind(), bar, nullptr, parent), bar_(bar) {
   connect(bar, &WeekBar::addWeek, this, &WeekNameEditor::addPickedWeek);
   connect(bar, &WeekBar::addFollowingWeeks, this, &WeekNameEditor::addTenWeeks);
+  grid().setGrowsOnPaste(true);
   connect(&grid(), &GridSurface::CellEntered, this, &WeekNameEditor::carryName);
 }
 
 void WeekNameEditor::activate() {
   bar_->setDate(state().clock.today());
   TableEditor::activate();
+}
+
+void WeekNameEditor::setTypable(bool on) {
+  TableEditor::setTypable(on);
+  bar_->setEnabled(on);
 }
 
 void WeekNameEditor::addPickedWeek() {

@@ -15,6 +15,7 @@ class WeekNameEditor : public TableEditor {
 
  protected:
   void activate() override;
+  void setTypable(bool on) override;
 
  private:
   WeekNameEditor(ApplicationState& state, WeekBar* bar, QWidget* parent);

@@ -44,13 +44,25 @@ void setUpWeekNames(Sheet& sheet) {
   sheet.SetCellWrap(kWeekNameCol, kEveryRow, false);
 }
 
-void LoadWeekNames(ScheduleStore& store, Sheet& sheet) {
-  const int count = loadTable(store, sheet, kTable, 0, 1);
-  if (count == 0) sheet.SetRows(kEmptyWeekRows);
+TableRows LoadWeekNames(ScheduleStore& store, Sheet& sheet) {
+  TableRows rows = loadTable(store, sheet, kTable, 0, 1);
+  if (rows.empty()) sheet.SetRows(kEmptyWeekRows);
+  return rows;
 }
 
-void SaveWeekNames(ScheduleStore& store, const Sheet& sheet) {
-  saveTable(store, sheet, kTable);
+TableRows SaveWeekNames(ScheduleStore& store, const Sheet& sheet, const TableRows* asRead) {
+  return saveTable(store, sheet, kTable, asRead);
+}
+
+// A name that was only carried down, into a row without days, is nothing that anyone typed.
+Changes weekNameChanges(const Sheet& sheet, const TableRows& stored) {
+  Changes changes = tableChanges(sheet, kTable, stored);
+  std::erase_if(changes.rows, [&](const Changes::Row& row) {
+    return sheet.GetCellText(kWeekStartCol, row.row).isEmpty() &&
+           sheet.GetCellText(kWeekEndCol, row.row).isEmpty() &&
+           sheet.GetCellText(kWeekNameCol, row.row) == sheet.GetCellText(kWeekNameCol, row.row - 1);
+  });
+  return changes;
 }
 
 int addWeek(Sheet& sheet, int fromRow, QDate first) {

@@ -13,13 +13,15 @@ inline constexpr int kEmptyWeekRows = 60;
 inline constexpr int kWeeksInARow = 10;
 
 void setUpWeekNames(Sheet& sheet);
+Changes weekNameChanges(const Sheet& sheet, const TableRows& stored);
 
 // Fills the sheet with the stored ranges by first day and one empty row; without any range,
 // kEmptyWeekRows empty rows.
-void LoadWeekNames(ScheduleStore& store, Sheet& sheet);
+TableRows LoadWeekNames(ScheduleStore& store, Sheet& sheet);
 
 // Makes the sheet's complete rows the stored ranges; see saveTable.
-void SaveWeekNames(ScheduleStore& store, const Sheet& sheet);
+TableRows SaveWeekNames(ScheduleStore& store, const Sheet& sheet,
+                        const TableRows* asRead = nullptr);
 
 // Writes the seven days from `first` into the first row at or below `fromRow` that has no first
 // day; a row is appended when there is none. Returns the row.

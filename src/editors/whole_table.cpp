@@ -4,6 +4,7 @@
 #include "store/moment.h"
 
 #include <algorithm>
+#include <map>
 
 namespace vellora {
 namespace {
@@ -32,11 +33,12 @@ QTime timeInCell(const Sheet& sheet, int col, int row) {
   return *time;
 }
 
-QString shownText(Recordset& rows, const TableColumn& column) {
+// A typed text as it is shown once it has been stored and read.
+QString normalText(const QString& typed, CellContent content) {
   QString shown;
-  if (column.content == CellContent::Time) shown = shortTime(rows.time(column.name));
-  if (column.content == CellContent::Date) shown = isoDate(rows.date(column.name));
-  return shown.isEmpty() ? rows.text(column.name) : shown;
+  if (content == CellContent::Time) shown = shortTime(readTime(typed).value_or(QTime()));
+  if (content == CellContent::Date) shown = isoDate(readDate(typed).value_or(QDate()));
+  return shown.isEmpty() ? typed : shown;
 }
 
 QVariant valueToStore(const Sheet& sheet, int col, int row, CellContent content) {
@@ -52,12 +54,39 @@ bool isComplete(const Sheet& sheet, int row) {
   return true;
 }
 
-void fillRow(Sheet& sheet, int row, Recordset& rows, const WholeTable& table) {
+TableRows readRows(ScheduleStore& store, const WholeTable& table) {
+  TableRows all;
+  auto rows = store.open(table.rowsInOrder());
+  for (; !rows.atEnd(); rows.moveNext()) {
+    QStringList& row = all.emplace_back();
+    for (const TableColumn& column : table.columns) {
+      row << normalText(rows.text(column.name), column.content);
+    }
+  }
+  return all;
+}
+
+void fillRow(Sheet& sheet, int row, const QStringList& texts) {
   for (int col = 0; col < sheet.Cols(); ++col) {
-    sheet.SetCellText(col, row, shownText(rows, table.column(col)));
+    sheet.SetCellText(col, row, texts[col]);
     sheet.SetCellAlign(col, row, kAlignCentred);
     sheet.SetCellInput(col, row, 1);
   }
+}
+
+// The row's texts as they would be read back.
+QStringList typedRow(const Sheet& sheet, int row, const WholeTable& table) {
+  QStringList texts;
+  for (int col = 0; col < sheet.Cols(); ++col) {
+    texts << normalText(sheet.GetCellText(col, row), table.column(col).content);
+  }
+  return texts;
+}
+
+// What an incomplete row lacks.
+QString missingCell(const Sheet& sheet, const QStringList& row) {
+  const int col = static_cast<int>(row.indexOf(QString()));
+  return col < 0 ? QString() : u"没有“%1”"_qs.arg(sheet.GetCellText(col, kHeadingRow));
 }
 
 void setCell(Recordset& rows, const Sheet& sheet, int col, int row, const TableColumn& column) {
@@ -98,24 +127,51 @@ void setUpSheet(Sheet& sheet, const WholeTable& table, int rows) {
   }
 }
 
-int loadTable(ScheduleStore& store, Sheet& sheet, const WholeTable& table, int leastRows,
-              int spareRows) {
-  auto rows = store.open(table.rowsInOrder());
-  const int count = static_cast<int>(rows.count());
+TableRows loadTable(ScheduleStore& store, Sheet& sheet, const WholeTable& table, int leastRows,
+                    int spareRows) {
+  const TableRows rows = readRows(store, table);
+  const int count = static_cast<int>(rows.size());
   sheet.SetRows(0);
   sheet.SetRows(std::max(leastRows, count + spareRows));
-  for (int row = 0; !rows.atEnd(); ++row, rows.moveNext()) fillRow(sheet, row, rows, table);
-  return count;
+  for (int row = 0; row < count; ++row) fillRow(sheet, row, rows[static_cast<std::size_t>(row)]);
+  return rows;
 }
 
-void saveTable(ScheduleStore& store, const Sheet& sheet, const WholeTable& table) {
+TableRows saveTable(ScheduleStore& store, const Sheet& sheet, const WholeTable& table,
+                    const TableRows* asRead) {
   ScheduleStore::Transaction all(store);
+  if (asRead && readRows(store, table) != *asRead) {
+    throw StoreError(StoreFault::RowChanged, u"另一个程序已经改动了这张表。"_qs);
+  }
   store.execute(table.deleteRows());
   auto rows = store.open(table.allRows());
   for (int row = 0; row < sheet.Rows(); ++row) {
     if (isComplete(sheet, row)) addRow(rows, sheet, row, table);
   }
+  TableRows stored = readRows(store, table);
   all.commit();
+  return stored;
+}
+
+Changes tableChanges(const Sheet& sheet, const WholeTable& table, const TableRows& stored) {
+  std::map<QStringList, int> unseen;
+  for (const QStringList& row : stored) ++unseen[row];
+  int altered = 0;
+  Changes changes;
+  for (int row = sheet.NextWrittenRow(0); row < sheet.Rows(); row = sheet.NextWrittenRow(row + 1)) {
+    const QStringList texts = typedRow(sheet, row, table);
+    if (texts.count(QString()) == texts.size()) continue;
+    const auto same = unseen.find(texts);
+    const bool isStored = same != unseen.end() && same->second-- > 0;
+    const QString lacks = missingCell(sheet, texts);
+    if (isStored && lacks.isEmpty()) continue;
+    changes.rows.push_back({row, lacks, !isStored});
+    altered += !isStored;
+  }
+  int gone = 0;
+  for (const auto& [row, count] : unseen) gone += std::max(count, 0);
+  changes.missing = std::max(gone - altered, 0);
+  return changes;
 }
 
 QDate dateInCell(const Sheet& sheet, int col, int row) {

@@ -1,10 +1,14 @@
 #pragma once
 
 #include "grid/sheet/sheet.h"
+#include "routine/changes.h"
 #include "store/schedule_store.h"
 #include "store/store_error.h"
 
+#include <QStringList>
+
 #include <span>
+#include <vector>
 
 namespace vellora {
 
@@ -43,16 +47,24 @@ class CellRefused : public StoreError {
 // Columns, headings, sizes and alignment; the rows start empty.
 void setUpSheet(Sheet& sheet, const WholeTable& table, int rows);
 
-// Replaces the sheet's rows by the table's, in order, and adds empty rows up to `leastRows`, at
-// least `spareRows` of them. A date or time that cannot be read is shown as it is stored. The sheet
-// stays as it was when the table cannot be read. Returns the number of the table's rows.
-int loadTable(ScheduleStore& store, Sheet& sheet, const WholeTable& table, int leastRows,
-              int spareRows);
+// Rows of a table as a grid shows them. A date or time that cannot be read stands as it is stored.
+using TableRows = std::vector<QStringList>;
 
-// Replaces the table by the sheet's complete rows, those without an empty cell, in their order.
-// Throws CellRefused for the first cell that cannot be stored, StoreError otherwise; the table then
-// stays as it was.
-void saveTable(ScheduleStore& store, const Sheet& sheet, const WholeTable& table);
+// Replaces the sheet's rows by the table's, in order, and adds empty rows up to `leastRows`, at
+// least `spareRows` of them. The sheet stays as it was when the table cannot be read. Returns the
+// table's rows.
+TableRows loadTable(ScheduleStore& store, Sheet& sheet, const WholeTable& table, int leastRows,
+                    int spareRows);
+
+// Replaces the table by the sheet's complete rows, those without an empty cell, in their order, and
+// returns them. Throws CellRefused for the first cell that cannot be stored, StoreFault::RowChanged
+// when the table does not hold `asRead` any more, unless that is null, StoreError otherwise; the
+// table then stays as it was.
+TableRows saveTable(ScheduleStore& store, const Sheet& sheet, const WholeTable& table,
+                    const TableRows* asRead);
+
+// What a save would do to the stored rows. Their order does not count.
+Changes tableChanges(const Sheet& sheet, const WholeTable& table, const TableRows& stored);
 
 // The date in a cell. Throws CellRefused when there is none.
 QDate dateInCell(const Sheet& sheet, int col, int row);

@@ -53,7 +53,7 @@ GridSurface* makeGrid(QWidget* window) {
   grid->setObjectName(u"Cell1"_qs);
   grid->setAccessibleName(u"项目计划表"_qs);
   grid->setRowNumbersVisible(true);
-  grid->setEditable(true);
+  grid->setGrowsOnPaste(true);
   return grid;
 }
 
@@ -107,32 +107,32 @@ QGridLayout* layRepetition(const Controls& controls, QWidget* window) {
 
 QHBoxLayout* layButtons(const Controls& controls) {
   auto* row = new QHBoxLayout;
-  row->addWidget(controls.unsaved, 1);
+  row->addStretch();
   for (auto* button : {controls.open, controls.save, controls.remove, controls.close}) {
     row->addWidget(button);
   }
   return row;
 }
 
-QVBoxLayout* layPlan(const Controls& controls, QWidget* window, QWidget* foot) {
+QVBoxLayout* layPlan(const Controls& controls, QWidget* window) {
   auto* column = new QVBoxLayout;
   column->addWidget(controls.grid, 1);
   column->addLayout(layRepetition(controls, window));
+  column->addLayout(controls.foot);
   column->addLayout(layButtons(controls));
-  column->addWidget(foot);
   return column;
 }
 
 }  // namespace
 
-ActivityPlanControls::ActivityPlanControls(QWidget* window, QWidget* foot)
+ActivityPlanControls::ActivityPlanControls(QWidget* window)
     : activities(makeNameList(u"List1"_qs, u"活动项目"_qs, window)),
       chosen(makeChosen(window)),
       day(makeStepper(window)),
       blocks(makeNameList(u"List2"_qs, u"时间"_qs, window)),
       summary(makeSummary(window)),
       grid(makeGrid(window)),
-      unsaved(new QLabel(window)),
+      foot(new QVBoxLayout),
       days(makeCount(u"共       天"_qs, u"Text4"_qs, u"天数"_qs, u"60"_qs, window)),
       byDay(makeButton(u"CmdDAY"_qs, u"按天追加计划"_qs, window)),
       weeks(makeCount(u"共       周"_qs, u"Text1"_qs, u"周数"_qs, u"8"_qs, window)),
@@ -146,7 +146,7 @@ ActivityPlanControls::ActivityPlanControls(QWidget* window, QWidget* foot)
   all->addSpacing(all->spacing());
   all->addLayout(layDay(*this, window), 3);
   all->addSpacing(all->spacing());
-  all->addLayout(layPlan(*this, window, foot), 7);
+  all->addLayout(layPlan(*this, window), 7);
   window->resize(1120, 720);
 }
 

@@ -1,10 +1,10 @@
 #pragma once
 
-class QLabel;
 class QLineEdit;
 class QListWidget;
 class QPlainTextEdit;
 class QPushButton;
+class QVBoxLayout;
 class QWidget;
 
 namespace vellora {
@@ -17,7 +17,7 @@ class GridSurface;
 // its blocks and what is planned on it, the plan grid with what is done to it, and at its foot what
 // the window has to tell about it.
 struct ActivityPlanControls {
-  ActivityPlanControls(QWidget* window, QWidget* foot);
+  explicit ActivityPlanControls(QWidget* window);
 
   QListWidget* activities;
   QLineEdit* chosen;
@@ -25,7 +25,7 @@ struct ActivityPlanControls {
   QListWidget* blocks;
   QPlainTextEdit* summary;
   GridSurface* grid;
-  QLabel* unsaved;
+  QVBoxLayout* foot;  // above the buttons, for what the window tells
   CountField* days;
   QPushButton* byDay;
   CountField* weeks;

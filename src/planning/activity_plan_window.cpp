@@ -4,6 +4,7 @@
 #include "planning/count_field.h"
 #include "planning/day_summary.h"
 #include "planning/open_items.h"
+#include "planning/plan_changes.h"
 #include "planning/plan_controls.h"
 #include "planning/plan_entry.h"
 #include "planning/plan_listing.h"
@@ -11,7 +12,6 @@
 #include "planning/plan_rows.h"
 #include "planning/plan_saving.h"
 #include "planning/undo_step.h"
-#include "planning/unsaved_watch.h"
 #include "planning/week_count_keys.h"
 #include "routine/calendar_text.h"
 #include "shell/date_stepper.h"
@@ -23,6 +23,7 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QSignalBlocker>
+#include <QVBoxLayout>
 
 namespace vellora {
 namespace {
@@ -35,20 +36,15 @@ const QString& takenText() {
 }  // namespace
 
 ActivityPlanWindow::ActivityPlanWindow(ApplicationState& state, QWidget* parent)
-    : PlannerWindow(state, parent),
-      controls_(this, statusLine()),
-      watch_(new UnsavedWatch(*controls_.grid, *controls_.unsaved,
-                              [this](const Sheet& sheet, int row) {
-                                return isUnsavedPlanRow(sheet, row, chosenActivity(), saved_);
-                              })) {
+    : EditedWindow(state, parent), controls_(this) {
+  controls_.foot->addWidget(statusLine());
+  controls_.foot->addWidget(editStatus(controls_.byWeek));
   setObjectName(u"FormXMJH"_qs);
   setWindowTitle(u"项目活动计划"_qs);
   answerGridKeys(*controls_.grid, [this]() -> QString { return chosenActivity() + u" 活动计划"; });
   connectControls();
   connectGrid();
 }
-
-ActivityPlanWindow::~ActivityPlanWindow() = default;
 
 void ActivityPlanWindow::connectControls() {
   const auto onClick = [this](QPushButton* button, auto handler) {
@@ -78,17 +74,53 @@ void ActivityPlanWindow::connectGrid() {
   connect(grid, &GridSurface::CellEditStart, this, [this, grid](int col, int row) {
     proposePlanDate(grid->sheet(), col, row, controls_.day->date());
   });
+  grid->setEntryRule([this](int col, int, const QString& text) { return understood(col, text); });
+  connect(grid, &GridSurface::EntriesRefused, this, [this](int, const QString& text) {
+    prompts().warn(this,
+                   u"“%1”不是时间块，没有填写。请填时间块的编号、名称或起止时间。"_qs.arg(text));
+  });
+  connect(controls_.chosen, &QLineEdit::textChanged, this, &ActivityPlanWindow::lookAgain);
   tellCutPastes(*grid);
+  watch(*grid);
   connect(grid, &GridSurface::RowDuplicate, this, &ActivityPlanWindow::duplicateRow);
 }
 
 void ActivityPlanWindow::load() {
   setUpPlanRows(controls_.grid->sheet());
   controls_.grid->Redraw();
-  // A list that cannot be read stays empty, so that the window opens with what there is.
-  for (const auto step : {&ActivityPlanWindow::loadBlocks, &ActivityPlanWindow::loadActivities}) {
-    guarded([this, step] { (this->*step)(); });
+  loadLists();
+}
+
+void ActivityPlanWindow::setTypable(bool on) {
+  controls_.grid->setEditable(on);
+  for (auto* button : {controls_.save, controls_.byDay, controls_.byWeek}) button->setEnabled(on);
+}
+
+void ActivityPlanWindow::finishTyping() {
+  vellora::finishTyping(*controls_.grid);
+}
+
+void ActivityPlanWindow::readAgain() {
+  has_lists_ ? ListPlan() : loadLists();
+}
+
+void ActivityPlanWindow::loadLists() {
+  has_lists_ = read([this] { readLists(); });
+  if (has_lists_ && controls_.activities->count() > 0) ListPlan();
+}
+
+// A list that cannot be read stays empty, so that the window opens with what there is. A busy
+// schedule has been waited for once, and would be for the next list.
+void ActivityPlanWindow::readLists() {
+  std::optional<StoreError> failure;
+  try {
+    loadBlocks();
+  } catch (const StoreError& error) {
+    if (error.fault() == StoreFault::Busy) throw;
+    failure = error;
   }
+  loadActivities();
+  if (failure) throw *failure;
 }
 
 void ActivityPlanWindow::loadBlocks() {
@@ -100,9 +132,18 @@ void ActivityPlanWindow::loadBlocks() {
 
 void ActivityPlanWindow::loadActivities() {
   const auto items = readOpenItems(state().Db);
+  const QSignalBlocker listedLater(controls_.activities);
   controls_.activities->clear();
   for (const OpenItem& item : items) controls_.activities->addItem(item.name);
   controls_.activities->setCurrentRow(0);
+  if (!items.isEmpty()) controls_.chosen->setText(items.front().name);
+}
+
+// A text in the time column stands for a block, whose code the row keeps.
+std::optional<CellEntry> ActivityPlanWindow::understood(int col, const QString& text) const {
+  if (col != kPlanTime) return CellEntry{text, {}};
+  const TimeBlock* block = blocks_.meant(text);
+  return block ? std::optional(CellEntry{block->cell, block->code}) : std::nullopt;
 }
 
 void ActivityPlanWindow::activate() {
@@ -138,32 +179,71 @@ void ActivityPlanWindow::choose(const QString& name) {
 // A click on the activity that is chosen already lists it anew. The click that chose it has listed
 // it, so there is only something to do where the grid holds something else.
 void ActivityPlanWindow::chooseAgain(const QString& name) {
-  if (name != chosenActivity() || watch_->hasUnsaved()) choose(name);
+  if (name != chosenActivity() || name != listed_ || !isRead() || isChanged()) choose(name);
 }
 
 void ActivityPlanWindow::ListPlan() {
-  is_listed_ = false;
-  guarded([this] {
-    showTitle(u"项目活动计划  "_qs + chosenActivity());
-    auto* grid = controls_.grid;
-    const QStringList missing = listPlan(state().Db, grid->sheet(), blocks_, chosenActivity());
-    is_listed_ = true;
-    grid->clearUndo();
-    grid->Redraw();
-    grid->SetCurrentCell(kPlanDate, 0);
-    readSaved();
-    for (const QString& code : missing) {
-      prompts().warn(this, u"时间块编号:"_qs + code + u"在时间划分中没有找到!");
-    }
-  });
+  if (!has_lists_) return loadLists();
+  finishTyping();
+  const bool wasChanged = isRead() && isChanged();
+  const QString activity = listed_;
+  const Sheet rows = controls_.grid->sheet();
+  if (activity != chosenActivity() || !isRead()) turnTo(chosenActivity());
+  QStringList missing;
+  const bool isListed = read([&] { missing = readPlan(); });
+  if (wasChanged && (isListed || activity != listed_)) {
+    keepDiscarded([this, activity, rows] { return bringBack(activity, rows); });
+  }
+  for (const QString& code : missing) {
+    prompts().warn(this, u"时间块编号:"_qs + code + u"在时间划分中没有找到!");
+  }
+}
+
+// Until its plan has been read the grid is empty: what was never shown must not be replaced.
+void ActivityPlanWindow::turnTo(const QString& activity) {
+  listed_ = activity;
+  showTitle(u"项目活动计划  "_qs + activity);
+  auto* grid = controls_.grid;
+  grid->sheet().SetRows(0);
+  grid->sheet().SetRows(kSparePlanRows);
+  grid->clearUndo();
+  grid->Redraw();
+  forget();
+}
+
+QStringList ActivityPlanWindow::readPlan() {
+  auto* grid = controls_.grid;
+  const ScheduleStore::ReadTransaction oneView(state().Db);
+  QStringList missing = listPlan(state().Db, grid->sheet(), blocks_, listed_);
+  saved_ = SavedEntries(state().Db, listed_);
+  taken_.clear();
+  grid->clearUndo();
+  grid->Redraw();
+  grid->SetCurrentCell(kPlanDate, 0);
+  return missing;
+}
+
+bool ActivityPlanWindow::bringBack(const QString& activity, const Sheet& rows) {
+  {
+    const QSignalBlocker listedBelow(controls_.activities);
+    chooseActivity(activity);
+  }
+  choose(activity);
+  if (!isRead()) return false;
+  {
+    const UndoStep step(*controls_.grid, u"找回"_qs);
+    controls_.grid->sheet() = rows;
+  }
+  controls_.grid->Redraw();
+  return true;
 }
 
 void ActivityPlanWindow::PlaceBlock(int position) {
   const TimeBlock* block = blocks_.at(position);
   auto* grid = controls_.grid;
-  finishTyping(*grid);
+  finishTyping();
   const int row = grid->CurrentRow();
-  if (!block || row < 0) return;
+  if (!isRead() || !block || row < 0) return;
   guarded([&] {
     const QDate date = controls_.day->date();
     if (const auto holder = entryOfBlock(state().Db, date, block->code)) {
@@ -180,25 +260,35 @@ void ActivityPlanWindow::PlaceBlock(int position) {
   });
 }
 
-// Saving deletes what the grid does not show, which must not befall a plan that was never shown.
-void ActivityPlanWindow::SavePlan() {
-  if (!is_listed_) {
+// Saving deletes what the grid does not show.
+bool ActivityPlanWindow::SavePlan() {
+  finishTyping();
+  if (chosenActivity() != listed_) {
     prompts().warn(this,
                    u"项目“%1”的计划没有读出来，不能保存，请先打开。"_qs.arg(chosenActivity()));
-    return;
+    return false;
   }
-  finishTyping(*controls_.grid);
   PlanSaveOutcome outcome;
   try {
-    WorkDialog dialog(this);
-    outcome = savePlan(state().Db, controls_.grid->sheet(), chosenActivity(), dialog.progress());
+    if (!saveAsking([&](bool overwrite) {
+          WorkDialog dialog(this);
+          outcome = savePlan(state().Db, controls_.grid->sheet(), listed_,
+                             overwrite ? nullptr : &saved_, dialog.progress());
+        })) {
+      return false;
+    }
   } catch (const WorkGivenUp&) {
-    return;
+    return false;
   }
-  guarded([this] {
-    readSaved();
-    showDay();
-  });
+  if (outcome.saved) saved_ = *outcome.saved;
+  taken_ = outcome.taken;
+  lookAgain();
+  tellOutcome(outcome);
+  return outcome.failure.isEmpty();
+}
+
+void ActivityPlanWindow::tellOutcome(const PlanSaveOutcome& outcome) {
+  if (outcome.saved) guarded([this] { showDay(); });
   for (const TakenBlock& taken : outcome.taken) {
     prompts().warn(this, taken.date + takenText() + taken.holder);
   }
@@ -217,7 +307,7 @@ void ActivityPlanWindow::DeletePlan() {
 
 void ActivityPlanWindow::Repeat(const QString& count, int stepDays) {
   auto* grid = controls_.grid;
-  finishTyping(*grid);
+  finishTyping();
   guarded([&] {
     std::optional<int> below;
     {
@@ -233,7 +323,7 @@ void ActivityPlanWindow::Repeat(const QString& count, int stepDays) {
 
 void ActivityPlanWindow::duplicateRow(int row) {
   auto* grid = controls_.grid;
-  finishTyping(*grid);
+  finishTyping();
   {
     const UndoStep step(*grid, u"复制一行"_qs);
     duplicatePlanRow(grid->sheet(), row);
@@ -241,13 +331,12 @@ void ActivityPlanWindow::duplicateRow(int row) {
   grid->Redraw();
 }
 
-bool ActivityPlanWindow::hasUnsavedTyping() const {
-  return watch_->hasUnsaved();
-}
-
-void ActivityPlanWindow::readSaved() {
-  saved_ = SavedEntries(state().Db, chosenActivity());
-  watch_->lookAgain();
+Changes ActivityPlanWindow::changes() {
+  Changes changes = planChanges(controls_.grid->sheet(), listed_, saved_, taken_);
+  if (chosenActivity() != listed_) {
+    changes.note = u"项目“%1”还没有打开，打开后才能保存"_qs.arg(chosenActivity());
+  }
+  return changes;
 }
 
 void ActivityPlanWindow::guarded(const std::function<void()>& step) {

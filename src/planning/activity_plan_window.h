@@ -1,24 +1,22 @@
 #pragma once
 
+#include "grid/surface/cell_entry.h"
 #include "planning/activity_plan_controls.h"
+#include "planning/plan_saving.h"
 #include "planning/time_block_list.h"
-#include "planning/unsaved_rows.h"
-#include "shell/planner_window.h"
+#include "shell/edited_window.h"
 
 #include <functional>
 
 namespace vellora {
 
-class UnsavedWatch;
-
 // Plans one activity across many dates. The lists of blocks and activities stay as loaded until the
 // window closes; the grid is replaced, saved or not, whenever an activity is chosen or listed.
-class ActivityPlanWindow : public PlannerWindow {
+class ActivityPlanWindow : public EditedWindow {
   Q_OBJECT
 
  public:
   explicit ActivityPlanWindow(ApplicationState& state, QWidget* parent = nullptr);
-  ~ActivityPlanWindow() override;
 
   // Chooses the first listed activity of exactly that name; without one the choice stays. Call it
   // after Load().
@@ -28,31 +26,42 @@ class ActivityPlanWindow : public PlannerWindow {
  protected:
   void load() override;
   void activate() override;
-  bool hasUnsavedTyping() const override;
+  Changes changes() override;
+  bool save() override { return SavePlan(); }
+  void readAgain() override;
+  void setTypable(bool on) override;
+  void finishTyping() override;
 
  private:
   void connectControls();
   void connectGrid();
+  void loadLists();
+  void readLists();
   void loadBlocks();
   void loadActivities();
+  std::optional<CellEntry> understood(int col, const QString& text) const;
   void choose(const QString& name);
   void chooseAgain(const QString& name);
   void showDay();
   void ListPlan();
+  QStringList readPlan();
+  void turnTo(const QString& activity);
+  bool bringBack(const QString& activity, const Sheet& rows);
   void PlaceBlock(int position);
-  void SavePlan();
+  bool SavePlan();
+  void tellOutcome(const PlanSaveOutcome& outcome);
   void DeletePlan();
   void Repeat(const QString& count, int stepDays);
   void duplicateRow(int row);
-  void readSaved();
   // Shows the description of a StoreError that the step throws.
   void guarded(const std::function<void()>& step);
 
   ActivityPlanControls controls_;
   TimeBlockList blocks_;
+  bool has_lists_ = false;  // blocks and activities have been read
+  QString listed_;          // the activity whose plan the grid holds
   SavedEntries saved_;
-  UnsavedWatch* watch_;
-  bool is_listed_ = true;  // false when reading the chosen activity's plan has failed
+  QList<TakenBlock> taken_;  // by the last save
 };
 
 }  // namespace vellora

@@ -4,7 +4,6 @@
 #include "planning/day_plan.h"
 #include "planning/plan_controls.h"
 #include "planning/undo_step.h"
-#include "planning/unsaved_watch.h"
 #include "routine/calendar_text.h"
 #include "shell/date_stepper.h"
 
@@ -16,27 +15,23 @@
 
 namespace vellora {
 DailyPlanWindow::DailyPlanWindow(ApplicationState& state, QDate firstDay, QWidget* parent)
-    : PlannerWindow(state, parent),
+    : EditedWindow(state, parent),
       first_day_(firstDay),
       day_(makeWordStepper({u"DTP1"_qs, u"Lxq"_qs, u"计划日期"_qs}, this)),
       grid_(new GridSurface(this)),
       items_list_(makeNameList(u"List1"_qs, u"活动项目"_qs, this)),
-      unsaved_(new QLabel(this)),
-      watch_(new UnsavedWatch(*grid_, *unsaved_, [this](const Sheet& sheet, int row) {
-        return isUnsavedDayRow(sheet, row, date(), saved_);
-      })) {
+      save_(makeButton(u"cmdSV"_qs, u"保存(&S)"_qs, this)) {
   setWindowTitle(u"每日活动计划"_qs);
   grid_->setObjectName(u"Cell1"_qs);
   grid_->setAccessibleName(u"每日计划表"_qs);
-  grid_->setEditable(true);
+  grid_->setColumnLocked(kDayBlock, true);
   answerGridKeys(*grid_, [this]() -> QString { return isoDate(date()) + u" 活动计划"; });
   connect(day_, &DateStepper::dateChanged, this, &DailyPlanWindow::openDay);
   placeFromList(*items_list_, [this](int position) { placeItem(position); });
   tellCutPastes(*grid_);
+  watch(*grid_);
   layOut();
 }
-
-DailyPlanWindow::~DailyPlanWindow() = default;
 
 void DailyPlanWindow::layOut() {
   auto* top = new QHBoxLayout;
@@ -49,6 +44,7 @@ void DailyPlanWindow::layOut() {
   all->addLayout(top);
   all->addLayout(middle, 1);
   all->addWidget(statusLine());
+  all->addWidget(editStatus(items_list_));
   all->addLayout(layButtons());
   resize(800, 700);
 }
@@ -64,15 +60,16 @@ QVBoxLayout* DailyPlanWindow::layItems() {
 
 QHBoxLayout* DailyPlanWindow::layButtons() {
   auto* open = makeButton(u"cmdOP"_qs, u"打开(&O)"_qs, this);
-  auto* save = makeButton(u"cmdSV"_qs, u"保存(&S)"_qs, this);
   auto* end = makeButton(u"CmdEND"_qs, u"关闭(&Q) "_qs, this);
-  save->setFocusPolicy(Qt::TabFocus);  // a click must not turn to a typed date before it saves
+  save_->setFocusPolicy(Qt::TabFocus);  // a click must not turn to a typed date before it saves
   connect(open, &QPushButton::clicked, this, &DailyPlanWindow::openDay);
-  connect(save, &QPushButton::clicked, this, &DailyPlanWindow::SaveDayPlan);
+  connect(save_, &QPushButton::clicked, this, &DailyPlanWindow::SaveDayPlan);
   connect(end, &QPushButton::clicked, this, &QWidget::close);
+  setTabOrder(open, save_);
+  setTabOrder(save_, end);
   auto* row = new QHBoxLayout;
-  row->addWidget(unsaved_, 1);
-  for (auto* button : {open, save, end}) row->addWidget(button);
+  row->addStretch();
+  for (auto* button : {open, save_, end}) row->addWidget(button);
   return row;
 }
 
@@ -91,14 +88,31 @@ QDate DailyPlanWindow::date() const {
 
 void DailyPlanWindow::activate() {
   unsetCursor();
-  try {
-    setUpDayRows(grid_->sheet());
+  setUpDayRows(grid_->sheet());
+  grid_->Redraw();
+  has_rows_ = false;
+  readAgain();
+}
+
+void DailyPlanWindow::setTypable(bool on) {
+  grid_->setEditable(on);
+  save_->setEnabled(on);
+}
+
+void DailyPlanWindow::finishTyping() {
+  vellora::finishTyping(*grid_);
+}
+
+// Blocks and items stay as they were read once.
+void DailyPlanWindow::readAgain() {
+  if (has_rows_) return openDay();
+  read([this] {
     LoadBlockRows();
     loadItems();
+    has_rows_ = true;
+    turnTo(date());
     LoadDayPlan();
-  } catch (const StoreError& error) {
-    prompts().warn(this, error.description());
-  }
+  });
 }
 
 void DailyPlanWindow::LoadBlockRows() {
@@ -115,28 +129,55 @@ void DailyPlanWindow::loadItems() {
   items_list_->setCurrentRow(0);
 }
 
-void DailyPlanWindow::LoadDayPlan() {
-  shown_day_ = QDate();
-  setWindowTitle(dayPlanCaption(date()));
-  loadDayPlan(state().Db, grid_->sheet(), date(), items_);
-  shown_day_ = date();
+// Until it has been read the day is empty: another date's rows must not overwrite its plan.
+void DailyPlanWindow::turnTo(QDate day) {
+  shown_day_ = day;
+  setWindowTitle(dayPlanCaption(day));
+  showDayPlan(grid_->sheet(), day, {}, {});
   grid_->clearUndo();
   grid_->Redraw();
-  readSaved();
+  forget();
+}
+
+void DailyPlanWindow::LoadDayPlan() {
+  saved_ = SavedEntries(state().Db, shown_day_);
+  showDayPlan(grid_->sheet(), shown_day_, saved_, items_);
+  grid_->clearUndo();
+  grid_->Redraw();
 }
 
 void DailyPlanWindow::openDay() {
-  try {
-    LoadDayPlan();
-  } catch (const StoreError& error) {
-    prompts().warn(this, error.description());
+  if (!has_rows_) return readAgain();
+  finishTyping();
+  const bool wasChanged = isRead() && isChanged();
+  const QDate day = shown_day_;
+  const Sheet rows = grid_->sheet();
+  if (day != date()) turnTo(date());
+  const bool isOpened = read([this] { LoadDayPlan(); });
+  if (wasChanged && (isOpened || day != shown_day_)) {
+    keepDiscarded([this, day, rows] { return bringBack(day, rows); });
   }
 }
 
+bool DailyPlanWindow::bringBack(QDate day, const Sheet& rows) {
+  if (day == date()) {
+    openDay();
+  } else {
+    setDate(day);
+  }
+  if (!isRead() || shown_day_ != day) return false;
+  {
+    const UndoStep step(*grid_, u"找回"_qs);
+    grid_->sheet() = rows;
+  }
+  grid_->Redraw();
+  return true;
+}
+
 void DailyPlanWindow::placeItem(int position) {
-  finishTyping(*grid_);
+  finishTyping();
   const int row = grid_->CurrentRow();
-  if (position < 0 || position >= items_.size() || row < 0) return;
+  if (!isRead() || position < 0 || position >= items_.size() || row < 0) return;
   {
     const UndoStep step(*grid_, u"安排活动"_qs);
     placeDayActivity(grid_->sheet(), row, items_[position]);
@@ -146,30 +187,23 @@ void DailyPlanWindow::placeItem(int position) {
   grid_->Focus();
 }
 
-// Another date's rows in the grid, after a failed reading, must not overwrite this date's plan.
-void DailyPlanWindow::SaveDayPlan() {
-  if (shown_day_ != date()) {
-    prompts().warn(this, u"%1的计划没有读出来，不能保存，请先打开。"_qs.arg(longDate(date())));
-    return;
+bool DailyPlanWindow::SaveDayPlan() {
+  finishTyping();
+  DaySaveOutcome outcome;
+  if (!saveAsking([&](bool overwrite) {
+        outcome = saveDayPlan(state().Db, grid_->sheet(), shown_day_, saved_, overwrite);
+      })) {
+    return false;
   }
-  finishTyping(*grid_);
-  const QString failure = saveDayPlan(state().Db, grid_->sheet(), date());
-  try {
-    readSaved();
-  } catch (const StoreError& error) {
-    prompts().warn(this, error.description());
-  }
-  prompts().warn(this, failure.isEmpty() ? u"保存完毕!"_qs : failure);
-  if (failure.isEmpty()) day_->finishTyping();
+  if (outcome.saved) saved_ = *outcome.saved;
+  lookAgain();
+  prompts().warn(this, outcome.failure.isEmpty() ? u"保存完毕!"_qs : outcome.failure);
+  if (outcome.failure.isEmpty()) day_->finishTyping();
+  return outcome.failure.isEmpty();
 }
 
-bool DailyPlanWindow::hasUnsavedTyping() const {
-  return watch_->hasUnsaved();
-}
-
-void DailyPlanWindow::readSaved() {
-  saved_ = SavedEntries(state().Db, date());
-  watch_->lookAgain();
+Changes DailyPlanWindow::changes() {
+  return dayChanges(grid_->sheet(), shown_day_, saved_);
 }
 
 }  // namespace vellora

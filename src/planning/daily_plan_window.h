@@ -1,43 +1,46 @@
 #pragma once
 
+#include "grid/sheet/sheet.h"
 #include "planning/open_items.h"
-#include "planning/unsaved_rows.h"
-#include "shell/planner_window.h"
+#include "planning/saved_entries.h"
+#include "shell/edited_window.h"
 
 #include <QDate>
 
 class QHBoxLayout;
-class QLabel;
 class QListWidget;
+class QPushButton;
 class QVBoxLayout;
 
 namespace vellora {
 
 class DateStepper;
 class GridSurface;
-class UnsavedWatch;
 
 // Plans one date, block by block. The grid is a working copy: it is read again at every activation
 // and every move of the date, and reaches the schedule only by saving.
-class DailyPlanWindow : public PlannerWindow {
+class DailyPlanWindow : public EditedWindow {
   Q_OBJECT
 
  public:
   // Opens at `firstDay`, the board's date.
   DailyPlanWindow(ApplicationState& state, QDate firstDay, QWidget* parent = nullptr);
-  ~DailyPlanWindow() override;
 
   // Shows another date. Call it after Load().
   void setDate(QDate date);
   QDate date() const;
 
   void LoadDayPlan();
-  void SaveDayPlan();
+  bool SaveDayPlan();
 
  protected:
   void load() override;
   void activate() override;
-  bool hasUnsavedTyping() const override;
+  Changes changes() override;
+  bool save() override { return SaveDayPlan(); }
+  void readAgain() override;
+  void setTypable(bool on) override;
+  void finishTyping() override;
 
  private:
   void layOut();
@@ -46,18 +49,19 @@ class DailyPlanWindow : public PlannerWindow {
   void LoadBlockRows();
   void loadItems();
   void openDay();
+  void turnTo(QDate day);
+  bool bringBack(QDate day, const Sheet& rows);
   void placeItem(int position);
-  void readSaved();
 
   QDate first_day_;
-  QDate shown_day_;  // whose plan the grid holds; invalid when reading it has failed
+  QDate shown_day_;        // whose plan the grid holds
+  bool has_rows_ = false;  // blocks and items have been read
   DateStepper* day_;
   GridSurface* grid_;
   QListWidget* items_list_;
-  QLabel* unsaved_;
+  QPushButton* save_;
   QList<OpenItem> items_;
   SavedEntries saved_;
-  UnsavedWatch* watch_;
 };
 
 }  // namespace vellora

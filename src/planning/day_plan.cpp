@@ -33,15 +33,12 @@ void colourRow(Sheet& sheet, int row, PackedColour colour) {
   }
 }
 
-// The entry of each row; empty texts where there is none.
-std::vector<PlanTexts> entriesOfRows(ScheduleStore& store, const Sheet& sheet, QDate date) {
-  const ScheduleStore::ReadTransaction oneView(store);
-  std::vector<PlanTexts> entries;
-  for (int row = 0; row < sheet.Rows(); ++row) {
-    const auto entry = entryOfBlock(store, date, sheet.CellTag(kDayBlock, row));
-    entries.push_back(entry.value_or(PlanTexts()));
-  }
-  return entries;
+// Whether a save would store other than what was read.
+bool isChanged(const Sheet& sheet, int row, QDate date, const SavedEntries& saved) {
+  const PlanTexts texts = textsInRow(sheet, row);
+  const PlanTexts* entry = saved.find(date, sheet.CellTag(kDayBlock, row));
+  if (entry) return !areStoredAlike(*entry, texts);
+  return !areStoredAlike(texts, {}) || !texts.level.isEmpty();
 }
 
 void saveRow(ScheduleStore& store, Recordset& all, const Sheet& sheet, int row, QDate date) {
@@ -64,14 +61,25 @@ QString inBlock(const Sheet& sheet, int row, const StoreError& error) {
   return u"%1：%2"_qs.arg(block, error.description());
 }
 
+void requireAsRead(ScheduleStore& store, const Sheet& sheet, int row, QDate date,
+                   const SavedEntries& asRead) {
+  const QString code = sheet.CellTag(kDayBlock, row);
+  const auto now = entryOfBlock(store, date, code);
+  const PlanTexts* before = asRead.find(date, code);
+  if (now.has_value() == (before != nullptr) && (!now || *now == *before)) return;
+  throw StoreError(StoreFault::RowChanged, u"另一个程序已经改动了这一天的计划。"_qs);
+}
+
 // Returns what stopped it.
-QString saveRows(ScheduleStore& store, const Sheet& sheet, QDate date) {
+QString saveRows(ScheduleStore& store, const Sheet& sheet, QDate date,
+                 const std::vector<int>& rows) {
   auto all = store.open(statements::allPlans());  // never read: only added to
-  int row = 0;
-  try {
-    for (; row < sheet.Rows(); ++row) saveRow(store, all, sheet, row, date);
-  } catch (const StoreError& error) {
-    return inBlock(sheet, row, error);
+  for (const int row : rows) {
+    try {
+      saveRow(store, all, sheet, row, date);
+    } catch (const StoreError& error) {
+      return inBlock(sheet, row, error);
+    }
   }
   return {};
 }
@@ -96,15 +104,25 @@ void layOutBlockRows(Sheet& sheet, const TimeBlockList& blocks) {
   }
 }
 
-void loadDayPlan(ScheduleStore& store, Sheet& sheet, QDate date, const QList<OpenItem>& items) {
-  int row = 0;
-  for (const PlanTexts& texts : entriesOfRows(store, sheet, date)) {
-    showTexts(sheet, row, texts);
-    if (const auto colour = colourOf(items, texts.activity); colour && !texts.activity.isEmpty()) {
-      colourRow(sheet, row, *colour);
-    }
-    ++row;
+void showDayPlan(Sheet& sheet, QDate date, const SavedEntries& saved,
+                 const QList<OpenItem>& items) {
+  for (int row = 0; row < sheet.Rows(); ++row) {
+    const PlanTexts* entry = saved.find(date, sheet.CellTag(kDayBlock, row));
+    showTexts(sheet, row, entry ? *entry : PlanTexts());
+    const auto colour = entry ? colourOf(items, entry->activity) : std::nullopt;
+    if (colour && !entry->activity.isEmpty()) colourRow(sheet, row, *colour);
   }
+}
+
+Changes dayChanges(const Sheet& sheet, QDate date, const SavedEntries& saved) {
+  Changes changes;
+  for (int row = 0; row < sheet.Rows(); ++row) {
+    if (!isChanged(sheet, row, date, saved)) continue;
+    const PlanTexts texts = textsInRow(sheet, row);
+    const bool lacksActivity = texts.activity.isEmpty() && texts != PlanTexts();
+    changes.rows.push_back({row, lacksActivity ? u"没有内容"_qs : QString()});
+  }
+  return changes;
 }
 
 void placeDayActivity(Sheet& sheet, int row, const OpenItem& item) {
@@ -112,16 +130,28 @@ void placeDayActivity(Sheet& sheet, int row, const OpenItem& item) {
   colourRow(sheet, row, item.colour);
 }
 
-QString saveDayPlan(ScheduleStore& store, const Sheet& sheet, QDate date) {
-  QString failure;
+DaySaveOutcome saveDayPlan(ScheduleStore& store, const Sheet& sheet, QDate date,
+                           const SavedEntries& asRead, bool overwrite) {
+  std::vector<int> rows;
+  for (int row = 0; row < sheet.Rows(); ++row) {
+    if (isChanged(sheet, row, date, asRead)) rows.push_back(row);
+  }
+  DaySaveOutcome outcome;
   try {
     ScheduleStore::Transaction transaction(store);
-    failure = saveRows(store, sheet, date);
+    for (const int row : rows) {
+      if (!overwrite) requireAsRead(store, sheet, row, date, asRead);
+    }
+    outcome.failure = saveRows(store, sheet, date, rows);
+    const SavedEntries now(store, date);
     transaction.commit();
+    outcome.saved = asRead;
+    for (const int row : rows) outcome.saved->take({date, sheet.CellTag(kDayBlock, row)}, now);
   } catch (const StoreError& error) {
-    failure = nothingSaved(failure, error);
+    if (error.fault() == StoreFault::RowChanged) throw;
+    outcome.failure = nothingSaved(outcome.failure, error);
   }
-  return failure;
+  return outcome;
 }
 
 QString dayPlanCaption(QDate date) {

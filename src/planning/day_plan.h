@@ -2,11 +2,15 @@
 
 #include "grid/sheet/sheet.h"
 #include "planning/open_items.h"
+#include "planning/saved_entries.h"
 #include "planning/time_block_list.h"
+#include "routine/changes.h"
 #include "store/schedule_store.h"
 
 #include <QDate>
 #include <QString>
+
+#include <optional>
 
 // The daily grid: one row per time block in the order of their start; the block's code is the tag
 // of the block column and the row's key.
@@ -21,18 +25,28 @@ void setUpDayRows(Sheet& sheet);
 void layOutBlockRows(Sheet& sheet, const TimeBlockList& blocks);
 
 // Shows the first entry of each row's block on the date, in its activity's colour. An activity that
-// is not among the items leaves the row's colours as they were. Throws StoreError and leaves the
-// grid as it was.
-void loadDayPlan(ScheduleStore& store, Sheet& sheet, QDate date, const QList<OpenItem>& items);
+// is not among the items leaves the row's colours as they were.
+void showDayPlan(Sheet& sheet, QDate date, const SavedEntries& saved, const QList<OpenItem>& items);
+
+// What a save of the rows would do.
+Changes dayChanges(const Sheet& sheet, QDate date, const SavedEntries& saved);
 
 // Plans an activity in a row; requirement and level keep what they held.
 void placeDayActivity(Sheet& sheet, int row, const OpenItem& item);
 
-// Makes the date's entries what the grid's rows say: the first entry of a block is changed, one is
-// added where there is none, and all are deleted where the row has no activity. A row that cannot
-// be saved ends the save; the rows above it stay saved. Everything else that fails saves nothing.
-// Returns what went wrong and in which block; empty when all was saved.
-QString saveDayPlan(ScheduleStore& store, const Sheet& sheet, QDate date);
+struct DaySaveOutcome {
+  QString failure;  // what went wrong, and in which block; empty when all was saved
+  // What was read, with what the saved rows hold now in its place; none when nothing was saved.
+  std::optional<SavedEntries> saved;
+};
+
+// Makes the date's entries what the grid's changed rows say: the first entry of a block is changed,
+// one is added where there is none, and all are deleted where the row has no activity. A row that
+// says what was read is left alone. A row that cannot be saved ends the save; the rows above it
+// stay saved. Everything else that fails saves nothing. Unless told to overwrite it throws
+// StoreFault::RowChanged, and saves nothing, when a changed row's entry is not what was read.
+DaySaveOutcome saveDayPlan(ScheduleStore& store, const Sheet& sheet, QDate date,
+                           const SavedEntries& asRead, bool overwrite);
 
 // "每日活动计划  2007年3月5日 星期一"
 QString dayPlanCaption(QDate date);

@@ -15,6 +15,7 @@ struct PlanTexts {
   QString activity;
   QString requirement;
   QString level;  // its numeric value is stored; see numericValue
+  friend bool operator==(const PlanTexts&, const PlanTexts&) = default;
 };
 
 // Whether two texts are stored alike: "3x" and "3" are one level.

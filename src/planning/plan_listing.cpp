@@ -1,6 +1,7 @@
 #include "planning/plan_listing.h"
 
 #include "planning/plan_rows.h"
+#include "planning/saved_entries.h"
 #include "store/statements.h"
 
 #include <array>
@@ -71,6 +72,7 @@ QStringList listPlan(ScheduleStore& store, Sheet& sheet, const TimeBlockList& bl
   EntryRows rows(listed, entries, blocks, activity);
   int count = 0;
   while (entries.next()) {
+    if (!isReadable(entries)) continue;
     if (!rows.write(count++)) missing << entries.text(u"SJKH");
   }
   listed.SetRows(count + kSparePlanRows);

@@ -39,6 +39,7 @@ std::vector<Holder> holdersOn(ScheduleStore& store, const QString& code,
 // A copy says the same on its date; where another entry holds the block it shows that one.
 void writeCopy(Sheet& sheet, int row, PlanRowCopy copy, const Holder& holder) {
   copy.settings(kPlanActivity).colours = CellColours{holder ? kRed : kBlack, kWhite};
+  copy.setTag(kPlanActivity, holder ? holder->activity : QString());
   if (holder) {
     copy.setText(kPlanActivity, holder->activity);
     copy.setText(kPlanRequirement, holder->requirement);

@@ -27,16 +27,21 @@ QString planDateCell(QDate date) {
 }
 
 std::optional<QDate> planDate(const Sheet& sheet, int row) {
-  const QString cell = sheet.GetCellText(kPlanDate, row);
+  const QString cell = sheet.GetCellText(kPlanDate, row).trimmed();
   if (const auto date = readDate(QStringView(cell).left(kDateLength))) return date;
   return readDate(QStringView(cell).left(cell.indexOf(kLineBreak)));
 }
 
 QString planDateText(const Sheet& sheet, int row) {
-  const QString cell = sheet.GetCellText(kPlanDate, row);
+  const QString cell = sheet.GetCellText(kPlanDate, row).trimmed();
   const QString front = cell.left(kDateLength);
   const QString firstLine = cell.section(kLineBreak, 0, 0);
   return !readDate(front) && readDate(firstLine) ? firstLine : front;
+}
+
+bool takesPartInSave(const Sheet& sheet, int row, const QString& activity) {
+  return !sheet.CellTag(kPlanTime, row).isEmpty() &&
+         sheet.GetCellText(kPlanActivity, row) == activity && !planDateText(sheet, row).isEmpty();
 }
 
 void placePlanRow(Sheet& sheet, int row, QDate date, const TimeBlock& block,
@@ -44,6 +49,7 @@ void placePlanRow(Sheet& sheet, int row, QDate date, const TimeBlock& block,
   sheet.SetCellText(kPlanDate, row, planDateCell(date));
   sheet.SetCellTag(kPlanTime, row, block.code);
   sheet.SetCellText(kPlanActivity, row, activity);
+  sheet.SetCellTag(kPlanActivity, row, {});
   sheet.SetCellText(kPlanTime, row, block.cell);
 }
 

@@ -9,7 +9,8 @@
 #include <optional>
 
 // The plan grid: one row per entry of one activity, spare rows below. The block's code is the tag
-// of the time column; rules read it there, never from the shown text.
+// of the time column; rules read it there, never from the shown text. A row that a repetition found
+// taken shows who holds its block: the tag of its activity is that text, until another is typed.
 namespace vellora {
 
 enum PlanColumn : int {
@@ -28,10 +29,15 @@ void setUpPlanRows(Sheet& sheet);
 // "2007-03-05", line break, weekday; empty for an invalid date.
 QString planDateCell(QDate date);
 
-// What a row's date cell says: its first ten characters, or its first line where that is how the
-// date was typed ("2007年12月15日"). The weekday behind it is for the eye only.
+// What a row's date cell says, blanks before it aside: its first ten characters, or its first line
+// where that is how the date was typed ("2007年12月15日"). The weekday behind it is for the eye
+// only.
 QString planDateText(const Sheet& sheet, int row);
 std::optional<QDate> planDate(const Sheet& sheet, int row);
+
+// Whether a row takes part in the save of an activity's plan: it has a block, it names exactly that
+// activity, and its date cell is not empty.
+bool takesPartInSave(const Sheet& sheet, int row, const QString& activity);
 
 // Fills date, time and activity; requirement and level keep what they held.
 void placePlanRow(Sheet& sheet, int row, QDate date, const TimeBlock& block,
@@ -51,6 +57,9 @@ class PlanRowCopy {
   CellSettings& settings(PlanColumn col) { return cells_[static_cast<std::size_t>(col)].settings; }
   void setText(PlanColumn col, const QString& text) {
     cells_[static_cast<std::size_t>(col)].text = text;
+  }
+  void setTag(PlanColumn col, const QString& tag) {
+    cells_[static_cast<std::size_t>(col)].tag = tag;
   }
   // The row must be empty.
   void writeTo(Sheet& sheet, int row) const;

@@ -13,8 +13,6 @@
 namespace vellora {
 namespace {
 
-using BlockOnDate = std::pair<QDate, QString>;
-
 QDate requiredDate(const Sheet& sheet, int row) {
   const auto date = planDate(sheet, row);
   if (date) return *date;
@@ -35,18 +33,18 @@ class PlanSaver {
   void deleteUnwritten();
 
  private:
-  bool isWritten(const BlockOnDate& place) const;
-  std::optional<QString> otherHolder(const BlockOnDate& place);
-  void write(const BlockOnDate& place, const PlanTexts& texts);
+  bool isWritten(const SavedEntries::Place& place) const;
+  std::optional<QString> otherHolder(const SavedEntries::Place& place);
+  void write(const SavedEntries::Place& place, const PlanTexts& texts);
 
   static constexpr qsizetype kAdded = -1;
 
   ScheduleStore& store_;
   QString activity_;
   Recordset old_;
-  Recordset all_;                           // never read: only added to
-  std::vector<bool> kept_;                  // by position in old_
-  QHash<BlockOnDate, qsizetype> position_;  // in old_, or kAdded
+  Recordset all_;                                   // never read: only added to
+  std::vector<bool> kept_;                          // by position in old_
+  QHash<SavedEntries::Place, qsizetype> position_;  // in old_, or kAdded
 };
 
 PlanSaver::PlanSaver(ScheduleStore& store, const QString& activity)
@@ -56,16 +54,20 @@ PlanSaver::PlanSaver(ScheduleStore& store, const QString& activity)
       all_(store.open(statements::allPlans())),
       kept_(static_cast<std::size_t>(old_.count()), false) {
   for (; !old_.atEnd(); old_.moveNext()) {
-    const BlockOnDate place{old_.date(u"RQ"), old_.text(u"SJKH")};
+    if (!isReadable(old_)) {
+      kept_[static_cast<std::size_t>(old_.position())] = true;
+      continue;
+    }
+    const SavedEntries::Place place{old_.date(u"RQ"), old_.text(u"SJKH")};
     if (!position_.contains(place)) position_[place] = old_.position();
   }
 }
 
 void PlanSaver::saveRow(const Sheet& sheet, int row, QList<TakenBlock>& taken) {
-  const BlockOnDate place{requiredDate(sheet, row), sheet.CellTag(kPlanTime, row)};
+  const SavedEntries::Place place{requiredDate(sheet, row), sheet.CellTag(kPlanTime, row)};
   if (!isWritten(place)) {
     if (const auto holder = otherHolder(place)) {
-      taken.append({planDateText(sheet, row), *holder});
+      taken.append({planDateText(sheet, row), *holder, place});
       return;
     }
   }
@@ -74,13 +76,13 @@ void PlanSaver::saveRow(const Sheet& sheet, int row, QList<TakenBlock>& taken) {
 }
 
 // By this save.
-bool PlanSaver::isWritten(const BlockOnDate& place) const {
+bool PlanSaver::isWritten(const SavedEntries::Place& place) const {
   const auto position = position_.constFind(place);
   if (position == position_.cend()) return false;
   return *position == kAdded || kept_[static_cast<std::size_t>(*position)];
 }
 
-std::optional<QString> PlanSaver::otherHolder(const BlockOnDate& place) {
+std::optional<QString> PlanSaver::otherHolder(const SavedEntries::Place& place) {
   auto entries = store_.readOnce(statements::planOfBlock(place.first, place.second));
   while (entries.next()) {
     if (const QString holder = entries.text(u"HDMC"); holder != activity_) return holder;
@@ -88,7 +90,7 @@ std::optional<QString> PlanSaver::otherHolder(const BlockOnDate& place) {
   return {};
 }
 
-void PlanSaver::write(const BlockOnDate& place, const PlanTexts& texts) {
+void PlanSaver::write(const SavedEntries::Place& place, const PlanTexts& texts) {
   const auto position = position_.constFind(place);
   if (position == position_.cend()) {
     addPlan(all_, place.first, place.second, texts);
@@ -130,21 +132,21 @@ void saveRows(PlanSaver& saver, const Sheet& sheet, const QString& activity,
 
 }  // namespace
 
-bool takesPartInSave(const Sheet& sheet, int row, const QString& activity) {
-  return !sheet.CellTag(kPlanTime, row).isEmpty() &&
-         sheet.GetCellText(kPlanActivity, row) == activity &&
-         !sheet.GetCellText(kPlanDate, row).isEmpty();
-}
-
 PlanSaveOutcome savePlan(ScheduleStore& store, const Sheet& sheet, const QString& activity,
-                         const WorkProgress& progress) {
+                         const SavedEntries* asRead, const WorkProgress& progress) {
   PlanSaveOutcome outcome;
   try {
     ScheduleStore::Transaction transaction(store);
+    if (asRead && SavedEntries(store, activity) != *asRead) {
+      throw StoreError(StoreFault::RowChanged, u"另一个程序已经改动了这个项目的计划。"_qs);
+    }
     PlanSaver saver(store, activity);
     saveRows(saver, sheet, activity, outcome, progress);
+    const SavedEntries saved(store, activity);
     transaction.commit();
+    outcome.saved = saved;
   } catch (const StoreError& error) {
+    if (error.fault() == StoreFault::RowChanged) throw;
     outcome.failure = nothingSaved(outcome.failure, error);
   }
   return outcome;

@@ -10,7 +10,8 @@ TimeBlockList::TimeBlockList(ScheduleStore& store) {
   for (; !rows.atEnd(); rows.moveNext()) {
     const QString hours = blockHours(rows.time(u"SJ0"), rows.time(u"SJ1"));
     const QString name = rows.text(u"sjkm");
-    const TimeBlock block{rows.text(u"SJKH"), hours + kLineBreak + name, hours + u' ' + name};
+    const TimeBlock block{rows.text(u"SJKH"), hours + kLineBreak + name, hours + u' ' + name, hours,
+                          name};
     if (!position_by_code_.contains(block.code)) position_by_code_[block.code] = blocks_.size();
     blocks_.append(block);
   }
@@ -18,6 +19,19 @@ TimeBlockList::TimeBlockList(ScheduleStore& store) {
 
 const TimeBlock* TimeBlockList::at(qsizetype position) const {
   return position >= 0 && position < blocks_.size() ? &blocks_[position] : nullptr;
+}
+
+const TimeBlock* TimeBlockList::meant(const QString& typed) const {
+  QString text = typed.trimmed();
+  text.replace(u'：', u':').replace(kLineBreak, u' ');
+  if (const TimeBlock* block = find(text)) return block;
+  const TimeBlock* meant = nullptr;
+  for (const TimeBlock& block : blocks_) {
+    if (text != block.name && text != block.hours && text != block.line) continue;
+    if (meant && meant->code != block.code) return nullptr;
+    if (!meant) meant = &block;
+  }
+  return meant;
 }
 
 const TimeBlock* TimeBlockList::find(const QString& code) const {

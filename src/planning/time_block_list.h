@@ -13,6 +13,8 @@ struct TimeBlock {
   QString code;
   QString cell;  // "08:00-09:30", line break, name: how a grid shows it
   QString line;  // "08:00-09:30 name": how a list shows it
+  QString hours;
+  QString name;
 };
 
 // The time blocks in ascending start time, as they were when the list was made.
@@ -28,6 +30,9 @@ class TimeBlockList {
   // Null when there is no such position or code; of several blocks with one code, the first.
   const TimeBlock* at(qsizetype position) const;
   const TimeBlock* find(const QString& code) const;
+  // The block that a typed text means: its code, its name, its hours, or how a grid or list shows
+  // it. Null when it means none, or more than one.
+  const TimeBlock* meant(const QString& typed) const;
 
  private:
   QList<TimeBlock> blocks_;

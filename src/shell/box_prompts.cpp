@@ -14,34 +14,39 @@ void takeLook(QDialog& box, const QWidget* parent) {
   if (parent) box.setPalette(parent->palette());
 }
 
-void showText(QWidget* parent, QMessageBox::Icon icon, const QString& text) {
+// Gives the position of the answer whose button was pressed, the last when the box is closed.
+int show(QWidget* parent, QMessageBox::Icon icon, const QString& text, const QStringList& answers,
+         int usual) {
   QMessageBox box(icon, programTitle(), text, QMessageBox::NoButton, parent);
   takeLook(box, parent);
   box.setTextFormat(Qt::PlainText);
-  box.addButton(u"确定"_qs, QMessageBox::AcceptRole);
+  QList<QPushButton*> buttons;
+  // Of one role, so that they stand in their order.
+  for (const QString& answer : answers) buttons << box.addButton(answer, QMessageBox::ActionRole);
+  box.setDefaultButton(buttons[usual]);
+  box.setEscapeButton(buttons.last());
   box.exec();
+  const auto pressed = buttons.indexOf(static_cast<QPushButton*>(box.clickedButton()));
+  return static_cast<int>(pressed < 0 ? buttons.size() - 1 : pressed);
 }
 
 }  // namespace
 
 void BoxPrompts::warn(QWidget* parent, const QString& text) {
-  showText(parent, QMessageBox::Warning, text);
+  show(parent, QMessageBox::Warning, text, {u"确定"_qs}, 0);
 }
 
 void BoxPrompts::inform(QWidget* parent, const QString& text) {
-  showText(parent, QMessageBox::NoIcon, text);
+  show(parent, QMessageBox::NoIcon, text, {u"确定"_qs}, 0);
 }
 
 bool BoxPrompts::ask(QWidget* parent, const QString& question) {
-  QMessageBox box(QMessageBox::Question, programTitle(), question, QMessageBox::NoButton, parent);
-  takeLook(box, parent);
-  box.setTextFormat(Qt::PlainText);
-  const auto* yes = box.addButton(u"是"_qs, QMessageBox::YesRole);
-  auto* no = box.addButton(u"否"_qs, QMessageBox::NoRole);
-  box.setDefaultButton(no);
-  box.setEscapeButton(no);
-  box.exec();
-  return box.clickedButton() == yes;
+  return show(parent, QMessageBox::Question, question, {u"是"_qs, u"否"_qs}, 1) == 0;
+}
+
+int BoxPrompts::choose(QWidget* parent, const QString& question, const QStringList& answers,
+                       int usual) {
+  return show(parent, QMessageBox::Question, question, answers, usual);
 }
 
 QString BoxPrompts::chooseFile(QWidget* parent, const QString& title, const QString& filter,

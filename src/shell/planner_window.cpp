@@ -49,14 +49,21 @@ QWidget* PlannerWindow::statusLine() {
   return status_line_;
 }
 
+void PlannerWindow::tell(const QString& text) {
+  status_line_->tell(text);
+}
+
 void PlannerWindow::answerGridKeys(GridSurface& grid, const std::function<QString()>& baseName) {
   grid_keys_ = new GridKeys(grid, state_, *status_line_, baseName);
 }
 
 void PlannerWindow::tellCutPastes(GridSurface& grid) {
   connect(&grid, &GridSurface::PasteCut, this, [this](int rows, int cols) {
-    prompts().warn(
-        this, u"粘贴的内容比表格多出 %1 行、%2 列，多出的部分没有粘贴。"_qs.arg(rows).arg(cols));
+    QStringList parts;
+    if (rows > 0) parts << u"%1 行"_qs.arg(rows);
+    if (cols > 0) parts << u"%1 列"_qs.arg(cols);
+    prompts().warn(this,
+                   u"粘贴的内容比表格多出 "_qs + parts.join(u'、') + u"，多出的部分没有粘贴。");
   });
 }
 
@@ -96,6 +103,7 @@ void PlannerWindow::ShowModal() {
 }
 
 void PlannerWindow::closeEvent(QCloseEvent* event) {
+  if (!mayClose()) return event->ignore();
   unload();
   event->accept();
   emit closed();
@@ -109,7 +117,7 @@ void PlannerWindow::keyPressEvent(QKeyEvent* event) {
   auto* button = isEnter ? defaultButton(*this) : nullptr;
   if (button && !qobject_cast<QPushButton*>(focusWidget())) {
     button->click();
-  } else if (key == Qt::Key_Escape && closesOnEscape() && !hasUnsavedTyping()) {
+  } else if (key == Qt::Key_Escape && closesOnEscape()) {
     close();
   } else if (!grid_keys_ || !grid_keys_->answer(event)) {
     QWidget::keyPressEvent(event);

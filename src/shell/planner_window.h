@@ -35,8 +35,8 @@ class PlannerWindow : public QWidget {
   virtual void load() {}
   virtual void activate() {}
   virtual void unload() {}
-  // True while closing would lose something typed; Escape then does not close the window.
-  virtual bool hasUnsavedTyping() const { return false; }
+  // Asked before the window closes, whatever wants to close it.
+  virtual bool mayClose() { return true; }
   // Whether Escape may close the window at all.
   virtual bool closesOnEscape() const { return true; }
 
@@ -46,8 +46,9 @@ class PlannerWindow : public QWidget {
   void putSkinOn();
   // Shows a title as it stands; Qt alone would read "[*]" in it as a mark of its own.
   void showTitle(const QString& title);
-  // Tells why an export failed; to be put where the window's list ends.
+  // For what the user should know but need not answer; to be put where the window's list ends.
   QWidget* statusLine();
+  void tell(const QString& text);
   // From now on the grid answers to the print and export keys, wherever in the window the focus is;
   // see grid_keys.h.
   void answerGridKeys(GridSurface& grid, const std::function<QString()>& baseName);

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QString>
+#include <QStringList>
 
 class QWidget;
 
@@ -16,6 +16,10 @@ class Prompts {
   virtual void warn(QWidget* parent, const QString& text) = 0;
   // 是 and 否; true only for 是. Closing the box means 否.
   virtual bool ask(QWidget* parent, const QString& question) = 0;
+  // A button for each answer; gives the position of the one pressed. Enter means the usual one. The
+  // last answer is the one that changes nothing: closing the box means it.
+  virtual int choose(QWidget* parent, const QString& question, const QStringList& answers,
+                     int usual) = 0;
   // 确定, without an icon.
   virtual void inform(QWidget* parent, const QString& text) = 0;
   // Path of an existing file, empty when the user cancels. A filter reads "名称|*.扩展名".

@@ -47,6 +47,11 @@ bool Recordset::atEnd() {
   return position() == count();
 }
 
+qint64 Recordset::rowId() {
+  const qsizetype row = state_->currentRow();
+  return state_->rows().rowId(row);
+}
+
 bool Recordset::findFirst(const QString& condition) {
   const FindCondition wanted(condition, state_->lazy.set().columns);
   const RowArena& rows = state_->rows();

@@ -31,6 +31,8 @@ class Recordset final : public RowReader {
   void moveTo(qsizetype position);
   qsizetype position();
   bool atEnd();
+  // What tells the current row from every other of its table, also from one with equal columns.
+  qint64 rowId();
 
   // Makes the first row that meets a condition such as "HDBH='001'" current: columns that equal
   // literals, joined by AND. Without a match, noMatch() reports true and the current row stays as

@@ -50,7 +50,7 @@ ColumnChanges differences(const ColumnChanges& changes, const RowArena& rows, qs
 }
 
 StoreError rowChanged() {
-  return {StoreFault::RowChanged, u"这一行已被另一个窗口或程序修改或删除，请重新打开后再试。"_qs};
+  return {StoreFault::RowChanged, u"这一行已被另一个窗口或程序修改或删除。"_qs};
 }
 
 }  // namespace

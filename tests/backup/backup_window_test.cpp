@@ -1,8 +1,8 @@
 #include "backup/backup_window.h"
 
-#include "backup/schedule_dump.h"
 #include "grid/surface/grid_surface.h"
 #include "support/planner_test.h"
+#include "support/schedule_dump.h"
 #include "support/temporary_folder.h"
 
 #include <QComboBox>

@@ -1,12 +1,12 @@
 #include "backup/table_backup.h"
 
 #include "backup/backup_error.h"
-#include "backup/schedule_dump.h"
 #include "grid/files/workbook_file.h"
 #include "store/store_error.h"
 #include "support/failing_disk.h"
 #include "support/file_size_limit.h"
 #include "support/schedule_builder.h"
+#include "support/schedule_dump.h"
 #include "support/store_fault.h"
 #include "support/temporary_folder.h"
 #include "support/text_output.h"

@@ -32,7 +32,8 @@ TEST(ItemSheet, ShowsAStoredItemInTheColourOfItsCategory) {
   Sheet sheet;
   setUpItemSheet(sheet);
   sheet.SetRows(1);
-  showItem(sheet, 0, {u"004"_qs, u"访友"_qs, u"4-社交"_qs, true});
+  showItem(sheet, 0, {u"004"_qs, u"访友"_qs, u"4-社交"_qs, true}, 7);
+  EXPECT_EQ(itemIdAt(sheet, 0), 7);
   EXPECT_EQ(sheet.GetCellText(kItemNameCol, 0), u"访友"_qs);
   EXPECT_EQ(sheet.GetCellText(kItemStateCol, 0), u"1"_qs);
   EXPECT_EQ(sheet.StyleAt(kItemNameCol, 0).textColour, 49152U);

@@ -36,7 +36,7 @@ void readLists(ScheduleStore& store) {
   listPlan(store, sheet, blocks, u"活动001"_qs);
   setUpDayRows(sheet);
   layOutBlockRows(sheet, blocks);
-  loadDayPlan(store, sheet, kMonday, readOpenItems(store));
+  showDayPlan(sheet, kMonday, SavedEntries(store, kMonday), readOpenItems(store));
 }
 
 void readItems(ScheduleStore& store) {

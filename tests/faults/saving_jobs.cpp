@@ -110,7 +110,7 @@ void savePlan(const QString& folder) {
   for (int i = 0; i < 2; ++i) {
     placePlanRow(sheet, spare + i, kMonday.addDays(40 + i), *blocks.at(i), kActivity);
   }
-  throwIfRefused(vellora::savePlan(store, sheet, kActivity).failure);
+  throwIfRefused(vellora::savePlan(store, sheet, kActivity, nullptr).failure);
 }
 
 // Half of the day's entries change, one goes, one is new.
@@ -120,11 +120,12 @@ void saveDay(const QString& folder) {
   setUpDayRows(sheet);
   layOutBlockRows(sheet, TimeBlockList(store));
   const QList<OpenItem> items = readOpenItems(store);
-  loadDayPlan(store, sheet, kMonday, items);
+  const SavedEntries saved(store, kMonday);
+  showDayPlan(sheet, kMonday, saved, items);
   for (int row = 0; row < 10; ++row) sheet.SetCellText(kDayRequirement, row, QString(99, u'改'));
   sheet.SetCellText(kDayActivity, 11, {});
   placeDayActivity(sheet, sheet.Rows() - 1, items.constFirst());
-  throwIfRefused(saveDayPlan(store, sheet, kMonday));
+  throwIfRefused(saveDayPlan(store, sheet, kMonday, saved, false).failure);
 }
 
 void saveSkin(const QString& folder) {

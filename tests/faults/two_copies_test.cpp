@@ -65,7 +65,7 @@ class Copy {
     setUpItemSheet(sheet);
     ItemCatalogue catalogue(store_);
     catalogue.filter(u"2-学习"_qs, sheet);
-    catalogue.add({u"001"_qs, mark(round), u"2-学习"_qs});
+    catalogue.add({mark(round), mark(round), u"2-学习"_qs});
   }
 
   // Every block gets this copy's mark: the table must never mix those of both.
@@ -84,7 +84,9 @@ class Copy {
     for (int row = 0; row < sheet.Rows(); ++row) sheet.SetCellText(kDayActivity, row, mark(round));
     const QString busy = u"另一个程序正在使用日程文件，请稍后再试。"_qs;
     QString failure = busy;
-    while (failure == busy) failure = saveDayPlan(store_, sheet, ownDay(round));
+    while (failure == busy) {
+      failure = saveDayPlan(store_, sheet, ownDay(round), {}, true).failure;
+    }
     if (!failure.isEmpty()) throw std::runtime_error(failure.toStdString());
   }
 

@@ -105,6 +105,7 @@ void Guide::open(const QString& button, const Scene& scene) {
   QTimer::singleShot(0, &board(), [&] {
     QWidget& window = *QApplication::activeModalWidget();
     scene(window);
+    prompts_.choices = {1};  // 不保存
     window.close();
   });
   press(board(), button);

@@ -1,7 +1,7 @@
 // A schedule is backed up, lost, and brought back as it was.
 
-#include "../backup/schedule_dump.h"
 #include "keyboard_journey.h"
+#include "support/schedule_dump.h"
 
 namespace vellora {
 namespace {

@@ -182,6 +182,38 @@ TEST_F(ActivityPlanWindowTest, ListingAgainDropsWhatWasNotSaved) {
   }
 }
 
+TEST_F(ActivityPlanWindowTest, WhatListingDroppedCanBeFetchedBack) {
+  open();
+  doubleClick(window_, u"List2"_qs, 0);
+  const QString typed = row(window_, 0);
+  window_.chooseActivity(u"跑步"_qs);
+  EXPECT_EQ(row(window_, 0), u"||||"_qs);
+  click(window_, u"CmdFetch"_qs);
+  EXPECT_EQ(window_.chosenActivity(), u"读书"_qs);
+  EXPECT_EQ(row(window_, 0), typed);
+  click(window_, u"cmdSV"_qs);
+  EXPECT_EQ(saved(), QStringList{u"2007-03-05|002|读书||0"_qs});
+}
+
+TEST_F(ActivityPlanWindowTest, ARowKeepsItsBlockWhereverItIsCutCopiedOrTyped) {
+  schedule_.plan(kToday, u"002"_qs, u"读书"_qs);
+  open();
+  auto& cells = grid(window_);
+  cells.SelectRange(0, 0, kPlanCols - 1, 0);
+  QTest::keyClick(&cells, Qt::Key_X, Qt::ControlModifier);
+  cells.SetCurrentCell(0, 3);
+  QTest::keyClick(&cells, Qt::Key_V, Qt::ControlModifier);
+  cells.SetCurrentCell(0, 5);
+  QTest::keyClick(&cells, Qt::Key_V, Qt::ControlModifier);
+  type(window_, kPlanDate, 5, u" 2007-03-10 "_qs);
+  type(window_, kPlanTime, 5, u"晚间"_qs);
+  type(window_, kPlanTime, 3, u"午间"_qs);
+  EXPECT_EQ(prompts_.warnings.size(), 1) << "no block of that name";
+  click(window_, u"cmdSV"_qs);
+  EXPECT_EQ(saved(),
+            (QStringList{u"2007-03-05|002|读书|要求|1"_qs, u"2007-03-10|001|读书|要求|1"_qs}));
+}
+
 TEST_F(ActivityPlanWindowTest, TheGridAlwaysHasASpareRow) {
   open();
   grid(window_).SetCurrentCell(0, kSparePlanRows - 1);
@@ -239,8 +271,7 @@ TEST_F(ActivityPlanWindowTest, PastingMoreThanTheGridHoldsSaysWhatWasLeftOut) {
   grid(window_).SetCurrentCell(kPlanLevel, 0);
   grid(window_).Focus();
   QTest::keyClick(&grid(window_), Qt::Key_V, Qt::ControlModifier);
-  EXPECT_EQ(prompts_.warnings,
-            QStringList{u"粘贴的内容比表格多出 0 行、1 列，多出的部分没有粘贴。"_qs});
+  EXPECT_EQ(prompts_.warnings, QStringList{u"粘贴的内容比表格多出 1 列，多出的部分没有粘贴。"_qs});
 }
 
 TEST_F(ActivityPlanWindowTest, AScheduleThatCannotBeReadIsReportedAndNothingTypedIsLost) {
@@ -262,6 +293,9 @@ TEST_F(ActivityPlanWindowTest, APlanThatCouldNotBeReadIsNotDeletedBySaving) {
   schedule_.sql(u"ALTER TABLE JH RENAME TO HJ"_qs);
   window_.chooseActivity(u"跑步"_qs);
   schedule_.sql(u"ALTER TABLE HJ RENAME TO JH"_qs);
+  click(window_, u"cmdSV"_qs);
+  window_.chooseActivity(u"读书"_qs);
+  window_.findChild<QLineEdit*>(u"Text2"_qs)->setText(u"跑步"_qs);
   click(window_, u"cmdSV"_qs);
   EXPECT_EQ(prompts_.warnings.last(), u"项目“跑步”的计划没有读出来，不能保存，请先打开。"_qs);
   EXPECT_EQ(saved(), QStringList{u"2007-03-05|001|跑步|要求|1"_qs});

@@ -158,12 +158,22 @@ TEST_F(DailyPlanWindowTest, ADayThatCouldNotBeReadIsNotOverwritten) {
   click(window_, u"Command2"_qs);
   schedule_.sql(u"ALTER TABLE HJ RENAME TO JH"_qs);
   click(window_, u"cmdSV"_qs);
-  EXPECT_EQ(prompts_.warnings,
-            (QStringList{u"日程文件中没有表“JH”。"_qs,
-                         u"2007年3月6日的计划没有读出来，不能保存，请先打开。"_qs}));
+  EXPECT_EQ(prompts_.warnings, QStringList{u"日程文件中没有表“JH”。"_qs}) << "cannot be saved";
   EXPECT_EQ(saved(), QStringList{u"2007-03-06|002|读书|要求|1"_qs});
   click(window_, u"cmdOP"_qs);
   EXPECT_EQ(row(window_, 0), u"08:00-09:30/早读|读书|要求|1"_qs);
+  click(window_, u"CmdFetch"_qs);
+  EXPECT_EQ(window_.date(), kToday);
+  EXPECT_EQ(row(window_, 0), u"08:00-09:30/早读|跑步||"_qs) << "typed before the step";
+}
+
+TEST_F(DailyPlanWindowTest, TheTimesCannotBeEmptied) {
+  open();
+  grid(window_).Focus();
+  QTest::keyClick(&grid(window_), Qt::Key_A, Qt::ControlModifier);
+  QTest::keyClick(&grid(window_), Qt::Key_Delete);
+  EXPECT_EQ(row(window_, 0), u"08:00-09:30/早读|||"_qs);
+  EXPECT_EQ(grid(window_).CellTag(0, 1), u"001"_qs);
 }
 
 }  // namespace vellora

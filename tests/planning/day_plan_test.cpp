@@ -1,6 +1,7 @@
 #include "planning/day_plan.h"
 
 #include "planning_fixture.h"
+#include "support/store_fault.h"
 
 namespace vellora {
 
@@ -12,13 +13,21 @@ class DayPlan : public test::PlanningTest {
   void open(QDate date) {
     setUpDayRows(sheet_);
     layOutBlockRows(sheet_, TimeBlockList(*store_));
-    loadDayPlan(*store_, sheet_, date, readOpenItems(*store_));
+    showDayPlan(sheet_, date, SavedEntries(*store_, date), readOpenItems(*store_));
+    asRead_ = SavedEntries(*store_, date);
+  }
+  QString save(bool overwrite = false) {
+    const auto outcome = saveDayPlan(*store_, sheet_, kMonday, asRead_, overwrite);
+    if (outcome.saved) asRead_ = *outcome.saved;
+    return outcome.failure;
   }
   void type(int row, const QString& activity, const QString& requirement, const QString& level) {
     sheet_.SetCellText(kDayActivity, row, activity);
     sheet_.SetCellText(kDayRequirement, row, requirement);
     sheet_.SetCellText(kDayLevel, row, level);
   }
+
+  SavedEntries asRead_;
 };
 
 TEST_F(DayPlan, ShowsEachBlockByStartWithItsFirstEntry) {
@@ -32,7 +41,7 @@ TEST_F(DayPlan, ShowsEachBlockByStartWithItsFirstEntry) {
   EXPECT_EQ(row(1), u"20:00-21:00/晚间|读书|第一章|3"_qs);
   EXPECT_FALSE(sheet_.StyleAt(kDayActivity, 0).hasColours);
   EXPECT_EQ(sheet_.StyleAt(kDayLevel, 1).textColour, 200U);
-  loadDayPlan(*store_, sheet_, kMonday.addDays(1), {});
+  showDayPlan(sheet_, kMonday.addDays(1), {}, {});
   EXPECT_EQ(row(1), u"20:00-21:00/晚间|||"_qs);
 }
 
@@ -59,13 +68,13 @@ TEST_F(DayPlan, SavingChangesAddsAndDeletesTheEntriesOfItsDate) {
   open(kMonday);
   type(0, u"自由文字"_qs, u""_qs, u"3级"_qs);
   type(1, u"读书"_qs, u"第一章"_qs, u"高"_qs);
-  EXPECT_EQ(saveDayPlan(*store_, sheet_, kMonday), QString());
+  EXPECT_EQ(save(), QString());
   const QString otherDay = u"2007-03-06|001|别的日子|要求|1"_qs;
   EXPECT_EQ(saved(),
             (QStringList{u"2007-03-05|001|读书|第一章|0"_qs, u"2007-03-05|002|自由文字||3"_qs,
                          u"2007-03-05|002|第二个|要求|1"_qs, otherDay}));
   type(0, u""_qs, u"没有活动"_qs, u"2"_qs);
-  EXPECT_EQ(saveDayPlan(*store_, sheet_, kMonday), QString());
+  EXPECT_EQ(save(), QString());
   EXPECT_EQ(saved(), (QStringList{u"2007-03-05|001|读书|第一章|0"_qs, otherDay}));
 }
 
@@ -74,7 +83,7 @@ TEST_F(DayPlan, ARowThatCannotBeSavedIsNamedAndTheRowsAboveStaySaved) {
   open(kMonday);
   type(0, u"读书"_qs, u"第一章"_qs, u"1"_qs);
   type(1, u"跑步"_qs, u"五公里"_qs, u"99999999999"_qs);
-  const QString failure = saveDayPlan(*store_, sheet_, kMonday);
+  const QString failure = save();
   EXPECT_TRUE(failure.startsWith(u"20:00-21:00 晚间：")) << failure.toStdString();
   EXPECT_TRUE(failure.contains(u"ZYDJ")) << failure.toStdString();
   EXPECT_EQ(saved(),
@@ -86,8 +95,24 @@ TEST_F(DayPlan, ALockedScheduleIsLeftAsItWas) {
   type(0, u"读书"_qs, u""_qs, u""_qs);
   ScheduleStore other = builder_.store();
   const ScheduleStore::Transaction itsSave(other);
-  EXPECT_EQ(saveDayPlan(*store_, sheet_, kMonday), u"另一个程序正在使用日程文件，请稍后再试。"_qs);
+  EXPECT_EQ(save(), u"另一个程序正在使用日程文件，请稍后再试。"_qs);
   EXPECT_EQ(saved(), QStringList());
+}
+
+TEST_F(DayPlan, WritesOnlyWhatChangedAndAsksBeforeItOverwritesAnother) {
+  builder_.plan(kMonday, u"001"_qs, u"旧"_qs).plan(kMonday, u"002"_qs, u"旧"_qs);
+  open(kMonday);
+  builder_.sql(u"UPDATE JH SET HDMC = '另一个' WHERE SJKH = '001'"_qs);
+  type(0, u"读书"_qs, u""_qs, u"2"_qs);
+  EXPECT_EQ(save(), QString());
+  const QString other = u"2007-03-05|001|另一个|要求|1"_qs;
+  EXPECT_EQ(saved(), (QStringList{other, u"2007-03-05|002|读书||2"_qs}));
+  builder_.sql(u"UPDATE JH SET HDMC = '又一个' WHERE SJKH = '002'"_qs);
+  type(0, u"跑步"_qs, u""_qs, u"2"_qs);
+  EXPECT_EQ(test::faultOf([&] { save(); }), StoreFault::RowChanged);
+  EXPECT_EQ(saved().last(), u"2007-03-05|002|又一个||2"_qs);
+  EXPECT_EQ(save(true), QString());
+  EXPECT_EQ(saved(), (QStringList{other, u"2007-03-05|002|跑步||2"_qs}));
 }
 
 TEST_F(DayPlan, WithoutBlocksThereAreNoRowsAndNothingIsSaved) {
@@ -95,7 +120,7 @@ TEST_F(DayPlan, WithoutBlocksThereAreNoRowsAndNothingIsSaved) {
   builder_.plan(kMonday, u"001"_qs, u"读书"_qs);
   open(kMonday);
   EXPECT_EQ(sheet_.Rows(), 0);
-  EXPECT_EQ(saveDayPlan(*store_, sheet_, kMonday), QString());
+  EXPECT_EQ(save(), QString());
   EXPECT_EQ(saved().size(), 1);
 }
 

@@ -14,7 +14,7 @@ using test::kMonday;
 class PlanSaving : public test::PlanningTest {
  protected:
   PlanSaveOutcome save(const WorkProgress& progress = {}) {
-    return savePlan(*store_, sheet_, u"读书"_qs, progress);
+    return savePlan(*store_, sheet_, u"读书"_qs, nullptr, progress);
   }
   // Three entries of the activity, listed, then changed in the grid.
   void changeAListedPlan() {
@@ -139,7 +139,7 @@ TEST_F(PlanSaving, AKilledProcessLeavesEveryEntryAsItWas) {
   ASSERT_GE(child, 0);
   if (child == 0) {
     ScheduleStore own = builder_.store();
-    savePlan(own, sheet_, u"读书"_qs,
+    savePlan(own, sheet_, u"读书"_qs, nullptr,
              [](const WorkStep& step) { return step.done < 2 || raise(SIGKILL) != 0; });
     _exit(0);
   }

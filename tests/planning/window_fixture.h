@@ -82,9 +82,9 @@ class WindowTest : public PlannerTest {
   // Whether a row is shown as not saved yet.
   static bool isMarked(QWidget& window, int row) {
     QCoreApplication::processEvents();
-    const auto& marks = grid(window).markedRows();
-    return std::any_of(marks.begin(), marks.end(),
-                       [row](const RowMark& mark) { return mark.row == row; });
+    const auto& rows = grid(window).markedRows();
+    return std::any_of(rows.begin(), rows.end(),
+                       [row](const auto& mark) { return mark.row == row; });
   }
   // Text as an input method hands it over.
   static void commit(QWidget& editor, const QString& text) {

@@ -51,6 +51,18 @@ TEST(BoxPrompts, InformsWithoutAnIcon) {
   BoxPrompts().inform(nullptr, u"已保存！"_qs);
 }
 
+TEST(BoxPrompts, GivesTheChosenAnswerAndTheLastWhenClosed) {
+  const auto chosen = [] {
+    return BoxPrompts().choose(nullptr, u"保存吗?"_qs, {u"保存"_qs, u"不保存"_qs, u"取消"_qs}, 0);
+  };
+  onNextBox([](QMessageBox& box) { press(box, u"不保存"_qs); });
+  EXPECT_EQ(chosen(), 1);
+  onNextBox([](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Return); });
+  EXPECT_EQ(chosen(), 0);
+  onNextBox([](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Escape); });
+  EXPECT_EQ(chosen(), 2);
+}
+
 TEST(BoxPrompts, TakesOnlyYesForYes) {
   onNextBox([](QMessageBox& box) { press(box, u"是"_qs); });
   EXPECT_TRUE(BoxPrompts().ask(nullptr, u"真的?"_qs));

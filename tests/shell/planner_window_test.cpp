@@ -26,7 +26,7 @@ class RecordingWindow : public PlannerWindow {
   void load() override { steps << (isVisible() ? u"load late"_qs : u"load"_qs); }
   void activate() override { steps << u"activate"_qs; }
   void unload() override { steps << u"unload"_qs; }
-  bool hasUnsavedTyping() const override { return typed; }
+  bool mayClose() override { return !typed; }
 };
 
 class PlannerWindowTest : public test::PlannerTest {
@@ -56,11 +56,12 @@ TEST_F(PlannerWindowTest, IsNotActivatedByTheDesktopsFocus) {
   EXPECT_TRUE(window_.steps.isEmpty());
 }
 
-TEST_F(PlannerWindowTest, EscapeClosesItOnlyWhileNothingTypedWouldBeLost) {
+TEST_F(PlannerWindowTest, ClosesOnlyWhenItMay) {
   window_.Load();
   window_.Show();
   window_.typed = true;
   QTest::keyClick(&window_, Qt::Key_Escape);
+  window_.close();
   EXPECT_TRUE(window_.isVisible());
   window_.typed = false;
   QTest::keyClick(&window_, Qt::Key_Escape);
