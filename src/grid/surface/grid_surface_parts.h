@@ -50,6 +50,8 @@ class GridSurface::Parts {
     return {cols.sectionAt(point.x()), rows.sectionAt(point.y())};
   }
 
+  QString hintAt(CellPlace cell, const QRect& rect);
+
   bool isEditing() const { return grid.state() == EditingState; }
   // Null while no cell is being typed into.
   CellEditor* editor() const;
