@@ -26,17 +26,23 @@ void fuzzClipboard(Bytes bytes) {
     for (const QString& cell : row) require(!cell.contains(u'\r'), "lines end with line feeds");
   }
   const Sheet sheet = sheetOf(table);
+  if (qint64{sheet.Rows()} * sheet.Cols() > 100'000) return;  // ragged rows
   const CellRange all{0, 0, sheet.Cols() - 1, sheet.Rows() - 1};
   const QString copied = tabSeparated(sheet, all);
   require(tabSeparated(sheetOf(readTabSeparated(copied)), all) == copied,
           "cells come back as they were copied");
+  readHtmlTable(textOf(bytes));
   const qsizetype cells = qsizetype{sheet.Rows()} * sheet.Cols();
   require(htmlTable(sheet, all).count(u"<td"_qs) == cells, "no text adds a cell to the page");
 }
 
 std::vector<QByteArray> clipboardSeeds() {
-  return {"a\tb\r\n\"tab\there\"\t\n", "\"line\nline\"\t\"in \"\"side\"\"\"\r\x0A",
-          "\"never closed\tx\ny\r", "\"half\"quoted\t\"\"\n\n<td>&amp;", "5\" \xE5\xAE\xBD\t\xFF"};
+  return {"a\tb\r\n\"tab\there\"\t\n",
+          "\"line\nline\"\t\"in \"\"side\"\"\"\r\x0A",
+          "\"never closed\tx\ny\r",
+          "\"half\"quoted\t\"\"\n\n<td>&amp;",
+          "<table><tr><td rowspan=3>a<br>b<td colspan=99>c<tr><td>d</table>",
+          "5\" \xE5\xAE\xBD\t\xFF"};
 }
 
 }  // namespace vellora::test

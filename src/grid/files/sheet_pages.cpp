@@ -93,11 +93,11 @@ PrintedRow SheetPages::measured(int row) const {
   return printed;
 }
 
-std::optional<PrintedText> SheetPages::text(int row, const Column& column) const {
+std::unique_ptr<PrintedText> SheetPages::text(int row, const Column& column) const {
   const QString shown = sheet_.GetCellText(column.col, row);
-  if (shown.isEmpty()) return std::nullopt;
-  return std::make_optional<PrintedText>(shown, sheet_.StyleAt(column.col, row),
-                                         column.width - 2 * padding().x(), &device_);
+  if (shown.isEmpty()) return nullptr;
+  return std::make_unique<PrintedText>(shown, sheet_.StyleAt(column.col, row),
+                                       column.width - 2 * padding().x(), &device_);
 }
 
 bool SheetPages::hasText(int row) const {

@@ -6,6 +6,8 @@
 #include "grid/sheet/sheet.h"
 #include "routine/work_step.h"
 
+#include <memory>
+
 namespace vellora {
 
 // A sheet measured for the paper of one device: which part of it goes on which page. Lengths are in
@@ -33,7 +35,8 @@ class SheetPages {
 
   double cellRoom() const;  // for the text of a cell, from padding to padding
   QPointF padding() const;
-  std::optional<PrintedText> text(int row, const Column& column) const;
+  // Null for a cell without one.
+  std::unique_ptr<PrintedText> text(int row, const Column& column) const;
 
  private:
   void measureColumns(bool mustFit);

@@ -7,6 +7,8 @@
 #include <QPagedPaintDevice>
 #include <QPainter>
 
+#include <map>
+
 namespace vellora {
 namespace {
 
@@ -32,11 +34,18 @@ class SheetPrinter {
     Column column;
     QRectF place;
   };
+  // A cell's text, flowing over as many pages as it needs.
+  struct FlowingText {
+    int row = 0;
+    std::unique_ptr<PrintedText> text;
+    std::vector<LineRun> runs;
+  };
 
   std::vector<Cell> cellsOf(const std::vector<RowPiece>& rows, const ColumnSpan& span) const;
   void drawPage(const std::vector<Cell>& cells);
   void drawCell(const Cell& cell);
   void drawText(const Cell& cell, const CellStyle& style);
+  const FlowingText& textOf(const Cell& cell);
   void drawBorder(const Cell& cell);
   void drawFooter(int page, int pages);
 
@@ -44,6 +53,8 @@ class SheetPrinter {
   const SheetPages& pages_;
   QPagedPaintDevice& device_;
   QPainter painter_;
+  // By column, of the heading and of the row that was drawn last.
+  std::map<std::pair<int, bool>, FlowingText> texts_;
 };
 
 void SheetPrinter::print(const WorkProgress& progress) {
@@ -98,10 +109,19 @@ void SheetPrinter::drawCell(const Cell& cell) {
   drawText(cell, style);
 }
 
+// Laid out once for all pages that it goes on over: a book in a cell takes hundreds.
+const SheetPrinter::FlowingText& SheetPrinter::textOf(const Cell& cell) {
+  const bool isHeading = cell.row.row == pages_.heading().row;
+  const auto [place, isNew] = texts_.try_emplace({cell.column.col, isHeading});
+  FlowingText& known = place->second;
+  if (!isNew && known.row == cell.row.row) return known;
+  known = {cell.row.row, pages_.text(cell.row.row, cell.column), {}};
+  if (known.text) known.runs = known.text->runs(pages_.cellRoom());
+  return known;
+}
+
 void SheetPrinter::drawText(const Cell& cell, const CellStyle& style) {
-  const auto text = pages_.text(cell.row.row, cell.column);
-  if (!text) return;
-  const std::vector<LineRun> runs = text->runs(pages_.cellRoom());
+  const auto& [row, text, runs] = textOf(cell);
   if (cell.row.piece >= static_cast<int>(runs.size())) return;
   const LineRun& run = runs[static_cast<std::size_t>(cell.row.piece)];
   QPointF at = cell.place.topLeft() + pages_.padding();

@@ -15,6 +15,7 @@ QWidget* CellDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&
   QPalette palette = parent->palette();
   palette.setColor(QPalette::Text, look_.colours.text);
   palette.setColor(QPalette::Base, look_.colours.paper);
+  palette.setColor(QPalette::WindowText, look_.colours.current);
   editor->setPalette(palette);
   editor->setFont(index.data(Qt::FontRole).value<QFont>());
   editor->setAccessibleName(index.model()->headerData(index.column(), Qt::Horizontal).toString());

@@ -6,6 +6,8 @@
 namespace vellora {
 namespace {
 
+constexpr int kFrame = 2;  // pixels; as seen as that of the current cell
+
 bool isLeavingKey(const QKeyEvent& event) {
   const int key = event.key();
   if (key == Qt::Key_Tab || key == Qt::Key_Backtab) return true;
@@ -33,6 +35,8 @@ bool isWindowKey(const QKeyEvent& event) {
 
 CellEditor::CellEditor(QWidget* viewport) : PlainTextBox(viewport) {
   setFrameStyle(static_cast<int>(QFrame::Box) | static_cast<int>(QFrame::Plain));
+  setLineWidth(kFrame);
+  setForegroundRole(QPalette::WindowText);  // the frame's; the text has its own
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
@@ -55,7 +59,7 @@ void CellEditor::fit() {
   for (QTextBlock block = document()->begin(); block.isValid(); block = block.next()) {
     lines += std::max(1, block.layout()->lineCount());
   }
-  const int needed = lines * fontMetrics().lineSpacing() + 5;
+  const int needed = lines * fontMetrics().lineSpacing() + 2 * kFrame + 3;
   const int room = parentWidget()->height() - cell_.top();
   setGeometry(cell_.x(), cell_.y(), cell_.width(),
               std::max(cell_.height(), std::min(needed, room)));

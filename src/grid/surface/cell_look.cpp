@@ -4,9 +4,10 @@
 
 namespace vellora {
 
-InkAndPaper inkAndPaper(const CellStyle& style, const GridColours& colours, bool isHeading) {
-  const bool isPlain = style.textColour == kBlack && style.backColour == kWhite;
-  if (style.hasColours && !isPlain) return {colourOf(style.textColour), colourOf(style.backColour)};
+InkAndPaper inkAndPaper(const CellStyle& style, const GridColours& colours, bool isHeading,
+                        bool isEmpty) {
+  const bool isBlank = isEmpty && style.textColour == kBlack && style.backColour == kWhite;
+  if (style.hasColours && !isBlank) return {colourOf(style.textColour), colourOf(style.backColour)};
   if (isHeading && !style.hasColours) return {colours.headingText, colours.headingPaper};
   return {colours.text, colours.paper};
 }

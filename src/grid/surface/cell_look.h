@@ -12,8 +12,9 @@ struct InkAndPaper {
   QColor paper;
 };
 
-// Explicit colours show as they stand, except black on white: that is ink on paper, and every skin
-// has its own.
-InkAndPaper inkAndPaper(const CellStyle& style, const GridColours& colours, bool isHeading);
+// Colours that a cell was given stand in every skin, for they tell a category. Black on white
+// without a text tells nothing and is the skin's own paper.
+InkAndPaper inkAndPaper(const CellStyle& style, const GridColours& colours, bool isHeading,
+                        bool isEmpty);
 
 }  // namespace vellora

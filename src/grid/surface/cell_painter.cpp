@@ -37,14 +37,14 @@ bool CellPainter::isMarkedHeading(CellPlace cell) const {
          !sheet_.StyleAt(cell.col, cell.row).hasColours;
 }
 
-// Headings differ from other cells of the same style, hence the sign.
-const CellPainter::Look& CellPainter::lookAt(int col, int row) {
+// Headings and empty cells differ from other cells of the same style.
+const CellPainter::Look& CellPainter::lookAt(int col, int row, bool isEmpty) {
   const bool isHeading = look_.isHeading(col, row);
-  const int number = sheet_.StyleNumberAt(col, row) + 1;
-  const auto [place, isNew] = looks_.try_emplace(isHeading ? -number : number);
+  const int number = sheet_.StyleNumberAt(col, row);
+  const auto [place, isNew] = looks_.try_emplace(4 * number + 2 * isHeading + isEmpty);
   if (isNew) {
     const CellStyle& style = sheet_.StyleAt(col, row);
-    const auto [ink, paper] = inkAndPaper(style, look_.colours, isHeading);
+    const auto [ink, paper] = inkAndPaper(style, look_.colours, isHeading, isEmpty);
     place->second = {ink, paper, &style, texts_.numberOf(style.font), alignmentOf(style.align)};
   }
   return place->second;
@@ -62,12 +62,12 @@ void CellPainter::paint(const std::vector<Span>& cols, const std::vector<Span>& 
 void CellPainter::paintCell(const Span& col, const Span& row) {
   const CellPlace place{col.section, row.section};
   const QRect cell(col.start, row.start, col.size, row.size);
-  const Look& look = lookAt(place.col, place.row);
+  const QString text = sheet_.GetCellText(place.col, place.row);
+  const Look& look = lookAt(place.col, place.row, text.isEmpty());
   const bool inverted = isInverted(place);
   const QColor& paper = isMarkedHeading(place) ? look_.colours.today : look.paper;
   painter_.fillRect(cell, inverted ? look_.colours.selectionPaper : paper);
   if (look.style->border) bordered_.push_back({cell, look.style});
-  const QString text = sheet_.GetCellText(place.col, place.row);
   if (text.isEmpty()) return;
   painter_.setPen(inverted ? look_.colours.selectionText : look.ink);
   paintText(text, look, cell);

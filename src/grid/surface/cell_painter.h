@@ -48,7 +48,7 @@ class CellPainter {
     const CellStyle* style;
   };
 
-  const Look& lookAt(int col, int row);
+  const Look& lookAt(int col, int row, bool isEmpty);
   void paintCell(const Span& col, const Span& row);
   void paintText(const QString& text, const Look& look, const QRect& cell);
   void paintLines(const std::vector<Span>& cols, const std::vector<Span>& rows);

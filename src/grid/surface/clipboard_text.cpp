@@ -3,6 +3,7 @@
 #include "grid/files/row_progress.h"
 #include "routine/calendar_text.h"
 
+#include <QRegularExpression>
 #include <QTextDocument>
 #include <QTextTable>
 
@@ -155,14 +156,18 @@ QString htmlTable(const Sheet& sheet, const CellRange& range) {
   return html + u"</table></body></html>"_qs;
 }
 
+// A few words can claim more cells than there is room for.
 TextTable readHtmlTable(const QString& html) {
   constexpr qsizetype kMostRead = 1'000'000;
+  static const QRegularExpression kWideSpan(u"span\\s*=\\W*\\d{4}"_qs,
+                                            QRegularExpression::CaseInsensitiveOption);
   if (html.size() > kMostRead || !html.contains(u"<table", Qt::CaseInsensitive)) return {};
+  if (html.contains(kWideSpan)) return {};
   ClosedDocument document;
   document.setUndoRedoEnabled(false);
   document.setHtml(html);
   const QTextTable* table = onlyTable(document);
-  if (!table) return {};
+  if (!table || qint64{table->rows()} * table->columns() > html.size()) return {};
   TextTable texts(static_cast<std::size_t>(table->rows()));
   for (int row = 0; row < table->rows(); ++row) {
     for (int col = 0; col < table->columns(); ++col) {

@@ -24,7 +24,7 @@ QString named(const QString& command, const QString& step) {
 // mean waiting for another program.
 GridCommands GridSurface::Parts::commands() {
   const auto canCopy = [this] { return !selected().isEmpty(); };
-  const auto canEdit = [this] { return look.isEditable && !selected().isEmpty(); };
+  const auto canEdit = [this] { return isAnyOpen(selected()); };
   const auto canUndo = [this] { return look.isEditable && edits.canUndo(); };
   const auto canRedo = [this] { return look.isEditable && edits.canRedo(); };
   const auto keysOf = [](QKeySequence::StandardKey key) { return QKeySequence::keyBindings(key); };

@@ -127,6 +127,14 @@ void GridSurface::Parts::emptySelection(const QString& name) {
   edited(name, [range = selected()](RangeEdit& edit, const WorkProgress&) { edit.empty(range); });
 }
 
+bool GridSurface::Parts::isAnyOpen(const CellRange& range) const {
+  bool isOpen = false;
+  for (int col = range.col1; col <= range.col2; ++col) {
+    isOpen = isOpen || look.isOpen(col, range.row2);
+  }
+  return isOpen;
+}
+
 bool GridSurface::Parts::canPaste() const {
   const QMimeData* data = look.isEditable && !selected().isEmpty() ? clipboardData() : nullptr;
   return data && (data->hasText() || data->hasHtml());

@@ -6,6 +6,7 @@
 
 #include <QCoreApplication>
 #include <QKeyEvent>
+#include <QScopedValueRollback>
 
 namespace vellora {
 namespace {
@@ -44,9 +45,11 @@ void GridSurface::keyPressEvent(QKeyEvent* event) {
   event->setAccepted(isUsed);
 }
 
-bool GridSurface::Parts::passToEditor(QKeyEvent& event) const {
+// What the editor has no use for comes back here.
+bool GridSurface::Parts::passToEditor(QKeyEvent& event) {
   CellEditor* open = editor();
-  if (!open || open->hasFocus() || isModifierKey(event.key())) return false;
+  if (!open || open->hasFocus() || isPassing || isModifierKey(event.key())) return false;
+  const QScopedValueRollback passing(isPassing, true);
   open->setFocus();
   event.accept();
   QCoreApplication::sendEvent(open, &event);

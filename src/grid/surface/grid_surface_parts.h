@@ -50,6 +50,8 @@ class GridSurface::Parts {
     return {cols.sectionAt(point.x()), rows.sectionAt(point.y())};
   }
 
+  QString hintAt(CellPlace cell, const QRect& rect);
+
   bool isEditing() const { return grid.state() == EditingState; }
   // Null while no cell is being typed into.
   CellEditor* editor() const;
@@ -75,10 +77,12 @@ class GridSurface::Parts {
   void print();
 
   GridCommands commands();
+  // Whether the user may change a cell of the range.
+  bool isAnyOpen(const CellRange& range) const;
   bool canPaste() const;
   bool canDuplicate() const;
   // True when the open cell has got the key.
-  bool passToEditor(QKeyEvent& event) const;
+  bool passToEditor(QKeyEvent& event);
   bool useCommandKey(const QKeyEvent& event);
   bool useMoveKey(const QKeyEvent& event);
   bool useEditKey(QKeyEvent& event);
@@ -99,7 +103,8 @@ class GridSurface::Parts {
   QTimer later;
   quint64 shownRevision = 0;
   bool hasSkin = false;
-  bool isQuiet = false;  // the current cell moves without CellEntered
+  bool isPassing = false;  // a key is with the open cell's editor
+  bool isQuiet = false;    // the current cell moves without CellEntered
   EntryRule rule;
   bool growsOnPaste = false;
   std::function<QString()> documentName = [] { return QString(); };

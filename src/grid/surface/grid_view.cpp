@@ -107,19 +107,26 @@ int GridSurface::sizeHintForRow(int row) const {
   return highest + 3;
 }
 
+// What a cell cannot show: what its row is marked for, and the whole of a text that is cut.
+QString GridSurface::Parts::hintAt(CellPlace cell, const QRect& rect) {
+  QStringList hints;
+  const RowMark* mark = cell.col == 0 ? look.markOf(cell.row) : nullptr;
+  if (mark) hints << mark->meaning;
+  const auto request = textRequest(texts, book.sheet().StyleAt(cell.col, cell.row),
+                                   book.sheet().GetCellText(cell.col, cell.row), rect);
+  if (texts.layOut(request).isCut) {
+    hints << model.data(indexOf(cell), Qt::DisplayRole).toString();
+  }
+  return hints.isEmpty() ? QString() : toolTipOf(hints.join(u'\n'));
+}
+
 bool GridSurface::viewportEvent(QEvent* event) {
   if (event->type() != QEvent::ToolTip) return QTableView::viewportEvent(event);
   const auto* help = static_cast<QHelpEvent*>(event);
   const CellPlace cell = parts_->cellAt(help->pos());
-  const QString text = GetCellText(cell.col, cell.row);
-  if (cell.isNone() || text.isEmpty()) return QTableView::viewportEvent(event);
+  if (cell.isNone()) return QTableView::viewportEvent(event);
   const QRect rect = wholeCell(parts_->cols, parts_->rows, cell);
-  const auto request = textRequest(parts_->texts, sheet().StyleAt(cell.col, cell.row), text, rect);
-  const bool isCut = parts_->texts.layOut(request).isCut;
-  const QString shown =
-      isCut ? toolTipOf(parts_->model.data(indexAt(help->pos()), Qt::DisplayRole).toString())
-            : QString();
-  QToolTip::showText(help->globalPos(), shown, viewport(), rect);
+  QToolTip::showText(help->globalPos(), parts_->hintAt(cell, rect), viewport(), rect);
   return true;
 }
 

@@ -32,7 +32,7 @@ const CellStyle& HeadingStrip::style(int section) const {
 void HeadingStrip::paintSection(QPainter* painter, const QRect& rect, int section) const {
   const GridColours& colours = look_.colours;
   const CellStyle& heading = style(section);
-  const auto [ink, paper] = inkAndPaper(heading, colours, true);
+  const auto [ink, paper] = inkAndPaper(heading, colours, true, text(section).isEmpty());
   const TextLayouts::Request request = textRequest(texts_, heading, text(section), rect);
   painter->fillRect(rect, paper);
   painter->fillRect(rect.right(), rect.top(), 1, rect.height(), colours.line);

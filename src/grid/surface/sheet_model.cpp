@@ -1,7 +1,6 @@
 #include "grid/surface/sheet_model.h"
 
 #include "grid/files/drawn_style.h"
-#include "grid/surface/cell_look.h"
 #include "routine/calendar_text.h"
 
 namespace vellora {
@@ -31,25 +30,34 @@ int SheetModel::columnCount(const QModelIndex& parent) const {
   return parent.isValid() ? 0 : cols_;
 }
 
+QString SheetModel::meaningOf(int row) const {
+  const RowMark* mark = look_.markOf(row);
+  return mark ? mark->meaning : QString();
+}
+
+InkAndPaper SheetModel::coloursAt(int col, int row) const {
+  return inkAndPaper(sheet().StyleAt(col, row), look_.colours, look_.isHeading(col, row),
+                     sheet().GetCellText(col, row).isEmpty());
+}
+
 QVariant SheetModel::data(const QModelIndex& index, int role) const {
   const int col = index.column();
   const int row = index.row();
   const CellStyle& style = sheet().StyleAt(col, row);
-  const bool isHeading = look_.isHeading(col, row);
   switch (role) {
     case Qt::DisplayRole:
     case Qt::EditRole:
       return linesOf(sheet().GetCellText(col, row));
     case Qt::ForegroundRole:
-      return inkAndPaper(style, look_.colours, isHeading).ink;
+      return coloursAt(col, row).ink;
     case Qt::BackgroundRole:
-      return inkAndPaper(style, look_.colours, isHeading).paper;
+      return coloursAt(col, row).paper;
     case Qt::FontRole:
       return fontOf(style.font);
     case Qt::TextAlignmentRole:
       return QVariant::fromValue(alignmentOf(style.align));
     case Qt::AccessibleDescriptionRole:
-      return look_.markOf(row) ? look_.markOf(row)->meaning : QString();
+      return meaningOf(row);
     default:
       return {};
   }
@@ -66,7 +74,7 @@ QString SheetModel::headingText(int section, Qt::Orientation orientation) const 
 
 QVariant SheetModel::headerData(int section, Qt::Orientation orientation, int role) const {
   if (role == Qt::DisplayRole) return linesOf(headingText(section, orientation));
-  if (orientation == Qt::Vertical) return {};
+  if (orientation == Qt::Vertical) return role == Qt::ToolTipRole ? meaningOf(section) : QVariant();
   const CellStyle& style = sheet().StyleAt(section, kHeadingRow);
   if (role == Qt::FontRole) return fontOf(style.font);
   if (role == Qt::TextAlignmentRole) return QVariant::fromValue(alignmentOf(style.align));

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "grid/sheet/workbook.h"
-#include "grid/surface/grid_colours.h"
+#include "grid/surface/cell_look.h"
 
 #include <QAbstractTableModel>
 
@@ -39,6 +39,8 @@ class SheetModel final : public QAbstractTableModel {
 
  private:
   const Sheet& sheet() const { return book_.sheet(); }
+  QString meaningOf(int row) const;  // of its mark
+  InkAndPaper coloursAt(int col, int row) const;
   QString headingText(int section, Qt::Orientation orientation) const;
   void syncRows(int rows);
   void syncCols(int cols);

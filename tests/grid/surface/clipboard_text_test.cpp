@@ -38,6 +38,9 @@ TEST(ClipboardText, ReadsThePageThatIsOneTableAndNoOther) {
   EXPECT_EQ(readHtmlTable(start + table + u"\n</body>"_qs), cells);
   EXPECT_EQ(readHtmlTable(start + u"<p>text</p>"_qs + table), TextTable());
   EXPECT_EQ(readHtmlTable(start + table + table), TextTable());
+  const QString wide = u"<tr><td colspan=%1>x</td></tr>"_qs;
+  EXPECT_EQ(readHtmlTable(u"<table>"_qs + wide.arg(9999) + u"</table>"_qs), TextTable());
+  EXPECT_EQ(readHtmlTable(u"<table>"_qs + wide.arg(999).repeated(50)), TextTable());
   EXPECT_EQ(readHtmlTable(start + QString(2'000'000, u' ') + table), TextTable());
 }
 

@@ -37,6 +37,7 @@ TEST_F(GridClipboard, CopiesTheSelectionAsTabSeparatedTextAndAsHtml) {
   grid.SetCellText(0, 1, u"\"q\""_qs);
   grid.SelectRange(0, 0, 1, 1);
   press(Qt::Key_C, Qt::ControlModifier);
+  grid.SetCellText(0, 0, u"later"_qs);
   EXPECT_EQ(clipboardText(), u"a<b\t\"two\nlines\"\n\"\"\"q\"\"\"\t\n");
   const QString html = QGuiApplication::clipboard()->mimeData()->html();
   EXPECT_TRUE(html.contains(u">a&lt;b</td>"_qs)) << html.toStdString();

@@ -103,6 +103,17 @@ TEST_F(GridEditing, EscapeInAnOpenCellNeverReachesTheWindow) {
   EXPECT_EQ(seen, QStringList());
 }
 
+TEST_F(GridEditing, AGridInTheBackgroundTakesKeysToo) {
+  QWidget other;
+  other.show();
+  other.activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+  for (const Qt::Key key : {Qt::Key_F2, Qt::Key_B, Qt::Key_F3, Qt::Key_Return}) {
+    QTest::keyClick(&grid, key);
+  }
+  EXPECT_EQ(text(0, 0), u"旧b");
+}
+
 TEST_F(GridEditing, AltEnterBeginsANewLineWithinTheCell) {
   type("a");
   press(Qt::Key_Return, Qt::AltModifier);

@@ -2,6 +2,7 @@
 
 #include <QContextMenuEvent>
 #include <QMenu>
+#include <QTimer>
 
 namespace vellora {
 namespace {
@@ -100,6 +101,21 @@ TEST_F(GridMouse, TheContextMenuOffersWhatCanBeDone) {
   EXPECT_FALSE(offered.contains(u"撤消"_qs));
   EXPECT_FALSE(offered.contains(u"重复本行"_qs)) << "nobody listens";
   EXPECT_EQ(text(0, 0), QString());
+}
+
+TEST_F(GridMouse, TheContextMenuPrintsUnderTheNameOfThatMoment) {
+  QString name = u"昨天"_qs;
+  grid.setDocumentName([&] { return name; });
+  name = u"今天"_qs;
+  QString title;
+  QTimer::singleShot(0, [&] {
+    title = QApplication::activeModalWidget()->windowTitle();
+    QApplication::activeModalWidget()->close();
+  });
+  QContextMenuEvent asked(QContextMenuEvent::Keyboard, QPoint(), QPoint());
+  QApplication::sendEvent(grid.viewport(), &asked);
+  grid.findChild<QMenu*>()->actions().constLast()->trigger();
+  EXPECT_TRUE(title.contains(u"今天"_qs)) << title.toStdString();
 }
 
 }  // namespace

@@ -27,16 +27,33 @@ class GridPainting : public testing::Test, protected GridHands {
   }
 };
 
-TEST_F(GridPainting, BlackOnWhiteIsTheSkinsInkOnPaperAndOtherColoursStand) {
-  grid.SetCellColors(0, 0, kBlack, kWhite);
+TEST_F(GridPainting, EverySkinShowsTheColoursOfACellWithATextAsTheyAreSet) {
+  grid.SetCellText(0, 0, u"6-休息"_qs);
+  for (const int col : {0, 2}) grid.SetCellColors(col, 0, kBlack, kWhite);
   grid.SetCellColors(1, 0, kRed, kWhite);
   grid.Redraw();
-  EXPECT_EQ(paperAt(0, 0), kPaper);
-  EXPECT_EQ(paperAt(0, 1), kPaper);
+  EXPECT_EQ(paperAt(0, 0), QColor(Qt::white));
   EXPECT_EQ(paperAt(1, 0), QColor(Qt::white));
-  const QModelIndex cell = grid.model()->index(0, 0);
-  EXPECT_EQ(cell.data(Qt::ForegroundRole).value<QColor>(), kInk);
-  EXPECT_EQ(grid.model()->index(0, 1).data(Qt::ForegroundRole).value<QColor>(), QColor(Qt::red));
+  EXPECT_EQ(paperAt(2, 0), kPaper) << "nothing to tell a category of";
+  EXPECT_EQ(paperAt(0, 1), kPaper);
+  const auto inkAt = [this](int col) {
+    return grid.model()->index(0, col).data(Qt::ForegroundRole).value<QColor>();
+  };
+  EXPECT_EQ(inkAt(0), QColor(Qt::black));
+  EXPECT_EQ(inkAt(1), QColor(Qt::red));
+  EXPECT_EQ(inkAt(2), kInk);
+}
+
+TEST_F(GridPainting, AnOpenCellStandsInAFrameOfTheSkin) {
+  grid.setEditable(true);
+  press(Qt::Key_F2);
+  const QRect box = editor()->geometry();
+  const QImage image = picture();
+  for (const QPoint& in : {QPoint(0, 0), QPoint(1, 1)}) {
+    EXPECT_EQ(image.pixelColor(box.topLeft() + in), kFrame);
+    EXPECT_EQ(image.pixelColor(box.bottomRight() - in), kFrame);
+  }
+  EXPECT_EQ(image.pixelColor(box.topLeft() + QPoint(20, 5)), kPaper);
 }
 
 TEST_F(GridPainting, TheCurrentCellKeepsItsColoursInsideAFrame) {
@@ -89,7 +106,7 @@ TEST_F(GridPainting, NothingIsRepaintedWhileTheSwitchIsOff) {
   EXPECT_EQ(paints.count, 2) << "one repaint for a batch";
 }
 
-TEST_F(GridPainting, OnlyATextThatIsCutHasAToolTip) {
+TEST_F(GridPainting, ATextThatIsCutAndAMarkHaveAToolTip) {
   grid.SetCellText(0, 0, u"short"_qs);
   grid.SetCellText(0, 1, u"<b>一个很长很长很长很长很长的名称"_qs);
   grid.Redraw();
@@ -100,6 +117,9 @@ TEST_F(GridPainting, OnlyATextThatIsCutHasAToolTip) {
   };
   EXPECT_EQ(tipAt(0), QString());
   EXPECT_TRUE(tipAt(1).contains(u"&lt;b&gt;一个很长很长很长很长很长的名称"_qs));
+  grid.markRows({{0, u"没有时间块"_qs}, {2, u"未保存"_qs}});
+  EXPECT_TRUE(tipAt(0).contains(u"没有时间块"_qs));
+  EXPECT_TRUE(tipAt(2).contains(u"未保存"_qs));
 }
 
 TEST_F(GridPainting, AMarkedColumnKeepsItsCellsColours) {
