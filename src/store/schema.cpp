@@ -79,12 +79,27 @@ void fill(const QString& path) {
   transaction.commit();
 }
 
-// True when the table, or the column in it, is there.
+// True when the column is there.
 bool exists(const Connection& connection, const char* table, const char* column) {
   const int code = sqlite3_table_column_metadata(connection.handle(), "main", table, column,
                                                  nullptr, nullptr, nullptr, nullptr, nullptr);
   if (code != SQLITE_OK && code != SQLITE_ERROR) throw engineError(connection.handle());
   return code == SQLITE_OK;
+}
+
+// A view or a virtual table has no page of its own; reading or saving would run what it says.
+void requireTable(Connection& connection, const SchemaTable& table) {
+  const QByteArray named =
+      QByteArray("SELECT count(*) FROM sqlite_schema WHERE type IN ('table', 'view') AND name='") +
+      table.name + "' COLLATE NOCASE";
+  if (connection.numberFrom(named) == 0) {
+    throw StoreError(StoreFault::TableMissing,
+                     u"日程文件中没有表“%1”。"_qs.arg(QLatin1String(table.name)));
+  }
+  if (connection.numberFrom(QByteArray(named + " AND rootpage>0")) == 0) {
+    throw StoreError(StoreFault::TableMissing,
+                     u"日程文件中的“%1”不是普通的表，不能使用。"_qs.arg(QLatin1String(table.name)));
+  }
 }
 
 void requireColumns(const Connection& connection, const SchemaTable& table) {
@@ -137,12 +152,9 @@ void createSchedule(const QString& path) {
   }
 }
 
-void requireSchema(const Connection& connection) {
+void requireSchema(Connection& connection) {
   for (const SchemaTable& table : kTables) {
-    if (!exists(connection, table.name, nullptr)) {
-      throw StoreError(StoreFault::TableMissing,
-                       u"日程文件中没有表“%1”。"_qs.arg(QLatin1String(table.name)));
-    }
+    requireTable(connection, table);
     requireColumns(connection, table);
   }
 }

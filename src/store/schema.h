@@ -26,8 +26,8 @@ std::span<const SchemaTable> schemaTables();
 void createSchedule(const QString& path);
 
 // Throws StoreFault::TableMissing or ColumnMissing, naming the first of the planner's tables and
-// columns that is not there. A schedule may have more.
-void requireSchema(const Connection& connection);
+// columns that is not there; a view or a virtual table is none. A schedule may have more.
+void requireSchema(Connection& connection);
 
 // Throws StoreFault::Damaged when the end of the file is cut off. The engine itself does not notice
 // when only a part of the last page is missing.
