@@ -1,25 +1,10 @@
 #pragma once
 
-#include <QString>
-
-#include <span>
+#include "store/schema_tables.h"
 
 namespace vellora {
 
 class Connection;
-
-struct SchemaColumn {
-  const char* name;
-  const char* type;  // as declared, with its default
-};
-
-struct SchemaTable {
-  const char* name;
-  std::span<const SchemaColumn> columns;
-};
-
-// The six tables of a schedule: HD, SJ, JH, BW, MM, JM.
-std::span<const SchemaTable> schemaTables();
 
 // Makes a new schedule without any rows. Throws StoreError, and leaves whatever is there as it was,
 // when the file exists or cannot be written.

@@ -139,7 +139,7 @@ TEST_F(DailyPlanWindowTest, WithoutBlocksNothingCanBePlacedAndSavingSaysDone) {
 TEST_F(DailyPlanWindowTest, AScheduleThatCannotBeReadIsReportedOnce) {
   schedule_.sql(u"DROP TABLE SJ"_qs);
   open();
-  EXPECT_EQ(prompts_.warnings, QStringList{u"日程文件中没有表“SJ”。"_qs});
+  EXPECT_EQ(prompts_.warnings, QStringList{u"日程文件中没有表“时间划分”（SJ）。"_qs});
 }
 
 TEST_F(DailyPlanWindowTest, BlocksChangedMeanwhileAppearWhenItIsActivatedAgain) {
@@ -159,7 +159,7 @@ TEST_F(DailyPlanWindowTest, ADayThatCouldNotBeReadIsNotOverwritten) {
   schedule_.sql(u"ALTER TABLE HJ RENAME TO JH"_qs);
   click(window_, u"cmdSV"_qs);
   EXPECT_EQ(prompts_.warnings,
-            (QStringList{u"日程文件中没有表“JH”。"_qs,
+            (QStringList{u"日程文件中没有表“活动计划”（JH）。"_qs,
                          u"2007年3月6日的计划没有读出来，不能保存，请先打开。"_qs}));
   EXPECT_EQ(saved(), QStringList{u"2007-03-06|002|读书|要求|1"_qs});
   click(window_, u"cmdOP"_qs);
