@@ -3,6 +3,7 @@
 #include "backup/backup_error.h"
 #include "backup/table_records.h"
 #include "grid/files/workbook_file.h"
+#include "store/schema_tables.h"
 
 namespace vellora {
 namespace {
@@ -39,7 +40,7 @@ qint64 readTables(ScheduleStore& store, Workbook& workbook, const WorkProgress& 
     workbook.SetSheetName(backedUpTable(k), k);
     TableRecords records(store, backedUpTable(k));
     fillSheet(workbook.sheetAt(k), records, [&](int row) {
-      report(progress, {u"正在读取表 %1……"_qs.arg(backedUpTable(k)), total + row});
+      report(progress, {u"正在读取表“%1”……"_qs.arg(shownTable(backedUpTable(k))), total + row});
     });
     total += workbook.sheetAt(k).Rows();
   }

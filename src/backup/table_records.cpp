@@ -2,6 +2,7 @@
 
 #include "backup/backup_error.h"
 #include "store/moment.h"
+#include "store/schema_tables.h"
 
 namespace vellora {
 namespace {
@@ -64,7 +65,9 @@ QString TableRecords::reasonAgainst(int col, const QString& text) const {
 }
 
 QString TableRecords::whereIs(int col) const {
-  return u"表“%1”第 %2 条记录的“%3”"_qs.arg(table_).arg(record_).arg(rows_.columnName(col));
+  return u"表“%1”第 %2 条记录的“%3”"_qs.arg(shownTable(table_))
+      .arg(record_)
+      .arg(rows_.shownName(col));
 }
 
 }  // namespace vellora

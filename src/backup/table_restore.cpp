@@ -3,6 +3,7 @@
 #include "backup/table_backup.h"
 #include "grid/files/workbook_file.h"
 #include "routine/number_text.h"
+#include "store/schema_tables.h"
 #include "store/statements.h"
 #include "store/store_error.h"
 
@@ -53,9 +54,10 @@ TableWriter::TableWriter(ScheduleStore& store, const QString& table, const Sheet
 void TableWriter::requireColumns() const {
   const int wanted = static_cast<int>(forms_.size());
   if (sheet_.Rows() == 0 || sheet_.Cols() == wanted) return;
-  throw BackupError(
-      BackupError::kWrongColumns,
-      u"备份中的表“%1”有 %2 列，日程表需要 %3 列。"_qs.arg(table_).arg(sheet_.Cols()).arg(wanted));
+  throw BackupError(BackupError::kWrongColumns,
+                    u"备份中的表“%1”有 %2 列，日程表需要 %3 列。"_qs.arg(shownTable(table_))
+                        .arg(sheet_.Cols())
+                        .arg(wanted));
 }
 
 void TableWriter::run(const std::function<void(int)>& step) {
@@ -64,7 +66,7 @@ void TableWriter::run(const std::function<void(int)>& step) {
     try {
       addRecord(row);
     } catch (const StoreError& error) {
-      const QString where = u"表“%1”第 %2 条记录："_qs.arg(table_).arg(row + 1);
+      const QString where = u"表“%1”第 %2 条记录："_qs.arg(shownTable(table_)).arg(row + 1);
       throw StoreError(error.fault(), where + error.description());
     }
   }
@@ -112,7 +114,7 @@ void replaceTables(ScheduleStore& store, const Workbook& backup, const WorkProgr
   qint64 before = 0;
   for (int k = 0; k < restoredTables(backup); ++k) {
     const Sheet& sheet = backup.sheetAt(k);
-    const QString what = u"正在恢复表 %1……"_qs.arg(backedUpTable(k));
+    const QString what = u"正在恢复表“%1”……"_qs.arg(shownTable(backedUpTable(k)));
     report(progress, {what, before, total});
     store.execute(statements::deleteAllFrom(backedUpTable(k)));
     TableWriter(store, backedUpTable(k), sheet).run([&](int row) {

@@ -9,6 +9,10 @@
 namespace vellora {
 namespace {
 
+bool isWide(QChar character) {
+  return character >= u'！' && character <= u'～';
+}
+
 bool isDigit(QChar character) {
   return character >= u'0' && character <= u'9';
 }
@@ -20,7 +24,18 @@ qsizetype digitsEnd(QStringView text, qsizetype from) {
 
 }  // namespace
 
+QString narrowed(QStringView text) {
+  QString narrow = text.toString();
+  for (QChar& character : narrow) {
+    if (isWide(character)) {
+      character = QChar(static_cast<char16_t>(character.unicode() - u'！' + u'!'));
+    }
+  }
+  return narrow;
+}
+
 double numericValue(QStringView text) {
+  if (std::any_of(text.begin(), text.end(), isWide)) return numericValue(narrowed(text));
   qsizetype end = digitsEnd(text, 0);
   if (end == 0) return 0;
   if (end < text.size() && text[end] == u'.') end = digitsEnd(text, end + 1);

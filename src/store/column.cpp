@@ -26,7 +26,7 @@ constexpr std::array kDeclaredKinds{
 };
 
 StoreError refusal(StoreFault fault, const Column& column, const QString& reason) {
-  return {fault, u"列“%1”%2。"_qs.arg(column.name, reason)};
+  return {fault, u"“%1”%2。"_qs.arg(column.shownName, reason)};
 }
 
 // As much of a refused text or number as a message has room for.
@@ -50,7 +50,7 @@ OwnedCell textCell(const QString& text) {
 double numberOf(const Column& column, const QVariant& value) {
   bool isNumber = false;
   const double number = value.userType() == QMetaType::QString
-                            ? QLocale::c().toDouble(value.toString().trimmed(), &isNumber)
+                            ? QLocale::c().toDouble(narrowed(value.toString().trimmed()), &isNumber)
                             : value.toDouble(&isNumber);
   if (isNumber && std::isfinite(number)) return number;
   throw refusal(StoreFault::NotANumber, column,
@@ -148,15 +148,15 @@ char16_t folded(QChar letter) {
 
 }  // namespace
 
-Column describedColumn(const QString& name, const QString& declaredType) {
+Column describedColumn(const QString& name, const QString& declaredType, const QString& shownName) {
   const QString type = declaredType.section(u'(', 0, 0).trimmed();
   for (const DeclaredKind& declared : kDeclaredKinds) {
     if (!isSameName(type, declared.type)) continue;
     bool isLimited = false;
     const int most = declaredType.section(u'(', 1).section(u')', 0, 0).toInt(&isLimited);
-    return {name, declared.kind, isLimited ? most : -1};
+    return {name, declared.kind, isLimited ? most : -1, shownName};
   }
-  return {name, ColumnKind::Other, -1};
+  return {name, ColumnKind::Other, -1, shownName};
 }
 
 bool isSameName(QStringView one, QStringView other) {

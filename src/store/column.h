@@ -13,9 +13,10 @@ struct Column {
   QString name;
   ColumnKind kind = ColumnKind::Other;
   qsizetype mostCharacters = -1;  // of a Text column; -1 without limit
+  QString shownName;              // what the user knows it by
 };
 
-Column describedColumn(const QString& name, const QString& declaredType);
+Column describedColumn(const QString& name, const QString& declaredType, const QString& shownName);
 
 // True when two names are the same but for the case of their Latin letters.
 bool isSameName(QStringView one, QStringView other);
@@ -26,9 +27,9 @@ qsizetype columnPosition(const QList<Column>& columns, QStringView name);
 const Column& columnAt(const QList<Column>& columns, int position);
 
 // A value in the form in which the column stores it. An invalid or null variant is no value. Throws
-// StoreError, naming the column, for a value that the column cannot hold; nothing is cut off. A
-// fraction for an integer column rounds half to even; a character outside the basic plane counts
-// once.
+// StoreError, naming the column as it is shown, for a value that the column cannot hold; nothing is
+// cut off. A fraction for an integer column rounds half to even; a character outside the basic
+// plane counts once.
 OwnedCell columnCell(const Column& column, const QVariant& value);
 // Whether it can hold what a text says.
 bool canHold(const Column& column, const QString& text);

@@ -19,6 +19,16 @@ StoreError notASchedule(const QString& reason, const QString& path) {
   return {StoreFault::NotADatabase, u"%1：%2。"_qs.arg(reason, path)};
 }
 
+// The engine opens what it finds under these names and would wait for a pipe for ever.
+void requirePlainJournals(const QString& path) {
+  for (const QString& ending : {u"-journal"_qs, u"-wal"_qs, u"-shm"_qs}) {
+    const QFileInfo info(path + ending);
+    if (info.exists() && !info.isFile()) {
+      throw notASchedule(u"日程文件旁边的这一项不是普通文件，请移走"_qs, info.filePath());
+    }
+  }
+}
+
 // The engine takes an empty or tiny file for a new database, and beside it deletes the journal of
 // an unfinished save: such files are refused before it sees them. The file is not opened here,
 // because closing it would drop the locks of any other connection of this process.
@@ -30,6 +40,7 @@ void requireSchedule(const QString& path) {
   if (!info.isFile()) throw notASchedule(u"这不是日程文件"_qs, path);
   if (info.size() == 0) throw notASchedule(u"日程文件是空的"_qs, path);
   if (info.size() < kSmallestFile) throw notASchedule(u"日程文件不完整"_qs, path);
+  requirePlainJournals(info.canonicalFilePath());
 }
 
 SQLite::Database openedDatabase(const QString& path) {
@@ -39,6 +50,19 @@ SQLite::Database openedDatabase(const QString& path) {
   } catch (const SQLite::Exception& failure) {
     throw engineError(failure.getExtendedErrorCode(), QString::fromUtf8(failure.what()));
   }
+}
+
+// Nothing that a file made elsewhere holds is run: no triggers or views, no functions in its checks
+// and defaults beyond the harmless ones. Triggers of the temporary schema, which only the planner
+// itself can make, run all the same (since 3.35 of the engine).
+void distrust(sqlite3* connection) {
+  for (const int option :
+       {SQLITE_DBCONFIG_ENABLE_TRIGGER, SQLITE_DBCONFIG_ENABLE_VIEW, SQLITE_DBCONFIG_ENABLE_FKEY,
+        SQLITE_DBCONFIG_TRUSTED_SCHEMA,
+        SQLITE_DBCONFIG_DQS_DML}) {  // a name in quotes is a name and never silently a text
+    sqlite3_db_config(connection, option, 0, nullptr);
+  }
+  sqlite3_db_config(connection, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
 }
 
 bool lacksLeaveToWrite(sqlite3* connection, const QString& path) {
@@ -52,8 +76,7 @@ Connection::Connection(const QString& path, std::chrono::milliseconds patience)
     : patience_(patience), database_(openedDatabase(path)), statements_(database_.getHandle()) {
   sqlite3_extended_result_codes(handle(), 1);
   sqlite3_busy_handler(handle(), &Connection::wait, this);
-  // A name in quotes is a name and never silently a text.
-  sqlite3_db_config(handle(), SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
+  distrust(handle());
   addClockFunctions(handle());
   run("PRAGMA synchronous=EXTRA");
   run("PRAGMA journal_mode=DELETE");

@@ -1,5 +1,7 @@
 #include "store/engine_error.h"
 
+#include "store/schema_tables.h"
+
 #include <array>
 #include <sqlite3.h>
 
@@ -48,7 +50,8 @@ QString nameAfter(const QString& message, QLatin1String beginning) {
 StoreError statementError(const QString& message) {
   const QString table = nameAfter(message, QLatin1String("no such table: "));
   if (!table.isNull()) {
-    return {StoreFault::TableMissing, u"日程文件中没有表“%1”。"_qs.arg(table)};
+    return {StoreFault::TableMissing,
+            u"日程文件中没有表“%1”（%2）。"_qs.arg(shownTable(table), table)};
   }
   const QString column = nameAfter(message, QLatin1String("no such column: "));
   if (!column.isNull()) {
@@ -77,8 +80,9 @@ StoreError engineError(int code, const QString& message) {
   }
   if (code == SQLITE_ERROR) return statementError(message);
   if (code == SQLITE_CONSTRAINT_NOTNULL) {
-    const QString column = message.section(u'.', -1);
-    return {StoreFault::Other, u"列“%1”不能为空，没有保存。"_qs.arg(column)};
+    const QString place = message.section(u' ', -1);
+    const QString column = shownColumn(place.section(u'.', 0, 0), place.section(u'.', 1));
+    return {StoreFault::Other, u"“%1”不能为空，没有保存。"_qs.arg(column)};
   }
   if (const CodeMeaning* meaning = meaningOf(code)) {
     return {meaning->fault, QString::fromUtf16(meaning->description)};

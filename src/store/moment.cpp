@@ -1,20 +1,10 @@
 #include "store/moment.h"
 
 #include "routine/calendar_text.h"
+#include "routine/number_text.h"
 
 namespace vellora {
 namespace {
-
-// Full-width characters as their ASCII counterparts.
-QString narrowed(QStringView text) {
-  QString narrow = text.trimmed().toString();
-  for (QChar& character : narrow) {
-    if (character >= u'！' && character <= u'～') {
-      character = QChar(static_cast<char16_t>(character.unicode() - u'！' + u'!'));
-    }
-  }
-  return narrow;
-}
 
 template <typename Part>
 std::optional<Part> validOrNone(Part part) {
@@ -28,9 +18,10 @@ class MomentScanner {
   explicit MomentScanner(QStringView text) : rest_(text) {}
 
   bool atEnd() const { return rest_.isEmpty(); }
-  bool startsWithDate() const { return leadingDigits() == 4; }
+  bool startsWithDate() const { return leadingDigits() == 4 || leadingDigits() == kCompact; }
 
   std::optional<QDate> date() {
+    if (leadingDigits() == kCompact) return compactDate();
     const std::optional<int> year = number(4, 4);
     const QChar mark = separator();
     const bool chinese = mark == u'年';
@@ -54,6 +45,8 @@ class MomentScanner {
   void skipBlanks() { rest_ = rest_.trimmed(); }
 
  private:
+  static constexpr qsizetype kCompact = 8;  // digits of 20070305
+
   static bool isDigit(QChar character) { return character >= u'0' && character <= u'9'; }
   static bool isDateMark(QChar mark) {
     return mark == u'-' || mark == u'/' || mark == u'.' || mark == u'年';
@@ -71,6 +64,11 @@ class MomentScanner {
     const int value = rest_.first(digits).toInt();
     rest_ = rest_.sliced(digits);
     return value;
+  }
+
+  std::optional<QDate> compactDate() {
+    const int digits = *number(kCompact, kCompact);
+    return validOrNone(QDate(digits / 10'000, digits / 100 % 100, digits % 100));
   }
 
   QChar separator() {
@@ -113,7 +111,7 @@ std::optional<QDate> readStoredDate(QLatin1String text) {
 
 std::optional<Moment> readMoment(QStringView text) {
   if (const auto date = readStoredDate(text)) return Moment{*date, {}};
-  const QString narrow = narrowed(text);
+  const QString narrow = narrowed(text.trimmed());
   MomentScanner scanner(narrow);
   Moment moment;
   if (scanner.startsWithDate()) {

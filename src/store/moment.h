@@ -15,10 +15,10 @@ struct Moment {
   QTime time;
 };
 
-// Read what people type: 2007-3-5, 2007/03/05, 2007.3.5, 2007年3月5日, 8:30, 08:30:00, a date and a
-// time joined by blanks, in full-width characters too, blanks around. The year has four digits, the
-// other numbers one or two. None for any other text, for days and times that do not exist and for
-// an empty text.
+// Read what people type: 2007-3-5, 2007/03/05, 2007.3.5, 20070305, 2007年3月5日, 8:30, 08:30:00, a
+// date and a time joined by blanks, in full-width characters too, blanks around. The year has four
+// digits, the other numbers one or two. None for any other text, for days and times that do not
+// exist and for an empty text.
 std::optional<Moment> readMoment(QStringView text);
 std::optional<QDate> readDate(QStringView text);  // a date alone
 std::optional<QTime> readTime(QStringView text);  // a time of day alone

@@ -8,9 +8,11 @@
 namespace vellora {
 namespace {
 
+// The number of bytes is asked for first: a text of a schedule in UTF-16 becomes UTF-8 then, and
+// moves.
 std::string_view bytesOf(sqlite3_value* value) {
-  const void* const bytes = sqlite3_value_blob(value);
-  return {static_cast<const char*>(bytes), static_cast<std::size_t>(sqlite3_value_bytes(value))};
+  const auto size = static_cast<std::size_t>(sqlite3_value_bytes(value));
+  return {static_cast<const char*>(sqlite3_value_blob(value)), size};
 }
 
 }  // namespace

@@ -58,6 +58,10 @@ QString RowReader::columnName(int position) const {
   return columnAt(columns(), position).name;
 }
 
+QString RowReader::shownName(int position) const {
+  return columnAt(columns(), position).shownName;
+}
+
 ColumnKind RowReader::columnKind(int position) const {
   return columnAt(columns(), position).kind;
 }

@@ -35,6 +35,7 @@ class RowReader {
 
   int columnCount() const;
   QString columnName(int position) const;
+  QString shownName(int position) const;  // what the user knows the column by
   ColumnKind columnKind(int position) const;
   // Where a column of this name is; StoreFault::ColumnMissing when there is none.
   int columnNamed(QStringView name) const;

@@ -16,35 +16,6 @@
 namespace vellora {
 namespace {
 
-constexpr std::array kItems{
-    SchemaColumn{"HDBH", "VARCHAR(255)"}, SchemaColumn{"HDMC", "VARCHAR(255)"},
-    SchemaColumn{"HDLB", "VARCHAR(255)"}, SchemaColumn{"SFWC", "SMALLINT DEFAULT 0"},
-    SchemaColumn{"FRGB", "INTEGER"},
-};
-constexpr std::array kBlocks{
-    SchemaColumn{"SJKH", "VARCHAR(255)"},
-    SchemaColumn{"sjkm", "VARCHAR(255)"},
-    SchemaColumn{"SJ0", "DATETIME"},
-    SchemaColumn{"SJ1", "DATETIME"},
-};
-constexpr std::array kPlans{
-    SchemaColumn{"RQ", "DATETIME"},       SchemaColumn{"SJKH", "VARCHAR(255)"},
-    SchemaColumn{"HDMC", "VARCHAR(255)"}, SchemaColumn{"HDYQ", "VARCHAR(255)"},
-    SchemaColumn{"ZYDJ", "INTEGER"},
-};
-constexpr std::array kMemos{SchemaColumn{"RQ", "DATETIME"}, SchemaColumn{"Memo", "LONGTEXT"}};
-constexpr std::array kWeekNames{
-    SchemaColumn{"KSRQ", "DATETIME"},
-    SchemaColumn{"JSRQ", "DATETIME"},
-    SchemaColumn{"MM", "VARCHAR(255)"},
-};
-constexpr std::array kSkinSetting{SchemaColumn{"jm", "VARCHAR(255)"}};
-
-constexpr std::array kTables{
-    SchemaTable{"HD", kItems}, SchemaTable{"SJ", kBlocks},    SchemaTable{"JH", kPlans},
-    SchemaTable{"BW", kMemos}, SchemaTable{"MM", kWeekNames}, SchemaTable{"JM", kSkinSetting},
-};
-
 struct Index {
   const char* name;
   const char* columns;
@@ -74,12 +45,12 @@ QByteArray creation(const SchemaTable& table) {
 void fill(const QString& path) {
   SQLite::Database database(path.toStdString(), SQLite::OPEN_READWRITE);
   SQLite::Transaction transaction(database);
-  for (const SchemaTable& table : kTables) database.exec(creation(table).constData());
+  for (const SchemaTable& table : schemaTables()) database.exec(creation(table).constData());
   for (const Index& index : kIndices) database.exec(creation(index).constData());
   transaction.commit();
 }
 
-// True when the table, or the column in it, is there.
+// True when the column is there.
 bool exists(const Connection& connection, const char* table, const char* column) {
   const int code = sqlite3_table_column_metadata(connection.handle(), "main", table, column,
                                                  nullptr, nullptr, nullptr, nullptr, nullptr);
@@ -87,12 +58,30 @@ bool exists(const Connection& connection, const char* table, const char* column)
   return code == SQLITE_OK;
 }
 
+// A view or a virtual table has no page of its own; reading or saving would run what it says.
+void requireTable(Connection& connection, const SchemaTable& table) {
+  const QByteArray named =
+      QByteArray("SELECT count(*) FROM sqlite_schema WHERE type IN ('table', 'view') AND name='") +
+      table.name + "' COLLATE NOCASE";
+  if (connection.numberFrom(named) == 0) {
+    throw StoreError(StoreFault::TableMissing,
+                     u"日程文件中没有表“%1”（%2）。"_qs.arg(QStringView(table.shown),
+                                                            QLatin1String(table.name)));
+  }
+  if (connection.numberFrom(QByteArray(named + " AND rootpage>0")) == 0) {
+    throw StoreError(StoreFault::TableMissing,
+                     u"日程文件中的“%1”（%2）不是普通的表，不能使用。"_qs.arg(
+                         QStringView(table.shown), QLatin1String(table.name)));
+  }
+}
+
 void requireColumns(const Connection& connection, const SchemaTable& table) {
   for (const SchemaColumn& column : table.columns) {
     if (exists(connection, table.name, column.name)) continue;
     throw StoreError(StoreFault::ColumnMissing,
-                     u"日程文件的表“%1”中没有列“%2”。"_qs.arg(QLatin1String(table.name),
-                                                              QLatin1String(column.name)));
+                     u"日程文件的表“%1”（%2）中没有列“%3”（%4）。"_qs.arg(
+                         QStringView(table.shown), QLatin1String(table.name),
+                         QStringView(column.shown), QLatin1String(column.name)));
   }
 }
 
@@ -115,10 +104,6 @@ bool isOnlyALostSpeedUp(StoreFault fault) {
 
 }  // namespace
 
-std::span<const SchemaTable> schemaTables() {
-  return kTables;
-}
-
 void createSchedule(const QString& path) {
   QFile file(path);
   if (!file.open(QIODevice::WriteOnly | QIODevice::NewOnly)) {
@@ -137,12 +122,9 @@ void createSchedule(const QString& path) {
   }
 }
 
-void requireSchema(const Connection& connection) {
-  for (const SchemaTable& table : kTables) {
-    if (!exists(connection, table.name, nullptr)) {
-      throw StoreError(StoreFault::TableMissing,
-                       u"日程文件中没有表“%1”。"_qs.arg(QLatin1String(table.name)));
-    }
+void requireSchema(Connection& connection) {
+  for (const SchemaTable& table : schemaTables()) {
+    requireTable(connection, table);
     requireColumns(connection, table);
   }
 }

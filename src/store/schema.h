@@ -1,33 +1,18 @@
 #pragma once
 
-#include <QString>
-
-#include <span>
+#include "store/schema_tables.h"
 
 namespace vellora {
 
 class Connection;
-
-struct SchemaColumn {
-  const char* name;
-  const char* type;  // as declared, with its default
-};
-
-struct SchemaTable {
-  const char* name;
-  std::span<const SchemaColumn> columns;
-};
-
-// The six tables of a schedule: HD, SJ, JH, BW, MM, JM.
-std::span<const SchemaTable> schemaTables();
 
 // Makes a new schedule without any rows. Throws StoreError, and leaves whatever is there as it was,
 // when the file exists or cannot be written.
 void createSchedule(const QString& path);
 
 // Throws StoreFault::TableMissing or ColumnMissing, naming the first of the planner's tables and
-// columns that is not there. A schedule may have more.
-void requireSchema(const Connection& connection);
+// columns that is not there; a view or a virtual table is none. A schedule may have more.
+void requireSchema(Connection& connection);
 
 // Throws StoreFault::Damaged when the end of the file is cut off. The engine itself does not notice
 // when only a part of the last page is missing.

@@ -1,6 +1,7 @@
 #include "store/statement_cache.h"
 
 #include "store/literals.h"
+#include "store/schema_tables.h"
 #include "store/translation.h"
 
 #include <algorithm>
@@ -15,8 +16,9 @@ PreparedSet preparedSet(sqlite3* connection, const StatementShape& shape) {
                   translation.table,
                   translation.isWholeTable};
   for (int column = set.firstColumn(); column < set.statement.columnCount(); ++column) {
+    const QString name = set.statement.columnName(column);
     set.columns.append(
-        describedColumn(set.statement.columnName(column), set.statement.declaredType(column)));
+        describedColumn(name, set.statement.declaredType(column), shownColumn(set.table, name)));
   }
   return set;
 }

@@ -89,10 +89,10 @@ TEST_F(StartUpTest, NamesAMissingTableOrColumn) {
     return test::descriptionOf([&] { StartUp startUp(schedule_.folder(), prompts_, clock_); });
   };
   schedule_.sql(u"ALTER TABLE MM RENAME TO MM_away"_qs);
-  EXPECT_TRUE(said().contains(u"“MM”"_qs)) << said().toStdString();
+  EXPECT_TRUE(said().contains(u"“每周命名”（MM）"_qs)) << said().toStdString();
   schedule_.sql(u"ALTER TABLE MM_away RENAME TO MM"_qs);
   schedule_.sql(u"ALTER TABLE HD DROP COLUMN SFWC"_qs);
-  EXPECT_TRUE(said().contains(u"“SFWC”"_qs)) << said().toStdString();
+  EXPECT_TRUE(said().contains(u"“状态”（SFWC）"_qs)) << said().toStdString();
 }
 
 TEST_F(StartUpTest, SaysAtOnceThatNothingCanBeSaved) {

@@ -124,13 +124,13 @@ TEST_F(TableBackupTest, KeepsTheOldFileWhenAValueCouldNotBeRestored) {
     QString change;
     QString reason;
   } cases[]{
-      {u"UPDATE BW SET Memo=NULL"_qs, u"表“BW”第 1 条记录的“Memo”没有值。"_qs},
+      {u"UPDATE BW SET Memo=NULL"_qs, u"表“备忘录”第 1 条记录的“备忘内容”没有值。"_qs},
       {u"UPDATE JH SET RQ='2007-02-30' WHERE rowid=2"_qs,
-       u"表“JH”第 2 条记录的“RQ”不是日期或时间：“2007-02-30”。"_qs},
-      {u"UPDATE HD SET FRGB='红'"_qs, u"表“HD”第 1 条记录的“FRGB”不是整数：“红”。"_qs},
-      {u"UPDATE HD SET SFWC=40000"_qs, u"表“HD”第 1 条记录的“SFWC”超出了范围：“40000”。"_qs},
+       u"表“活动计划”第 2 条记录的“日期”不是日期或时间：“2007-02-30”。"_qs},
+      {u"UPDATE HD SET FRGB='红'"_qs, u"表“活动项目”第 1 条记录的“颜色”不是整数：“红”。"_qs},
+      {u"UPDATE HD SET SFWC=40000"_qs, u"表“活动项目”第 1 条记录的“状态”超出了范围：“40000”。"_qs},
       {u"UPDATE SJ SET SJKM='"_qs + QString(256, u'长') + u"'"_qs,
-       u"表“SJ”第 1 条记录的“sjkm”太长：“"_qs + QString(30, u'长') + u"”。"_qs},
+       u"表“时间划分”第 1 条记录的“时间块名称”太长：“"_qs + QString(30, u'长') + u"”。"_qs},
   };
   for (const auto& [change, reason] : cases) {
     schedule_.sql(change);
@@ -207,11 +207,12 @@ TEST_F(TableBackupTest, RefusesAWrongCellByPlaceAndChangesNothing) {
     QString text;
     QString reason;
   } cases[]{
-      {4, 0, 2, u"二月三十"_qs, u"表“MM”第 3 条记录：列“KSRQ”要填日期或时间，“二月三十”不是。"_qs},
+      {4, 0, 2, u"二月三十"_qs,
+       u"表“每周命名”第 3 条记录：“开始时间”要填日期或时间，“二月三十”不是。"_qs},
       {2, 4, 5, u"3000000000"_qs,
-       u"表“JH”第 6 条记录：列“ZYDJ”只能存 -2147483648 到 2147483647 的数，3000000000 超出了范围。"_qs},
+       u"表“活动计划”第 6 条记录：“等级”只能存 -2147483648 到 2147483647 的数，3000000000 超出了范围。"_qs},
       {1, 1, 0, QString(256, u'长'),
-       u"表“HD”第 1 条记录：列“HDMC”最多存 255 个字，这里有 256 个字。"_qs},
+       u"表“活动项目”第 1 条记录：“名称”最多存 255 个字，这里有 256 个字。"_qs},
   };
   for (const auto& c : cases) {
     const Workbook whole = readWorkbookFile(path_);
@@ -265,7 +266,7 @@ TEST_F(TableBackupTest, RefusesWorkbooksThatAreNoBackup) {
   backUp();
   const QStringList before = test::dumpOf(store_);
   changeFile([](Workbook& backup) { backup.sheetAt(2).SetCols(4); });
-  EXPECT_EQ(refusalOf([this] { restore(); }), u"备份中的表“JH”有 4 列，日程表需要 5 列。"_qs);
+  EXPECT_EQ(refusalOf([this] { restore(); }), u"备份中的表“活动计划”有 4 列，日程表需要 5 列。"_qs);
   changeFile([](Workbook& backup) { backup.SetSheetName(u"1"_qs, 0); });
   EXPECT_EQ(refusalOf([this] { restore(); }),
             u"文件“%1”不是日程表的备份：第 1 张工作表不是“SJ”。"_qs.arg(path_));

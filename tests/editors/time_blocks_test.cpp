@@ -91,7 +91,7 @@ TEST_F(TimeBlocksTest, ARefusedCellIsNamedAndTheOldBlocksStay) {
       {1, u"2007-03-05"_qs, u"第 2 行的“结束时间”要填时间，例如 08:30，“2007-03-05”不是。"_qs},
       {0, u" "_qs, u"第 2 行的“开始时间”要填时间，例如 08:30，“ ”不是。"_qs},
       {3, QString(256, u'长'),
-       u"第 2 行的“时间块名称”不能保存：列“sjkm”最多存 255 个字，这里有 256 个字。"_qs},
+       u"第 2 行的“时间块名称”不能保存：“时间块名称”最多存 255 个字，这里有 256 个字。"_qs},
   };
   schedule_.block(u"old"_qs, u"06:00:00"_qs, u"07:00:00"_qs, u"旧"_qs);
   typeRow(sheet_, 0, {u"08:00"_qs, u"09:00"_qs, u"a"_qs, u"好"_qs});

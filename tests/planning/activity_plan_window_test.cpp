@@ -282,7 +282,8 @@ TEST_F(ActivityPlanWindowTest, AScheduleThatCannotBeReadIsReportedAndNothingType
   for (const QString& button : {u"cmdSV"_qs, u"CmdDAY"_qs, u"cmdOP"_qs, u"Command1"_qs}) {
     prompts_.warnings.clear();
     click(window_, button);
-    EXPECT_TRUE(prompts_.warnings.contains(u"日程文件中没有表“JH”。"_qs)) << button.toStdString();
+    EXPECT_TRUE(prompts_.warnings.contains(u"日程文件中没有表“活动计划”（JH）。"_qs))
+        << button.toStdString();
     EXPECT_EQ(row(window_, 0), typed);
   }
 }

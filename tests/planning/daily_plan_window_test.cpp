@@ -139,7 +139,7 @@ TEST_F(DailyPlanWindowTest, WithoutBlocksNothingCanBePlacedAndSavingSaysDone) {
 TEST_F(DailyPlanWindowTest, AScheduleThatCannotBeReadIsReportedOnce) {
   schedule_.sql(u"DROP TABLE SJ"_qs);
   open();
-  EXPECT_EQ(prompts_.warnings, QStringList{u"日程文件中没有表“SJ”。"_qs});
+  EXPECT_EQ(prompts_.warnings, QStringList{u"日程文件中没有表“时间划分”（SJ）。"_qs});
 }
 
 TEST_F(DailyPlanWindowTest, BlocksChangedMeanwhileAppearWhenItIsActivatedAgain) {
@@ -158,7 +158,7 @@ TEST_F(DailyPlanWindowTest, ADayThatCouldNotBeReadIsNotOverwritten) {
   click(window_, u"Command2"_qs);
   schedule_.sql(u"ALTER TABLE HJ RENAME TO JH"_qs);
   click(window_, u"cmdSV"_qs);
-  EXPECT_EQ(prompts_.warnings, QStringList{u"日程文件中没有表“JH”。"_qs}) << "cannot be saved";
+  EXPECT_EQ(prompts_.warnings, QStringList{u"日程文件中没有表“活动计划”。"_qs}) << "cannot be saved";
   EXPECT_EQ(saved(), QStringList{u"2007-03-06|002|读书|要求|1"_qs});
   click(window_, u"cmdOP"_qs);
   EXPECT_EQ(row(window_, 0), u"08:00-09:30/早读|读书|要求|1"_qs);

@@ -10,10 +10,10 @@ TEST(NumericValue, ReadsLeadingDigitsAndNothingElse) {
   const struct {
     const char16_t* text;
     double value;
-  } cases[]{{u"3", 3},   {u"3x", 3}, {u"3级", 3},     {u"2.5级", 2.5},
-            {u"7.", 7},  {u"x3", 0}, {u"", 0},        {u"高", 0},
-            {u".5", 0},  {u"-4", 0}, {u" 4", 0},      {u"005", 5},
-            {u"1e3", 1}, {u"３", 0}, {u"1.2.3", 1.2}, {u"99999999999", 99999999999.0}};
+  } cases[]{{u"3", 3},   {u"3x", 3},         {u"3级", 3},     {u"2.5级", 2.5},
+            {u"7.", 7},  {u"x3", 0},         {u"", 0},        {u"高", 0},
+            {u".5", 0},  {u"-4", 0},         {u" 4", 0},      {u"005", 5},
+            {u"1e3", 1}, {u"３．５级", 3.5}, {u"1.2.3", 1.2}, {u"99999999999", 99999999999.0}};
   for (const auto& c : cases) {
     EXPECT_EQ(numericValue(QString::fromUtf16(c.text)), c.value)
         << QString::fromUtf16(c.text).toStdString();

@@ -15,7 +15,7 @@ using test::descriptionOf;
 using test::faultOf;
 
 Column column(const char* type) {
-  return describedColumn(u"ZYDJ"_qs, QString::fromLatin1(type));
+  return describedColumn(u"ZYDJ"_qs, QString::fromLatin1(type), u"等级"_qs);
 }
 
 QString storedIn(const char* type, const QVariant& value) {
@@ -45,7 +45,7 @@ TEST(ColumnValues, AreConvertedToWhatTheColumnHolds) {
       {"INTEGER", 2.5, u"2"_qs},
       {"INTEGER", 3.5, u"4"_qs},
       {"INTEGER", -0.5, u"0"_qs},
-      {"INTEGER", u" 12 "_qs, u"12"_qs},
+      {"INTEGER", u" １2 "_qs, u"12"_qs},
       {"INTEGER", 2147483647.4, u"2147483647"_qs},
       {"INTEGER", true, u"1"_qs},
       {"SMALLINT", -32768, u"-32768"_qs},
@@ -96,7 +96,7 @@ TEST(ColumnValues, WhatAColumnCannotHoldIsRefusedByName) {
   for (const auto& [type, value, fault] : cases) {
     const auto assign = [&, kind = type, given = value] { columnCell(column(kind), given); };
     EXPECT_EQ(faultOf(assign), fault) << type << ' ' << value.toString().toStdString();
-    EXPECT_TRUE(descriptionOf(assign).startsWith(u"列“ZYDJ”")) << type;
+    EXPECT_TRUE(descriptionOf(assign).startsWith(u"“等级”")) << type;
     EXPECT_LT(descriptionOf(assign).size(), 80) << "does not fit a message";
   }
 }

@@ -13,6 +13,7 @@
 #include <SQLiteCpp/Statement.h>
 #include <gtest/gtest.h>
 #include <sqlite3.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace vellora {
@@ -140,6 +141,55 @@ TEST(Opening, NamesTheTableOrColumnThatIsMissing) {
     EXPECT_EQ(openingFault(builder.path()), StoreFault::TableMissing);
     EXPECT_TRUE(descriptionOf([&] { const ScheduleStore store(builder.path()); }).contains(name));
   }
+}
+
+TEST(Opening, RefusesWhatPosesAsATable) {
+  for (const char16_t* pose : {u"CREATE VIEW MM AS SELECT RQ KSRQ, RQ JSRQ, Memo MM FROM BW",
+                               u"CREATE VIRTUAL TABLE MM USING fts5(KSRQ, JSRQ)"}) {
+    ScheduleBuilder builder;
+    builder.sql(u"DROP TABLE MM"_qs).sql(QString::fromUtf16(pose));
+    EXPECT_EQ(openingFault(builder.path()), StoreFault::TableMissing);
+    EXPECT_TRUE(descriptionOf([&] {
+                  const ScheduleStore store(builder.path());
+                }).contains(u"不是普通的表"_qs));
+  }
+}
+
+TEST(Opening, DoesNotWaitForAPipeInTheJournalsPlace) {
+  ScheduleBuilder builder;
+  const QString pipe = builder.path() + u"-journal";
+  ASSERT_EQ(mkfifo(pipe.toUtf8().constData(), 0600), 0);
+  EXPECT_TRUE(descriptionOf([&] { const ScheduleStore store(builder.path()); }).contains(pipe));
+}
+
+TEST(Opening, RunsNothingThatTheFileHolds) {
+  ScheduleBuilder builder;
+  builder.memo(kDay, u"备忘"_qs)
+      .sql(u"CREATE TRIGGER t AFTER INSERT ON HD BEGIN DELETE FROM BW; END"_qs);
+  ScheduleStore store(builder.path());
+  EXPECT_EQ(store.execute(u"INSERT INTO HD (HDMC) VALUES ('晨跑')"_qs), 1);
+  EXPECT_EQ(store.open(statements::allItems()).count(), 1);
+  EXPECT_EQ(store.open(statements::memoOn(kDay)).count(), 1);
+}
+
+TEST(Opening, ReadsAndSavesAScheduleInUtf16) {
+  const ScheduleBuilder builder;
+  const QString path = builder.folder() + u"/wide.mdb";
+  {
+    SQLite::Database wide(path.toStdString(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
+    wide.exec("PRAGMA encoding='UTF-16le'");
+    SQLite::Database narrow(builder.path().toStdString());
+    SQLite::Statement creation(narrow, "SELECT sql FROM sqlite_schema");
+    while (creation.executeStep()) wide.exec(creation.getColumn(0).getString());
+  }
+  ScheduleStore store(path);
+  Recordset items = store.open(u"HD"_qs);
+  for (const QString& name : {u"晨跑"_qs, u"a"_qs}) {
+    items.addNew();
+    items.set(u"HDMC", name);
+    items.update();
+  }
+  EXPECT_EQ(store.open(statements::itemNamed(u"晨跑"_qs)).text(u"HDMC"), u"晨跑"_qs);
 }
 
 TEST(Opening, AddsMissingIndicesThatTheLookUpsUse) {

@@ -151,7 +151,7 @@ TEST(ScheduleStore, NamesTheColumnThatAStricterScheduleWantsFilled) {
   Recordset skin = store.open(statements::skinSetting());
   skin.addNew();
   skin.set(u"jm", QVariant());
-  EXPECT_EQ(descriptionOf([&] { skin.update(); }), u"列“jm”不能为空，没有保存。"_qs);
+  EXPECT_EQ(descriptionOf([&] { skin.update(); }), u"“界面文件”不能为空，没有保存。"_qs);
 }
 
 TEST(ScheduleStore, NoticesThatATableWasRebuiltUnderIt) {
