@@ -27,7 +27,7 @@ constexpr int kBoardRowHeight = 38;  // two lines of the board's font
 WeekBoard::WeekBoard(ApplicationState& state)
     : PlannerWindow(state),
       commands_(new CommandBar(this)),
-      days_(makeArrowStepper({u"D1"_qs, u"Lxq"_qs, u"起始日期"_qs}, this)),
+      days_(makeArrowStepper({u"D1"_qs, u"Lxq"_qs, u"起始日期"_qs}, state.clock, this)),
       week_name_(new QLabel(this)),
       grid_(new GridSurface(this)) {
   setObjectName(u"Form0"_qs);

@@ -36,7 +36,7 @@ const QString& takenText() {
 
 ActivityPlanWindow::ActivityPlanWindow(ApplicationState& state, QWidget* parent)
     : PlannerWindow(state, parent),
-      controls_(this, statusLine()),
+      controls_(state.clock, this, statusLine()),
       watch_(new UnsavedWatch(*controls_.grid, *controls_.unsaved,
                               [this](const Sheet& sheet, int row) {
                                 return isUnsavedPlanRow(sheet, row, chosenActivity(), saved_);

@@ -1,10 +1,10 @@
 #include "board/week_board.h"
 
 #include "grid/surface/grid_surface.h"
+#include "shell/date_picker.h"
 #include "store/store_error.h"
 #include "support/planner_test.h"
 
-#include <QDateEdit>
 #include <QFile>
 #include <QLabel>
 #include <QPushButton>
@@ -74,7 +74,7 @@ TEST_F(WeekBoardTest, StepsByDayAndByWeek) {
   click(u"Cm3"_qs);
   click(u"Cm1"_qs);
   EXPECT_EQ(board_.firstDay(), kMonday);
-  board_.findChild<QDateEdit*>(u"D1"_qs)->setDate(kMonday.addDays(1));
+  board_.findChild<DatePicker*>(u"D1"_qs)->setDate(kMonday.addDays(1));
   EXPECT_EQ(shown(7, 1), u"跑步\r要求"_qs);
 }
 

@@ -80,13 +80,13 @@ TEST_F(DailyPlanWindowTest, MovingTheDateDropsWhatWasNotSaved) {
 
 TEST_F(DailyPlanWindowTest, ASaveRightAfterTypingADateIsOfTheShownDayAndThenTurnsToTheTypedOne) {
   open();
-  auto* picker = window_.findChild<QDateEdit*>(u"DTP1"_qs);
+  auto* picker = window_.findChild<DatePicker*>(u"DTP1"_qs);
   QDate shown = kToday;
   for (const bool byMouse : {true, false}) {
     doubleClick(window_, u"List1"_qs, 0);
     picker->setFocus();
-    picker->setSelectedSection(QDateTimeEdit::DaySection);
-    QTest::keyClicks(picker, byMouse ? u"19"_qs : u"26"_qs);
+    picker->selectAll();
+    QTest::keyClicks(picker, byMouse ? u"2007-3-19"_qs : u"2007-3-26"_qs);
     EXPECT_TRUE(isMarked(window_, 0)) << "the shown day stays until the date is complete";
     if (byMouse) click(window_, u"cmdSV"_qs);
     if (!byMouse) QTest::keyClick(picker, Qt::Key_S, Qt::AltModifier);
