@@ -2,6 +2,7 @@
 
 #include "app/product_labels.h"
 #include "app/skin_setting.h"
+#include "shell/skin.h"
 #include "store/store_error.h"
 
 #include <QFileInfo>
@@ -73,21 +74,25 @@ QPushButton* AboutWindow::makeButton(const QString& objectName, const QString& c
 void AboutWindow::chooseSkin() {
   const QString path =
       prompts().chooseFile(this, u"文件打开"_qs, u"日程表界面文件|*.skn"_qs, state().programDir);
-  if (!path.isEmpty()) takeSkin(QFileInfo(path).absoluteFilePath());
-  putSkinOn();
+  const bool isTaken = !path.isEmpty() && takeSkin(QFileInfo(path).absoluteFilePath());
+  const bool isOn = applySkin(state().SkinPath, *this);
   update();
+  if (isTaken && !isOn) {
+    prompts().warn(this, u"“%1”不是可以使用的界面文件，界面没有改变。"_qs.arg(path));
+  }
 }
 
 // A skin that cannot be kept for the next start is not taken for this run either, so that all
 // windows and the setting agree.
-void AboutWindow::takeSkin(const QString& path) {
+bool AboutWindow::takeSkin(const QString& path) {
   try {
     storeSkinPath(state().Db, path);
   } catch (const StoreError& error) {
     prompts().warn(this, error.description());
-    return;
+    return false;
   }
   state().SkinPath = path;
+  return true;
 }
 
 }  // namespace vellora

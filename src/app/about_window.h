@@ -20,7 +20,7 @@ class AboutWindow : public PlannerWindow {
   QPushButton* makeButton(const QString& objectName, const QString& caption);
 
   void chooseSkin();
-  void takeSkin(const QString& path);
+  bool takeSkin(const QString& path);
 };
 
 }  // namespace vellora

@@ -3,6 +3,7 @@
 #include "app/product_icon.h"
 #include "app/skin_style.h"
 #include "grid/files/installed_face.h"
+#include "shell/double_click_guard.h"
 
 #include <QApplication>
 #include <QDir>
@@ -51,6 +52,7 @@ void setUpPlatform(QApplication& application) {
   substituteFaces();
   QApplication::setFont(QFont(installedFace(u"黑体"_qs), 9));
   translateQt(application);
+  application.installEventFilter(new DoubleClickGuard(&application));
 }
 
 }  // namespace vellora

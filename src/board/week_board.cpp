@@ -6,13 +6,15 @@
 #include "grid/surface/grid_surface.h"
 #include "routine/calendar_text.h"
 #include "shell/date_stepper.h"
+#include "shell/elided_label.h"
+#include "shell/status_line.h"
 #include "store/statements.h"
 #include "store/store_error.h"
 
 #include <QFile>
 #include <QHBoxLayout>
-#include <QLabel>
 #include <QPushButton>
+#include <QShortcut>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -27,9 +29,10 @@ constexpr int kBoardRowHeight = 38;  // two lines of the board's font
 WeekBoard::WeekBoard(ApplicationState& state)
     : PlannerWindow(state),
       commands_(new CommandBar(this)),
-      days_(makeArrowStepper({u"D1"_qs, u"Lxq"_qs, u"起始日期"_qs}, this)),
-      week_name_(new QLabel(this)),
-      grid_(new GridSurface(this)) {
+      days_(makeArrowStepper({u"D1"_qs, u"Lxq"_qs, u"起始日期"_qs}, state.clock, this)),
+      week_name_(new ElidedLabel(this)),
+      grid_(new GridSurface(this)),
+      status_line_(new StatusLine(this)) {
   setObjectName(u"Form0"_qs);
   setWindowTitle(programTitle());
   grid_->setObjectName(u"Cell1"_qs);
@@ -40,6 +43,11 @@ WeekBoard::WeekBoard(ApplicationState& state)
   connect(grid_, &GridSurface::CellClick, this, &WeekBoard::openCell);
   connect(grid_, &GridSurface::CellActivated, this, &WeekBoard::openCell);
   connect(commands_, &CommandBar::triggered, this, &WeekBoard::runCommand);
+  auto* readAgain = new QShortcut(Qt::Key_F5, this);
+  connect(readAgain, &QShortcut::activated, this, [this] {
+    setRedrawFlag();
+    RebuildBoard();
+  });
   for (int i = 0; i < kBoardCommandCount; ++i) {
     commands_->button(static_cast<BoardCommand>(i)).setEnabled(false);
   }
@@ -58,6 +66,7 @@ void WeekBoard::layOut() {
   auto* right = new QVBoxLayout;
   right->addLayout(top);
   right->addWidget(grid_, 1);
+  right->addWidget(status_line_);
   auto* all = new QHBoxLayout(this);
   all->addWidget(commands_);
   all->addLayout(right, 1);
@@ -87,11 +96,26 @@ void WeekBoard::load() {
 void WeekBoard::RebuildBoard() {
   putSkinOn();
   if (!redraw_) return;
-  try {
+  showWhole([this] {
     rebuildFromDatabase();
     redraw_ = false;
+  });
+}
+
+// What cannot be read whole changes nothing: sheet, caption and picker stay with the days shown.
+void WeekBoard::showWhole(const std::function<void()>& read) {
+  const Workbook before = grid_->workbook();
+  try {
+    read();
+    shown_ = firstDay();
+    status_line_->tell({});
   } catch (const StoreError& error) {
+    grid_->workbook() = before;
+    grid_->Redraw();
     grid_->SetRedrawSwitch(true);
+    const QSignalBlocker asBefore(days_);
+    if (shown_.isValid()) days_->setDate(shown_);
+    status_line_->tell(u"没有读出：%1 按 F5 再试。"_qs.arg(error.description()));
     prompts().warn(this, error.description());
   }
 }
@@ -154,12 +178,7 @@ void WeekBoard::FillWeek() {
 }
 
 void WeekBoard::fillAfterStep() {
-  try {
-    FillWeek();
-  } catch (const StoreError& error) {
-    grid_->Redraw();
-    prompts().warn(this, error.description());
-  }
+  showWhole([this] { FillWeek(); });
 }
 
 void WeekBoard::runCommand(BoardCommand command) {
@@ -183,6 +202,7 @@ void WeekBoard::openCell(int col, int row) {
 
 // The preview comes first; the template then keeps the sizes the user dragged.
 void WeekBoard::print() {
+  grid_->setDocumentName(u"日程表 "_qs + isoDate(firstDay()));
   grid_->PrintBoard(true);
   try {
     grid_->SaveFile(templatePath());

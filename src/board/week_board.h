@@ -6,15 +6,15 @@
 #include <functional>
 #include <map>
 
-class QLabel;
-
 namespace vellora {
 
 class DateStepper;
+class ElidedLabel;
 class GridSurface;
+class StatusLine;
 
-// The main window: seven days from the picked date by the time blocks. It knows no other window;
-// what its commands and clicks open is attached from outside.
+// The main window: seven days from the picked date by the time blocks. F5 reads it anew. It knows
+// no other window; what its commands and clicks open is attached from outside.
 class WeekBoard : public PlannerWindow {
   Q_OBJECT
 
@@ -55,6 +55,7 @@ class WeekBoard : public PlannerWindow {
   void setUpGrid();
   void openTemplate();
   void rebuildFromDatabase();
+  void showWhole(const std::function<void()>& read);
   void fillAfterStep();
   void runCommand(BoardCommand command);
   void openCell(int col, int row);
@@ -65,8 +66,10 @@ class WeekBoard : public PlannerWindow {
 
   CommandBar* commands_;
   DateStepper* days_;
-  QLabel* week_name_;
+  ElidedLabel* week_name_;
   GridSurface* grid_;
+  StatusLine* status_line_;
+  QDate shown_;  // invalid until something has been read
   std::map<BoardCommand, Handler> handlers_;
   DayHandler open_day_;
   ActivityHandler open_activity_;

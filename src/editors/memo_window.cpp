@@ -26,7 +26,7 @@ QPlainTextEdit* makeTextBox(QWidget* parent) {
 
 MemoWindow::MemoWindow(ApplicationState& state, QWidget* parent)
     : EditedWindow(state, parent),
-      days_(makeArrowStepper({u"D1"_qs, u"Lxq"_qs, u"备忘日期"_qs}, this)),
+      days_(makeArrowStepper({u"D1"_qs, u"Lxq"_qs, u"备忘日期"_qs}, state.clock, this)),
       text_(makeTextBox(this)),
       update_(new QPushButton(u"更新(&U) "_qs, this)) {
   setObjectName(u"FormBWL"_qs);

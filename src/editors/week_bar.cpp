@@ -7,8 +7,9 @@
 #include <QVBoxLayout>
 
 namespace vellora {
-WeekBar::WeekBar(QWidget* parent)
-    : QWidget(parent), days_(makeWordStepper({u"DTP1"_qs, u"Lxq"_qs, u"所选日期"_qs}, this)) {
+WeekBar::WeekBar(const Clock& clock, QWidget* parent)
+    : QWidget(parent),
+      days_(makeWordStepper({u"DTP1"_qs, u"Lxq"_qs, u"所选日期"_qs}, clock, this)) {
   auto* pick = new QHBoxLayout;
   pick->addWidget(days_);
   pick->addStretch();

@@ -5,6 +5,7 @@
 
 namespace vellora {
 
+class Clock;
 class DateStepper;
 
 // Picks the first day of a week, and adds it, or the weeks that follow, to a list.
@@ -12,7 +13,7 @@ class WeekBar : public QWidget {
   Q_OBJECT
 
  public:
-  explicit WeekBar(QWidget* parent = nullptr);
+  explicit WeekBar(const Clock& clock, QWidget* parent = nullptr);
 
   QDate date() const;
   void setDate(QDate date);

@@ -16,7 +16,7 @@ TableEditor::Kind weekNameKind() {
 }  // namespace
 
 WeekNameEditor::WeekNameEditor(ApplicationState& state, QWidget* parent)
-    : WeekNameEditor(state, new WeekBar, parent) {}
+    : WeekNameEditor(state, new WeekBar(state.clock), parent) {}
 
 WeekNameEditor::WeekNameEditor(ApplicationState& state, WeekBar* bar, QWidget* parent)
     : TableEditor(state, weekNameKind(), bar, nullptr, parent), bar_(bar) {

@@ -24,13 +24,13 @@ QLineEdit* makeChosen(QWidget* window) {
 }
 
 // Four narrow buttons leave the room to the grid.
-DateStepper* makeStepper(QWidget* window) {
+DateStepper* makeStepper(const Clock& clock, QWidget* window) {
   auto* stepper = new DateStepper({u"DTP1"_qs, u"Lxq"_qs, u"计划日期"_qs},
                                   {{u"Command3"_qs, u"<<"_qs, u"上一周"_qs, -7},
                                    {u"Command1"_qs, u"<"_qs, u"前一天"_qs, -1},
                                    {u"Command2"_qs, u">"_qs, u"后一天"_qs, 1},
                                    {u"Command4"_qs, u">>"_qs, u"下一周"_qs, 7}},
-                                  window);
+                                  clock, window);
   for (auto* button : stepper->findChildren<QPushButton*>()) {
     button->setMaximumWidth(button->fontMetrics().horizontalAdvance(u"<<<<<"_qs));
   }
@@ -125,10 +125,10 @@ QVBoxLayout* layPlan(const Controls& controls, QWidget* window) {
 
 }  // namespace
 
-ActivityPlanControls::ActivityPlanControls(QWidget* window)
+ActivityPlanControls::ActivityPlanControls(const Clock& clock, QWidget* window)
     : activities(makeNameList(u"List1"_qs, u"活动项目"_qs, window)),
       chosen(makeChosen(window)),
-      day(makeStepper(window)),
+      day(makeStepper(clock, window)),
       blocks(makeNameList(u"List2"_qs, u"时间"_qs, window)),
       summary(makeSummary(window)),
       grid(makeGrid(window)),

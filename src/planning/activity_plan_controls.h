@@ -9,6 +9,7 @@ class QWidget;
 
 namespace vellora {
 
+class Clock;
 class CountField;
 class DateStepper;
 class GridSurface;
@@ -17,7 +18,7 @@ class GridSurface;
 // its blocks and what is planned on it, the plan grid with what is done to it, and at its foot what
 // the window has to tell about it.
 struct ActivityPlanControls {
-  explicit ActivityPlanControls(QWidget* window);
+  ActivityPlanControls(const Clock& clock, QWidget* window);
 
   QListWidget* activities;
   QLineEdit* chosen;

@@ -36,7 +36,7 @@ const QString& takenText() {
 }  // namespace
 
 ActivityPlanWindow::ActivityPlanWindow(ApplicationState& state, QWidget* parent)
-    : EditedWindow(state, parent), controls_(this) {
+    : EditedWindow(state, parent), controls_(state.clock, this) {
   controls_.foot->addWidget(statusLine());
   controls_.foot->addWidget(editStatus(controls_.byWeek));
   setObjectName(u"FormXMJH"_qs);

@@ -17,7 +17,7 @@ namespace vellora {
 DailyPlanWindow::DailyPlanWindow(ApplicationState& state, QDate firstDay, QWidget* parent)
     : EditedWindow(state, parent),
       first_day_(firstDay),
-      day_(makeWordStepper({u"DTP1"_qs, u"Lxq"_qs, u"计划日期"_qs}, this)),
+      day_(makeWordStepper({u"DTP1"_qs, u"Lxq"_qs, u"计划日期"_qs}, state.clock, this)),
       grid_(new GridSurface(this)),
       items_list_(makeNameList(u"List1"_qs, u"活动项目"_qs, this)),
       save_(makeButton(u"cmdSV"_qs, u"保存(&S)"_qs, this)) {

@@ -4,10 +4,10 @@
 #include "routine/calendar_text.h"
 #include "shell/date_picker.h"
 
-#include <QDateEdit>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
+#include <QShortcut>
 
 namespace vellora {
 namespace {
@@ -21,11 +21,10 @@ int narrowWidth(const QPushButton& button) {
 }  // namespace
 
 DateStepper::DateStepper(const Names& names, std::initializer_list<StepButton> buttons,
-                         QWidget* parent)
+                         const Clock& clock, QWidget* parent)
     : QWidget(parent) {
   setFont(plainFont(font()));  // first: a picker lays its text out at once
-  picker_ = makeDatePicker(names.picker, names.accessible, this);
-  picker_->setKeyboardTracking(false);
+  picker_ = new DatePicker(names.picker, names.accessible, clock, this);
   weekday_ = new QLabel(this);
   weekday_->setObjectName(names.weekdayLabel);
   auto* row = new QHBoxLayout(this);
@@ -49,10 +48,12 @@ DateStepper::DateStepper(const Names& names, std::initializer_list<StepButton> b
   for (int i = 1; i < row->count(); ++i) {
     setTabOrder(row->itemAt(i - 1)->widget(), row->itemAt(i)->widget());
   }
-  connect(picker_, &QDateEdit::dateChanged, this, [this](QDate day) {
+  connect(picker_, &DatePicker::dateChanged, this, [this](QDate day) {
     showWeekday();
     emit dateChanged(day);
   });
+  auto* today = new QShortcut(Qt::CTRL | Qt::Key_T, this);
+  connect(today, &QShortcut::activated, this, &DateStepper::goToToday);
   showWeekday();
 }
 
@@ -61,11 +62,11 @@ QDate DateStepper::date() const {
 }
 
 void DateStepper::setDate(QDate date) {
-  picker_->setDate(qBound(picker_->minimumDate(), date, picker_->maximumDate()));
+  picker_->setDate(date);
 }
 
 void DateStepper::finishTyping() {
-  picker_->interpretText();
+  picker_->finishTyping();
 }
 
 void DateStepper::stepBy(int days) {
@@ -73,26 +74,33 @@ void DateStepper::stepBy(int days) {
   setDate(date().addDays(days));
 }
 
+// The focus leaves what else is being typed first.
+void DateStepper::goToToday() {
+  picker_->setFocus(Qt::ShortcutFocusReason);
+  picker_->goToToday();
+}
+
 void DateStepper::showWeekday() {
   weekday_->setText(weekdayName(picker_->date()));
 }
 
-DateStepper* makeArrowStepper(const DateStepper::Names& names, QWidget* parent) {
+DateStepper* makeArrowStepper(const DateStepper::Names& names, const Clock& clock,
+                              QWidget* parent) {
   return new DateStepper(names,
                          {{u"Cm1"_qs, u"<<"_qs, u"上一周"_qs, -7},
                           {u"Cm2"_qs, u"<"_qs, u"前一天"_qs, -1},
                           {u"Cm3"_qs, u">"_qs, u"后一天"_qs, 1},
                           {u"Cm4"_qs, u">>"_qs, u"下一周"_qs, 7}},
-                         parent);
+                         clock, parent);
 }
 
-DateStepper* makeWordStepper(const DateStepper::Names& names, QWidget* parent) {
+DateStepper* makeWordStepper(const DateStepper::Names& names, const Clock& clock, QWidget* parent) {
   return new DateStepper(names,
                          {{u"Command3"_qs, u"上一周"_qs, {}, -7},
                           {u"Command1"_qs, u"前一天"_qs, {}, -1},
                           {u"Command2"_qs, u"后一天"_qs, {}, 1},
                           {u"Command4"_qs, u"下一周"_qs, {}, 7}},
-                         parent);
+                         clock, parent);
 }
 
 }  // namespace vellora

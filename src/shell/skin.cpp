@@ -1,6 +1,8 @@
 #include "shell/skin.h"
 
+#include <QApplication>
 #include <QFile>
+#include <QFileInfo>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QToolTip>
@@ -81,7 +83,9 @@ bool readGrid(const QJsonObject& colours, GridColours& grid) {
   return true;
 }
 
+// Opening a pipe would wait for someone to write into it.
 QJsonObject readObject(const QString& path) {
+  if (!QFileInfo(path).isFile()) return {};
   QFile file(path);
   if (!file.open(QIODevice::ReadOnly)) return {};
   return QJsonDocument::fromJson(file.read(qMin(file.size(), kLargestSkinFile))).object();
@@ -103,12 +107,17 @@ std::optional<Skin> loadSkin(const QString& path) {
   return skin;
 }
 
-void applySkin(const QString& path, QWidget& window) {
+bool applySkin(const QString& path, QWidget& window) {
   const auto skin = loadSkin(path);
-  if (!skin) return;
-  window.setPalette(skin->palette);
-  QToolTip::setPalette(skin->palette);  // there is one tool tip for all windows
+  if (!skin) return false;
+  if (QApplication::palette() != skin->palette) {
+    QApplication::setPalette(skin->palette);
+    // at once, also for a window that is painted before there is an event loop
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::ApplicationPaletteChange);
+  }
+  QToolTip::setPalette(skin->palette);  // has a palette of its own
   for (auto* grid : window.findChildren<GridSurface*>()) grid->setColours(skin->grid);
+  return true;
 }
 
 }  // namespace vellora

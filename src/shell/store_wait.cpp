@@ -3,6 +3,7 @@
 #include "shell/work_dialog.h"
 
 #include <QApplication>
+#include <QWindow>
 
 namespace vellora {
 
@@ -13,20 +14,29 @@ StoreWait::StoreWait() {
   connect(&over_, &QTimer::timeout, this, &StoreWait::end);
 }
 
+StoreWait::~StoreWait() = default;
+
 bool StoreWait::goesOn() {
-  if (!dialog_) {
-    QWidget* window = QApplication::activeWindow();
-    if (!window) return true;  // none to keep alive
-    dialog_ = new WorkDialog(window);
-  }
+  if (!dialog_) dialog_ = std::make_unique<WorkDialog>(nullptr);
+  if (!over_.isActive()) begin();
   over_.start();
-  const bool goesOn = dialog_->progress()({u"另一个程序正在保存，请稍候……"_qs});
+  const bool goesOn = dialog_->progress()({u"另一个程序正在使用日程文件，正在等待……"_qs});
   if (!goesOn) end();
   return goesOn;
 }
 
+// Stays over the window in front without belonging to it, which may be closed meanwhile.
+void StoreWait::begin() {
+  dialog_->begin();
+  dialog_->winId();  // makes the handle
+  const QWidget* front = QApplication::activeWindow();
+  const bool isOther = front && front != dialog_.get();
+  dialog_->windowHandle()->setTransientParent(isOther ? front->windowHandle() : nullptr);
+}
+
 void StoreWait::end() {
-  delete dialog_;
+  over_.stop();
+  dialog_->hide();
 }
 
 }  // namespace vellora

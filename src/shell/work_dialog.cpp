@@ -1,7 +1,11 @@
 #include "shell/work_dialog.h"
 
+#include "shell/application_state.h"
+
+#include <QCloseEvent>
 #include <QCoreApplication>
 #include <QPushButton>
+#include <QShortcut>
 
 #include <limits>
 
@@ -21,16 +25,31 @@ QString textOf(const WorkStep& step) {
 WorkDialog::WorkDialog(QWidget* parent)
     : QProgressDialog(parent), cancel_(new QPushButton(u"取消"_qs, this)) {
   setObjectName(u"WorkDialog"_qs);
-  setWindowTitle(parent->windowTitle());
+  setWindowTitle(parent ? parent->windowTitle() : programTitle());
   setWindowModality(Qt::ApplicationModal);
   setMinimumDuration(std::numeric_limits<int>::max());  // shown by show() alone
   setAutoReset(false);
   setAutoClose(false);
   setMinimumWidth(360);
   setCancelButton(cancel_);
+  // The base makes one Escape for each button that it ever had, and ambiguous ones do nothing.
+  for (auto* shortcut : findChildren<QShortcut*>()) shortcut->setEnabled(false);
+  begin();
+}
+
+void WorkDialog::begin() {
   reset();
   begun_.start();
   shown_.start();
+}
+
+void WorkDialog::reject() {
+  if (cancel_->isEnabled()) cancel();
+}
+
+void WorkDialog::closeEvent(QCloseEvent* event) {
+  event->ignore();
+  reject();
 }
 
 WorkProgress WorkDialog::progress() {

@@ -15,8 +15,14 @@ class WorkDialog : public QProgressDialog {
  public:
   explicit WorkDialog(QWidget* parent);
 
+  // Forgets earlier work and its cancelling; the moment of patience begins anew.
+  void begin();
   // To be told often; false once the user wants to give up. Valid while the dialog lives.
   WorkProgress progress();
+
+ protected:
+  void reject() override;
+  void closeEvent(QCloseEvent* event) override;
 
  private:
   bool show(const WorkStep& step);

@@ -7,7 +7,6 @@
 #include "stats/time_use.h"
 #include "store/store_error.h"
 
-#include <QDateEdit>
 #include <QGridLayout>
 #include <QLabel>
 #include <QPushButton>
@@ -54,8 +53,8 @@ QFrame* makeTrack(QLabel* bar, QWidget* parent) {
 
 StatisticsWindow::StatisticsWindow(ApplicationState& state, QWidget* parent)
     : PlannerWindow(state, parent),
-      start_(makeDatePicker(u"D1"_qs, u"起始日期"_qs, this)),
-      end_(makeDatePicker(u"D2"_qs, u"截止日期"_qs, this)),
+      start_(new DatePicker(u"D1"_qs, u"起始日期"_qs, state.clock, this)),
+      end_(new DatePicker(u"D2"_qs, u"截止日期"_qs, state.clock, this)),
       total_(new QLabel(u"作息总时数"_qs, this)),
       grid_(new GridSurface(this)) {
   setObjectName(u"StatisticsWindow"_qs);
@@ -89,7 +88,7 @@ QLayout* StatisticsWindow::makeRange() {
   close->setObjectName(u"Command2"_qs);
   connect(close, &QPushButton::clicked, this, &QWidget::close);
   auto* range = new QHBoxLayout;
-  const auto addPicker = [&](QDateEdit* picker) {
+  const auto addPicker = [&](DatePicker* picker) {
     auto* label = new QLabel(picker->accessibleName(), this);
     label->setBuddy(picker);
     range->addWidget(label);

@@ -5,13 +5,13 @@
 
 #include <vector>
 
-class QDateEdit;
 class QGridLayout;
 class QLabel;
 class QLayout;
 
 namespace vellora {
 
+class DatePicker;
 class GridSurface;
 struct CategoryUse;
 
@@ -39,8 +39,8 @@ class StatisticsWindow : public PlannerWindow {
   void showTimeUse(const WorkProgress& progress);
   void showCategories(const std::vector<CategoryUse>& uses, qint64 total);
 
-  QDateEdit* start_;
-  QDateEdit* end_;
+  DatePicker* start_;
+  DatePicker* end_;
   QLabel* total_;
   std::vector<CategoryLine> lines_;
   GridSurface* grid_;

@@ -6,6 +6,7 @@
 #include "support/scripted_prompts.h"
 #include "support/text_output.h"
 
+#include <QApplication>
 #include <QPushButton>
 #include <QTest>
 
@@ -45,13 +46,23 @@ class AboutWindowTest : public testing::Test {
 }  // namespace
 
 TEST_F(AboutWindowTest, StoresAChosenSkinOnceAndPutsItOnAtOnce) {
+  QApplication::setPalette(Qt::green);
   window_.Load();
   const QColor before = windowColour();
   choose(kDarkSkin);
   EXPECT_NE(windowColour(), before);
   EXPECT_EQ(state_.SkinPath, kDarkSkin);
   EXPECT_EQ(stored(), QStringList{kDarkSkin});
+  EXPECT_TRUE(prompts_.warnings.isEmpty());
+}
+
+TEST_F(AboutWindowTest, SaysThatAChosenSkinCannotBeUsedAndKeepsTheLook) {
+  window_.Load();
+  choose(kDarkSkin);
+  const QColor before = windowColour();
   choose(kOldSkin);
+  EXPECT_EQ(windowColour(), before);
+  EXPECT_EQ(prompts_.warnings.size(), 1);
   EXPECT_EQ(stored(), QStringList{kOldSkin});
 }
 

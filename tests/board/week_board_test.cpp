@@ -1,10 +1,11 @@
 #include "board/week_board.h"
 
 #include "grid/surface/grid_surface.h"
+#include "shell/date_picker.h"
+#include "shell/status_line.h"
 #include "store/store_error.h"
 #include "support/planner_test.h"
 
-#include <QDateEdit>
 #include <QFile>
 #include <QLabel>
 #include <QPushButton>
@@ -42,6 +43,12 @@ class WeekBoardTest : public test::PlannerTest {
   }
   GridSurface& grid() { return *board_.findChild<GridSurface*>(u"Cell1"_qs); }
   QString label(const QString& name) { return board_.findChild<QLabel*>(name)->text(); }
+  QString statusLine() {
+    for (const auto* line : board_.findChildren<StatusLine*>()) {
+      if (line->isVisible()) return line->text();
+    }
+    return {};
+  }
   QString shown(int col, int row) { return grid().GetCellText(col, row); }
   qsizetype rowsOf(const QString& table) { return store_.open(table).count(); }
 
@@ -62,6 +69,17 @@ TEST_F(WeekBoardTest, OpensAtTodayWithPlansWeekNameAndMemo) {
   EXPECT_TRUE(prompts_.warnings.isEmpty());
 }
 
+TEST_F(WeekBoardTest, ShowsALongWeekNameAsItStandsWithoutGrowing) {
+  const QString name = u"<b>"_qs + QString(200, u'周');
+  schedule_.weekName(kMonday.addDays(7), kMonday.addDays(13), name);
+  open();
+  const int width = board_.minimumSizeHint().width();
+  click(u"Cm4"_qs);
+  EXPECT_EQ(label(u"Lmm"_qs), name);
+  EXPECT_EQ(board_.findChild<QLabel*>(u"Lmm"_qs)->textFormat(), Qt::PlainText);
+  EXPECT_EQ(board_.minimumSizeHint().width(), width);
+}
+
 TEST_F(WeekBoardTest, StepsByDayAndByWeek) {
   open();
   click(u"Cm4"_qs);
@@ -74,7 +92,7 @@ TEST_F(WeekBoardTest, StepsByDayAndByWeek) {
   click(u"Cm3"_qs);
   click(u"Cm1"_qs);
   EXPECT_EQ(board_.firstDay(), kMonday);
-  board_.findChild<QDateEdit*>(u"D1"_qs)->setDate(kMonday.addDays(1));
+  board_.findChild<DatePicker*>(u"D1"_qs)->setDate(kMonday.addDays(1));
   EXPECT_EQ(shown(7, 1), u"跑步\r要求"_qs);
 }
 
@@ -181,15 +199,25 @@ TEST_F(WeekBoardTest, WarnsAndKeepsTheRedrawFlagWhenARebuildFails) {
   EXPECT_EQ(shown(1, 1), u"读书\r要求"_qs);
 }
 
-TEST_F(WeekBoardTest, WarnsWhenAStepFailsAndStaysUsable) {
+TEST_F(WeekBoardTest, StaysAsItWasWhenAStepOrARebuildFailsAndSaysHowToTryAgain) {
   open();
   schedule_.sql(u"ALTER TABLE JH RENAME TO JH_away"_qs);
   click(u"Cm3"_qs);
   EXPECT_EQ(prompts_.warnings.size(), 1);
-  schedule_.sql(u"ALTER TABLE JH_away RENAME TO JH"_qs);
-  click(u"Cm2"_qs);
+  EXPECT_EQ(board_.firstDay(), kMonday) << "what is shown and what is picked agree";
+  EXPECT_EQ(label(u"Lxq"_qs), u"星期一"_qs);
+  board_.setRedrawFlag();
+  board_.RebuildBoard();
   EXPECT_EQ(shown(1, 1), u"读书\r要求"_qs);
-  EXPECT_EQ(prompts_.warnings.size(), 1);
+  EXPECT_EQ(grid().CellTag(1, 0), u"2007-03-05"_qs);
+  EXPECT_TRUE(statusLine().contains(u"F5"_qs));
+  schedule_.sql(u"ALTER TABLE JH_away RENAME TO JH"_qs);
+  schedule_.plan(kMonday.addDays(1), u"001"_qs, u"跑步"_qs);
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&board_));
+  QTest::keyClick(&board_, Qt::Key_F5);
+  EXPECT_EQ(shown(2, 1), u"跑步\r要求"_qs);
+  EXPECT_EQ(statusLine(), QString());
+  EXPECT_EQ(prompts_.warnings.size(), 2);
 }
 
 TEST_F(WeekBoardTest, TakesColumnWidthsFromItsTemplate) {

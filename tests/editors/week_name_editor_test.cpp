@@ -1,8 +1,7 @@
 #include "editors/week_name_editor.h"
 
 #include "editor_fixture.h"
-
-#include <QDateEdit>
+#include "shell/date_picker.h"
 
 namespace vellora {
 namespace {
@@ -50,7 +49,7 @@ TEST_F(WeekNameEditorTest, AnEmptyRowAlwaysFollowsTheList) {
 
 TEST_F(WeekNameEditorTest, AddedWeeksAreTakenBackByUndoAndNotByEscape) {
   open(editor_);
-  editor_.findChild<QDateEdit*>(u"DTP1"_qs)->setDate(QDate(2007, 12, 27));
+  editor_.findChild<DatePicker*>(u"DTP1"_qs)->setDate(QDate(2007, 12, 27));
   click(u"CmdBR"_qs);
   EXPECT_EQ(shown(1, 0), u"2008-01-02"_qs);
   press(Qt::Key_Escape);

@@ -5,12 +5,12 @@
 #include "app/start_up.h"
 #include "grid/surface/grid_surface.h"
 #include "sample_schedule.h"
+#include "shell/date_picker.h"
 #include "store/schema.h"
 #include "support/fixed_clock.h"
 #include "support/scripted_prompts.h"
 
 #include <QApplication>
-#include <QDateEdit>
 #include <QDir>
 #include <QLineEdit>
 #include <QListWidget>
@@ -130,7 +130,7 @@ void planATerm(QWidget& window) {
   int row = 0;
   while (!grid.GetCellText(0, row).isEmpty()) ++row;
   grid.SetCurrentCell(0, row);
-  control<QDateEdit>(window, u"DTP1"_qs).setDate(kToday.addDays(19));
+  control<DatePicker>(window, u"DTP1"_qs).setDate(kToday.addDays(19));
   place(window, u"List2"_qs, 0);
   type(window, 3, row, u"八公里"_qs);
   type(window, 4, row, u"1"_qs);

@@ -20,7 +20,7 @@ class ActivityPlanWindowTest : public test::WindowTest {
     window_.findChild<QLineEdit*>(box)->setText(count);
   }
   QString summary() { return window_.findChild<QPlainTextEdit*>(u"Text3"_qs)->toPlainText(); }
-  void pick(QDate date) { window_.findChild<QDateEdit*>(u"DTP1"_qs)->setDate(date); }
+  void pick(QDate date) { window_.findChild<DatePicker*>(u"DTP1"_qs)->setDate(date); }
 
   ActivityPlanWindow window_{state_};
 };

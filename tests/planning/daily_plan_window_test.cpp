@@ -80,13 +80,13 @@ TEST_F(DailyPlanWindowTest, MovingTheDateDropsWhatWasNotSaved) {
 
 TEST_F(DailyPlanWindowTest, ASaveRightAfterTypingADateIsOfTheShownDayAndThenTurnsToTheTypedOne) {
   open();
-  auto* picker = window_.findChild<QDateEdit*>(u"DTP1"_qs);
+  auto* picker = window_.findChild<DatePicker*>(u"DTP1"_qs);
   QDate shown = kToday;
   for (const bool byMouse : {true, false}) {
     doubleClick(window_, u"List1"_qs, 0);
     picker->setFocus();
-    picker->setSelectedSection(QDateTimeEdit::DaySection);
-    QTest::keyClicks(picker, byMouse ? u"19"_qs : u"26"_qs);
+    picker->selectAll();
+    QTest::keyClicks(picker, byMouse ? u"2007-3-19"_qs : u"2007-3-26"_qs);
     EXPECT_TRUE(isMarked(window_, 0)) << "the shown day stays until the date is complete";
     if (byMouse) click(window_, u"cmdSV"_qs);
     if (!byMouse) QTest::keyClick(picker, Qt::Key_S, Qt::AltModifier);
@@ -158,7 +158,8 @@ TEST_F(DailyPlanWindowTest, ADayThatCouldNotBeReadIsNotOverwritten) {
   click(window_, u"Command2"_qs);
   schedule_.sql(u"ALTER TABLE HJ RENAME TO JH"_qs);
   click(window_, u"cmdSV"_qs);
-  EXPECT_EQ(prompts_.warnings, QStringList{u"日程文件中没有表“活动计划”。"_qs}) << "cannot be saved";
+  EXPECT_EQ(prompts_.warnings, QStringList{u"日程文件中没有表“活动计划”（JH）。"_qs})
+      << "cannot be saved";
   EXPECT_EQ(saved(), QStringList{u"2007-03-06|002|读书|要求|1"_qs});
   click(window_, u"cmdOP"_qs);
   EXPECT_EQ(row(window_, 0), u"08:00-09:30/早读|读书|要求|1"_qs);

@@ -2,12 +2,12 @@
 
 #include "grid/surface/grid_surface.h"
 #include "saved_plans.h"
+#include "shell/date_picker.h"
 #include "shell/planner_window.h"
 #include "support/failing_disk.h"
 #include "support/planner_test.h"
 
 #include <QApplication>
-#include <QDateEdit>
 #include <QInputMethodEvent>
 #include <QLabel>
 #include <QLineEdit>

@@ -2,11 +2,11 @@
 
 #include "grid/surface/grid_surface.h"
 #include "program.h"
+#include "shell/date_picker.h"
 
 #include <QAbstractButton>
 #include <QCheckBox>
 #include <QComboBox>
-#include <QDateEdit>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
@@ -103,7 +103,7 @@ TEST_F(ScaledWindows, CutNoCaption) {
 
 TEST_F(ScaledWindows, ShowDatesAndCountsWhole) {
   lookAtEveryWindow([](QWidget& window) {
-    for (const auto* date : test::shown<QDateEdit>(window)) {
+    for (const auto* date : test::shown<DatePicker>(window)) {
       checkLine(*date->findChild<QLineEdit*>());
     }
     for (const auto& name : {u"Text1"_qs, u"Text4"_qs, u"TxtHDBH"_qs}) {

@@ -2,13 +2,17 @@
 
 #include "support/text_output.h"
 
+#include <QApplication>
+#include <QDialog>
 #include <QDir>
 #include <QFile>
+#include <QMenu>
 #include <QTemporaryDir>
 #include <QToolTip>
 
 #include <cmath>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 namespace vellora {
 namespace {
@@ -112,17 +116,23 @@ TEST(Skin, IsRefusedWholeWhenAnythingIsMissingOrUnreadable) {
   EXPECT_FALSE(loads(QByteArray(good).replace(": \"#", ": \"")));
   EXPECT_FALSE(loads("[]"));
   EXPECT_FALSE(loadSkin(folder.filePath(u"missing.skn"_qs)));
+  const QString pipe = folder.filePath(u"pipe.skn"_qs);
+  ASSERT_EQ(mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
+  EXPECT_FALSE(loadSkin(pipe));
 }
 
-TEST(Skin, IsPutOnWindowAndToolTipsUnlessItCannotBeLoaded) {
+TEST(Skin, IsPutOnTheWholeProgramUnlessItCannotBeLoaded) {
   QWidget window;
-  applySkin(skinFiles().value(1), window);
-  const QPalette before = window.palette();
-  const QPalette ofTips = QToolTip::palette();
-  EXPECT_EQ(ofTips.color(QPalette::ToolTipBase), before.color(QPalette::ToolTipBase));
-  applySkin(u"/nowhere/missing.skn"_qs, window);
-  EXPECT_EQ(window.palette(), before);
-  EXPECT_EQ(QToolTip::palette(), ofTips);
+  QDialog box(&window);
+  ASSERT_TRUE(applySkin(skinFiles().value(1), window));
+  const QPalette skin = loadSkin(skinFiles().value(1))->palette;
+  QMenu menu;
+  for (QWidget* each : std::initializer_list<QWidget*>{&window, &box, &menu}) {
+    EXPECT_EQ(each->palette().color(QPalette::Base), skin.color(QPalette::Base));
+  }
+  EXPECT_EQ(QToolTip::palette(), skin);
+  EXPECT_FALSE(applySkin(u"/nowhere/missing.skn"_qs, window));
+  EXPECT_EQ(QApplication::palette(), skin);
 }
 
 }  // namespace vellora

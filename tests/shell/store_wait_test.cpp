@@ -13,16 +13,13 @@
 namespace vellora {
 namespace {
 
-// A window in front whose schedule another program is saving to.
+// A schedule that another program is saving to, before there is any window.
 class StoreWaitTest : public testing::Test {
  protected:
   StoreWaitTest() {
     schedule_.fullDay(3);
     save_.emplace(other_);
     store_.setWait([this] { return wait_.goesOn(); });
-    window_.show();
-    window_.activateWindow();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(&window_));
     user_.start(1);
   }
 
@@ -41,7 +38,6 @@ class StoreWaitTest : public testing::Test {
   ScheduleStore other_{schedule_.path()};
   ScheduleStore store_{schedule_.path(), std::chrono::minutes(1)};
   std::optional<ScheduleStore::Transaction> save_;
-  QWidget window_;
   StoreWait wait_;
   QTimer user_;
   QString told_;
@@ -49,10 +45,21 @@ class StoreWaitTest : public testing::Test {
 
 }  // namespace
 
+// A slow turn of events outlasts the wait that it belongs to.
+TEST_F(StoreWaitTest, OutlivesItsOwnEndInTheMiddleOfATurn) {
+  whenTold([this](WorkDialog& dialog) {
+    user_.stop();
+    QTest::qWait(300);
+    EXPECT_FALSE(dialog.isVisible());
+    save_.reset();
+  });
+  EXPECT_EQ(deleteBlocks(), 3);
+}
+
 TEST_F(StoreWaitTest, TellsOfALongWaitUntilItIsOver) {
   whenTold([this](WorkDialog&) { save_.reset(); });
   EXPECT_EQ(deleteBlocks(), 3);
-  EXPECT_EQ(told_, u"另一个程序正在保存，请稍候……"_qs);
+  EXPECT_EQ(told_, u"另一个程序正在使用日程文件，正在等待……"_qs);
   EXPECT_TRUE(QTest::qWaitFor([] { return QApplication::activeModalWidget() == nullptr; }));
 }
 
@@ -60,6 +67,7 @@ TEST_F(StoreWaitTest, EndsTheWaitWhenTheUserGivesUp) {
   whenTold([](WorkDialog& dialog) { dialog.cancel(); });
   EXPECT_EQ(test::faultOf([this] { deleteBlocks(); }), StoreFault::Busy);
   EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+  EXPECT_EQ(test::faultOf([this] { deleteBlocks(); }), StoreFault::Busy) << "asked again";
   save_.reset();
   EXPECT_EQ(deleteBlocks(), 3);
 }

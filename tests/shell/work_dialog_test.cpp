@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QDeadlineTimer>
+#include <QTest>
 #include <QTimer>
 
 #include <gtest/gtest.h>
@@ -18,7 +19,7 @@ TEST(WorkDialog, ShowsHowFarLongWorkIsAndEndsItWhenTheUserCancels) {
   QObject::connect(&user, &QTimer::timeout, [&] {
     if (QApplication::activeModalWidget() != &dialog) return;
     seen = dialog.labelText();
-    dialog.cancel();
+    QTest::keyClick(&dialog, Qt::Key_Escape);
   });
   user.start(1);
   const QDeadlineTimer end(std::chrono::seconds(30));
@@ -27,6 +28,19 @@ TEST(WorkDialog, ShowsHowFarLongWorkIsAndEndsItWhenTheUserCancels) {
   };
   EXPECT_THROW(work(), WorkGivenUp);
   EXPECT_EQ(seen, QStringLiteral("正在保存… 3 / 10"));
+}
+
+TEST(WorkDialog, DoesNotEndWhatCannotBeStopped) {
+  WorkDialog dialog(nullptr);
+  const WorkProgress progress = dialog.progress();
+  const QDeadlineTimer end(std::chrono::seconds(30));
+  while (!dialog.isVisible() && !end.hasExpired()) {
+    report(progress, {QStringLiteral("正在保存…"), 0, 0, false});
+  }
+  QTest::keyClick(&dialog, Qt::Key_Escape);
+  dialog.close();
+  EXPECT_TRUE(dialog.isVisible());
+  EXPECT_FALSE(dialog.wasCanceled());
 }
 
 TEST(WorkDialog, StaysAwayFromQuickWork) {

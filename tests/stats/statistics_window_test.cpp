@@ -1,9 +1,9 @@
 #include "stats/statistics_window.h"
 
 #include "grid/surface/grid_surface.h"
+#include "shell/date_picker.h"
 #include "support/planner_test.h"
 
-#include <QDateEdit>
 #include <QLabel>
 #include <QPushButton>
 #include <QTest>
@@ -25,8 +25,8 @@ class StatisticsWindowTest : public test::PlannerTest {
   }
 
   void compute(QDate first, QDate last) {
-    window_.findChild<QDateEdit*>(u"D1"_qs)->setDate(first);
-    window_.findChild<QDateEdit*>(u"D2"_qs)->setDate(last);
+    window_.findChild<DatePicker*>(u"D1"_qs)->setDate(first);
+    window_.findChild<DatePicker*>(u"D2"_qs)->setDate(last);
     QTest::mouseClick(window_.findChild<QPushButton*>(u"Command1"_qs), Qt::LeftButton);
   }
   QString label(const QString& name) { return window_.findChild<QLabel*>(name)->text(); }
@@ -40,8 +40,8 @@ class StatisticsWindowTest : public test::PlannerTest {
 }  // namespace
 
 TEST_F(StatisticsWindowTest, OpensOnAMonthToEachSideWithoutFigures) {
-  EXPECT_EQ(window_.findChild<QDateEdit*>(u"D1"_qs)->date(), QDate(2007, 2, 28));
-  EXPECT_EQ(window_.findChild<QDateEdit*>(u"D2"_qs)->date(), QDate(2007, 4, 30));
+  EXPECT_EQ(window_.findChild<DatePicker*>(u"D1"_qs)->date(), QDate(2007, 2, 28));
+  EXPECT_EQ(window_.findChild<DatePicker*>(u"D2"_qs)->date(), QDate(2007, 4, 30));
   EXPECT_EQ(label(u"LbZSS"_qs), u"作息总时数"_qs);
   EXPECT_EQ(label(u"LbYS5"_qs), u"总用时"_qs);
   EXPECT_EQ(bar(5), 200);
