@@ -62,8 +62,7 @@ int trueCode(sqlite3* connection) {
   const int code = sqlite3_extended_errcode(connection);
   int systemError = sqlite3_system_errno(connection);
   const bool isFull = systemError == EDQUOT || systemError == ENOSPC;
-  const bool hasSystemError = (code & 0xFF) == SQLITE_IOERR || (code & 0xFF) == SQLITE_CANTOPEN;
-  if (hasSystemError && isFull) return SQLITE_FULL;
+  if ((code & 0xFF) == SQLITE_IOERR && isFull) return SQLITE_FULL;
   sqlite3_file_control(connection, "main", SQLITE_FCNTL_LAST_ERRNO, &systemError);
   const bool isDiskFailing = systemError == EIO || systemError == ENXIO;
   return (code & 0xFF) == SQLITE_CORRUPT && isDiskFailing ? SQLITE_IOERR_READ : code;

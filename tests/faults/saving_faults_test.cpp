@@ -68,7 +68,7 @@ TEST_F(Saving, LosesNothingOnAFullDisk) {
 
 TEST(AStore, SaysWhatTheDiskRefuses) {
   const std::pair<CallFault, StoreFault> cases[]{
-      {{.kind = Kind::FailsFromThenOn, .error = EDQUOT}, StoreFault::DiskFull},
+      {{.kind = Kind::WritesHalfThenFails, .error = EDQUOT}, StoreFault::DiskFull},
       {{.isUnreadable = true}, StoreFault::InputOutput}};
   test::ScheduleBuilder schedule;
   schedule.fullDay(20).fullPlan(QDate(2007, 3, 5), 300, 20, 3);
