@@ -115,7 +115,8 @@ void compare(SideBySide& table, const test::ScheduleBuilder& builder, const QStr
   RawDatabase raw(builder.path());
   Workbook workbook;
   table.compare(
-      "backing up 1,000,000 entries", [&] { BackupTables(store, workbook, path); },
+      "backing up 1,000,000 entries",
+      [&] { BackupTables(store, workbook, path, builder.folder()); },
       [&] {
         passOver(raw);
         decodeFile(path);
@@ -127,12 +128,12 @@ void compare(SideBySide& table, const test::ScheduleBuilder& builder, const QStr
       [&] { rawRestore.run(); }, 3, 1.7);
 }
 
-using Job = qint64 (*)(ScheduleStore&, Workbook&, const QString&, const WorkProgress&);
-
-void runTwice(Job job, const QString& schedule, const QString& path) {
+void runTwice(bool isBackup, const QString& schedule, const QString& path) {
   ScheduleStore store(schedule);
   Workbook shown;
-  for (int i = 0; i < 2; ++i) job(store, shown, path, {});
+  for (int i = 0; i < 2; ++i) {
+    isBackup ? BackupTables(store, shown, path, {}) : RestoreTables(store, shown, path);
+  }
 }
 
 double kibibytesOf(const char* program, const char* job, const QString& schedule,
@@ -179,8 +180,7 @@ void measure(const char* program) {
 int main(int count, char** arguments) {
   using namespace vellora;
   if (count == 4) {
-    const bool isBackup = qstrcmp(arguments[1], "backup") == 0;
-    bench::runTwice(isBackup ? &BackupTables : &RestoreTables, QString::fromUtf8(arguments[2]),
+    bench::runTwice(qstrcmp(arguments[1], "backup") == 0, QString::fromUtf8(arguments[2]),
                     QString::fromUtf8(arguments[3]));
   } else {
     bench::measure(arguments[0]);

@@ -1,39 +1,53 @@
 #pragma once
 
-#include "store/schedule_store.h"
+#include "store/schedule_check.h"
 
 #include <QString>
 
+#include <chrono>
+#include <condition_variable>
 #include <functional>
 #include <future>
 #include <memory>
 #include <mutex>
+#include <stop_token>
 
 namespace vellora {
 
-// Looks a whole schedule through for damage that nobody has met yet, on a connection and a thread
-// of its own: many years of plans take longer than a window may stall.
+// Looks a whole schedule through for damage on a thread of its own: many years of plans take longer
+// than a window may stall. The schedule is open, and closed to saves, only while it is read.
 class DamageLook {
  public:
-  DamageLook() = default;
+  // `tell` is called on the other thread, and only when the schedule is damaged. A look that could
+  // not come to its end is begun again after `pause`, some times; in the end that is told on
+  // standard error.
+  DamageLook(const QString& path, std::function<void()> tell,
+             std::chrono::milliseconds pause = std::chrono::seconds(5));
   // Ends a look that goes on.
   ~DamageLook();
   DamageLook(const DamageLook&) = delete;
   DamageLook& operator=(const DamageLook&) = delete;
 
-  // Does nothing when it has begun already. `tell` is called on the other thread, and only when the
-  // schedule is damaged.
-  void begin(const QString& path, const std::function<void()>& tell);
+  // Does nothing when it has begun already.
+  void begin();
+  // Lets a save that waits for the schedule go first. To be called until it does.
+  void makeWay();
+  bool isOver() const;
   // Waits for its end.
   void finish();
 
  private:
-  void open(const QString& path);
-  bool findsDamage(const QString& path);
-  void interrupt();
+  void run();
+  bool comesToAnEnd();
+  void setCheck(std::unique_ptr<ScheduleCheck> check);
 
-  std::mutex opening_;
-  std::unique_ptr<ScheduleStore> store_;
+  QString path_;
+  std::function<void()> tell_;
+  std::chrono::milliseconds pause_;
+  std::stop_source stop_;
+  std::mutex mutex_;
+  std::condition_variable_any pausing_;
+  std::unique_ptr<ScheduleCheck> check_;  // while the schedule is open
   std::future<void> look_;
 };
 

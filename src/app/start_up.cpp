@@ -10,6 +10,7 @@ namespace vellora {
 namespace {
 
 constexpr std::chrono::milliseconds kSettled(500);  // from the start on
+constexpr std::chrono::seconds kPatience(5);
 
 QString schedulePath(const QString& programDir) {
   return programDir + u"/SY.mdb"_qs;
@@ -24,9 +25,14 @@ QString readSkinPath(ScheduleStore& store, const QString& programDir) {
 }  // namespace
 
 StartUp::StartUp(const QString& programDir, Prompts& prompts, const Clock& clock)
-    : store_(schedulePath(programDir)),
-      state_{store_, prompts, clock, programDir, readSkinPath(store_, programDir), QString()} {
-  store_.setWait([this] { return wait_.goesOn(); });
+    : look_(schedulePath(programDir), [this] { tellOfDamage(); }),
+      store_(schedulePath(programDir), kPatience, [this] { return waitGoesOn(); }),
+      state_{store_, prompts, clock, programDir, readSkinPath(store_, programDir), QString()} {}
+
+// What is waited for may be this program's own look.
+bool StartUp::waitGoesOn() {
+  look_.makeWay();
+  return wait_.goesOn();
 }
 
 void StartUp::showBoard() {
@@ -40,22 +46,21 @@ void StartUp::showBoard() {
     board_->Show();
   }
   // The board comes first.
-  QTimer::singleShot(kSettled, board_.get(), [this] { lookForDamage(); });
+  QTimer::singleShot(kSettled, board_.get(), [this] { look_.begin(); });
   if (store_.isReadOnly()) {
     state_.prompts.warn(board_.get(),
                         u"日程文件或所在文件夹只能读取，不能写入，所做的更改将无法保存。"_qs);
   }
 }
 
-void StartUp::lookForDamage() {
-  look_.begin(schedulePath(state_.programDir), [this] {
-    QMetaObject::invokeMethod(
-        board_.get(), [this] { warnOfDamage(); }, Qt::QueuedConnection);
-  });
+// On the look's own thread.
+void StartUp::tellOfDamage() {
+  QMetaObject::invokeMethod(
+      &wait_, [this] { warnOfDamage(); }, Qt::QueuedConnection);
 }
 
 void StartUp::finishLook() {
-  lookForDamage();
+  look_.begin();
   look_.finish();
 }
 

@@ -12,7 +12,8 @@ namespace vellora {
 // The steps from an empty screen to the board, and what lives as long as the program.
 class StartUp {
  public:
-  // Opens programDir's schedule and reads the skin setting. Throws StoreError.
+  // Opens programDir's schedule, saying so where another program keeps it busy, and reads the skin
+  // setting. Throws StoreError.
   StartUp(const QString& programDir, Prompts& prompts, const Clock& clock);
 
   // Shows the splash window while the board is made, then the board, and says when nothing can be
@@ -26,14 +27,15 @@ class StartUp {
   WeekBoard& board() { return *board_; }
 
  private:
-  void lookForDamage();
+  bool waitGoesOn();
+  void tellOfDamage();
   void warnOfDamage();
 
   StoreWait wait_;
+  DamageLook look_;  // asked to make way from the opening of the store on
   ScheduleStore store_;
   ApplicationState state_;
   std::unique_ptr<WeekBoard> board_;
-  DamageLook look_;
 };
 
 }  // namespace vellora

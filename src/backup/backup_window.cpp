@@ -135,7 +135,7 @@ QString BackupWindow::file() const {
 void BackupWindow::backUp() {
   run({u"备份已正确完成, 共 %1 条记录 ！"_qs, u"数据未能正确备份！"_qs},
       [this](const WorkProgress& progress) {
-        return BackupTables(state().Db, grid_->workbook(), file(), progress);
+        return BackupTables(state().Db, grid_->workbook(), file(), state().programDir, progress);
       });
 }
 
@@ -166,7 +166,10 @@ QString BackupWindow::outcomeOf(const Wording& wording, const Job& job) {
   try {
     WorkDialog dialog(this);
     return wording.done.arg(job(dialog.progress()));
+  } catch (const WrittenFileError& error) {
+    return error.description();
   } catch (const StoreError& error) {
+    if (error.fault() == StoreFault::SavedDespiteError) return error.description();
     return failure(error.number(), error.description());
   } catch (const BackupError& error) {
     return failure(error.number(), error.description());

@@ -2,6 +2,7 @@
 
 #include "backup/backup_error.h"
 #include "backup/table_records.h"
+#include "grid/files/program_files.h"
 #include "grid/files/workbook_file.h"
 #include "store/schema_tables.h"
 
@@ -58,7 +59,8 @@ bool readsBack(const QString& path, const Workbook& workbook, const std::functio
 }  // namespace
 
 qint64 BackupTables(ScheduleStore& store, Workbook& workbook, const QString& path,
-                    const WorkProgress& progress) {
+                    const QString& programDir, const WorkProgress& progress) {
+  requireNoProgramFile(path, programDir);
   Workbook backup;
   SafeFile file(path);
   const qint64 total = readTables(store, backup, progress);

@@ -29,9 +29,10 @@ inline const QString& backedUpTable(int index) {
 
 // Replaces the file whole or not at all, and only after the new one was read back from the disk and
 // held what the schedule holds. Refuses a text without a value and whatever a restore would refuse.
-// `path` is one of the system's own. Other programs cannot save while the tables are read.
+// `path` is one of the system's own, but none of the planner's files in `programDir`. Other
+// programs cannot save while the tables are read.
 qint64 BackupTables(ScheduleStore& store, Workbook& workbook, const QString& path,
-                    const WorkProgress& progress = {});
+                    const QString& programDir, const WorkProgress& progress = {});
 
 // Replaces all five tables or none. Of a file with fewer sheets only the first tables are replaced.
 // Empty cells of date columns become no value; ID columns get new numbers.

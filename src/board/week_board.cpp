@@ -37,6 +37,7 @@ WeekBoard::WeekBoard(ApplicationState& state)
   setWindowTitle(programTitle());
   grid_->setObjectName(u"Cell1"_qs);
   grid_->setAccessibleName(u"周计划表"_qs);
+  grid_->setDocumentName([this]() -> QString { return u"日程表 "_qs + isoDate(firstDay()); });
   week_name_->setObjectName(u"Lmm"_qs);
   layOut();
   connect(days_, &DateStepper::dateChanged, this, &WeekBoard::fillAfterStep);
@@ -202,7 +203,6 @@ void WeekBoard::openCell(int col, int row) {
 
 // The preview comes first; the template then keeps the sizes the user dragged.
 void WeekBoard::print() {
-  grid_->setDocumentName(u"日程表 "_qs + isoDate(firstDay()));
   grid_->PrintBoard(true);
   try {
     grid_->SaveFile(templatePath());

@@ -1,6 +1,7 @@
 #include "store/cell.h"
 
 #include "routine/number_text.h"
+#include "routine/utf8_text.h"
 #include "store/moment.h"
 
 #include <QDateTime>
@@ -12,7 +13,7 @@ namespace vellora {
 namespace {
 
 QString decoded(std::string_view bytes) {
-  return QString::fromUtf8(bytes.data(), static_cast<qsizetype>(bytes.size()));
+  return textFromUtf8({bytes.data(), static_cast<qsizetype>(bytes.size())});
 }
 
 qint64 wholeNumber(double number) {

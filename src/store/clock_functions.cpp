@@ -1,5 +1,6 @@
 #include "store/clock_functions.h"
 
+#include "routine/utf8_text.h"
 #include "store/engine_error.h"
 #include "store/moment.h"
 
@@ -35,8 +36,7 @@ std::optional<ClockTime> storedClockTime(std::string_view text) {
 
 std::optional<ClockTime> clockTime(std::string_view text) {
   if (const std::optional<ClockTime> stored = storedClockTime(text)) return stored;
-  const auto moment =
-      readMoment(QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())));
+  const auto moment = readMoment(textFromUtf8({text.data(), static_cast<qsizetype>(text.size())}));
   if (!moment) return {};
   if (!moment->time.isValid()) return ClockTime{};
   return ClockTime{moment->time.hour(), moment->time.minute()};

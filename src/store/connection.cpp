@@ -72,8 +72,12 @@ bool lacksLeaveToWrite(sqlite3* connection, const QString& path) {
 
 }  // namespace
 
-Connection::Connection(const QString& path, std::chrono::milliseconds patience)
-    : patience_(patience), database_(openedDatabase(path)), statements_(database_.getHandle()) {
+Connection::Connection(const QString& path, std::chrono::milliseconds patience,
+                       std::function<bool()> waitGoesOn)
+    : patience_(patience),
+      waitGoesOn_(std::move(waitGoesOn)),
+      database_(openedDatabase(path)),
+      statements_(database_.getHandle()) {
   sqlite3_extended_result_codes(handle(), 1);
   sqlite3_busy_handler(handle(), &Connection::wait, this);
   distrust(handle());
@@ -82,6 +86,37 @@ Connection::Connection(const QString& path, std::chrono::milliseconds patience)
   run("PRAGMA journal_mode=DELETE");
   // Known only now that the file was looked into: a newer format may allow nothing but reading.
   isReadOnly_ = lacksLeaveToWrite(handle(), path);
+}
+
+void Connection::requireUnmoved() const {
+  if (isMoved(handle())) throw movedError(handle());
+}
+
+// Through the engine's own descriptor: closing another one would drop this process's locks.
+std::optional<quint32> Connection::saveCount() const {
+  constexpr int kPlace = 24;  // in the file's header
+  sqlite3_file* file = nullptr;
+  sqlite3_file_control(handle(), "main", SQLITE_FCNTL_FILE_POINTER, &file);
+  quint32 count = 0;
+  if (file == nullptr || file->pMethods == nullptr ||
+      file->pMethods->xRead(file, &count, sizeof(count), kPlace) != SQLITE_OK) {
+    return {};
+  }
+  return count;
+}
+
+// Reading first undoes what a save that failed earlier has left in the file.
+StoreError Connection::outcome(const StoreError& failure, std::optional<quint32> before) {
+  const bool isOfTheDisk =
+      failure.fault() == StoreFault::InputOutput || failure.fault() == StoreFault::DiskFull;
+  if (!isOfTheDisk || isInTransaction() || !before) return failure;
+  tryRun("SELECT count(*) FROM sqlite_schema");
+  const bool willBeUndone =
+      QFileInfo::exists(QString::fromStdString(database_.getFilename()) + u"-journal"_qs);
+  const std::optional<quint32> now = saveCount();
+  if (willBeUndone || !now || *now == *before) return failure;
+  return {StoreFault::SavedDespiteError,
+          u"内容已经写入日程文件，但磁盘随后报告了错误，请检查磁盘。"_qs};
 }
 
 void Connection::setPulse(std::function<bool()>* goesOn) {

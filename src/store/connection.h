@@ -1,6 +1,7 @@
 #pragma once
 
 #include "store/statement_cache.h"
+#include "store/store_error.h"
 
 #include <QElapsedTimer>
 #include <QString>
@@ -8,14 +9,17 @@
 #include <SQLiteCpp/Database.h>
 #include <chrono>
 #include <functional>
+#include <optional>
 
 namespace vellora {
 
 // The one open database behind a ScheduleStore. Everything throws StoreError.
 class Connection {
  public:
-  // Opens an existing file and never creates one. Another program that is writing is waited for.
-  Connection(const QString& path, std::chrono::milliseconds patience);
+  // Opens an existing file and never creates one. Another program that is writing is waited for,
+  // and meanwhile `waitGoesOn` is asked often; false ends the waiting.
+  Connection(const QString& path, std::chrono::milliseconds patience,
+             std::function<bool()> waitGoesOn = {});
   Connection(const Connection&) = delete;
   Connection& operator=(const Connection&) = delete;
 
@@ -26,7 +30,27 @@ class Connection {
   qint64 changeCount() const;  // rows changed since the file was opened
   qint64 lastInsertedRow() const;
 
-  // Asked often while another program is waited for; false ends the waiting.
+  // Throws StoreFault::FileMoved. Reading alone would not notice: the engine goes on with the file
+  // that it has opened.
+  void requireUnmoved() const;
+
+  // The number that every save to the file changes, read from the disk.
+  std::optional<quint32> saveCount() const;
+  // What is true after a save has failed: StoreFault::SavedDespiteError when the file has changed
+  // from `before` on, because only a step after the last write failed.
+  StoreError outcome(const StoreError& failure, std::optional<quint32> before);
+  // Runs a change that may be a save of its own; its failure is the outcome of that.
+  template <typename Change>
+  auto save(Change change) {
+    if (isInTransaction()) return change();
+    const std::optional<quint32> before = saveCount();
+    try {
+      return change();
+    } catch (const StoreError& failure) {
+      throw outcome(failure, before);
+    }
+  }
+
   void setWait(std::function<bool()> goesOn) { waitGoesOn_ = std::move(goesOn); }
   // Asked every few milliseconds of a statement; false ends it with WorkGivenUp. Null for nothing.
   void setPulse(std::function<bool()>* goesOn);
@@ -43,8 +67,8 @@ class Connection {
   bool waitsOn(int timesWaited);
 
   std::chrono::milliseconds patience_;
-  QElapsedTimer waiting_;
   std::function<bool()> waitGoesOn_;
+  QElapsedTimer waiting_;
   SQLite::Database database_;
   StatementCache statements_;
   bool isReadOnly_ = false;

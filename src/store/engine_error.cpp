@@ -3,6 +3,7 @@
 #include "store/schema_tables.h"
 
 #include <array>
+#include <cerrno>
 #include <sqlite3.h>
 
 namespace vellora {
@@ -40,6 +41,31 @@ const CodeMeaning* meaningOf(int code) {
     if (meaning.code == code || meaning.code == (code & 0xFF)) return &meaning;
   }
   return nullptr;
+}
+
+bool isTroubleWithTheFile(int code) {
+  switch (code & 0xFF) {
+    case SQLITE_READONLY:
+    case SQLITE_IOERR:
+    case SQLITE_CANTOPEN:
+    case SQLITE_CORRUPT:
+    case SQLITE_NOTADB:
+      return true;
+    default:
+      return false;
+  }
+}
+
+// The code of the last failure, put right where the engine's own misleads: it calls a file damaged
+// that the disk did not let it read, and knows no quota.
+int trueCode(sqlite3* connection) {
+  const int code = sqlite3_extended_errcode(connection);
+  int systemError = sqlite3_system_errno(connection);
+  const bool isFull = systemError == EDQUOT || systemError == ENOSPC;
+  if ((code & 0xFF) == SQLITE_IOERR && isFull) return SQLITE_FULL;
+  sqlite3_file_control(connection, "main", SQLITE_FCNTL_LAST_ERRNO, &systemError);
+  const bool isDiskFailing = systemError == EIO || systemError == ENXIO;
+  return (code & 0xFF) == SQLITE_CORRUPT && isDiskFailing ? SQLITE_IOERR_READ : code;
 }
 
 // What follows a fixed beginning of the engine's message; null when it begins otherwise.
@@ -90,9 +116,22 @@ StoreError engineError(int code, const QString& message) {
   return {StoreFault::Other, u"日程文件出错（%1：%2）。"_qs.arg(code).arg(message)};
 }
 
+bool isMoved(sqlite3* connection) {
+  int moved = 0;
+  sqlite3_file_control(connection, "main", SQLITE_FCNTL_HAS_MOVED, &moved);
+  return moved != 0;
+}
+
+StoreError movedError(sqlite3* connection) {
+  return {StoreFault::FileMoved,
+          u"日程文件“%1”已被移动、替换或删除。请把它放回原处，或重新启动程序。"_qs.arg(
+              QString::fromUtf8(sqlite3_db_filename(connection, "main")))};
+}
+
 StoreError engineError(sqlite3* connection) {
-  return engineError(sqlite3_extended_errcode(connection),
-                     QString::fromUtf8(sqlite3_errmsg(connection)));
+  const int code = trueCode(connection);
+  if (isTroubleWithTheFile(code) && isMoved(connection)) return movedError(connection);
+  return engineError(code, QString::fromUtf8(sqlite3_errmsg(connection)));
 }
 
 }  // namespace vellora

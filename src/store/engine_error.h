@@ -13,7 +13,11 @@ inline constexpr const char* kNotATime = "not a time: ";
 // message, from which missing names are taken.
 StoreError engineError(int code, const QString& message);
 
-// The same for the last failure on a connection.
+// The same for the last failure on a connection; StoreFault::FileMoved where that explains it.
 StoreError engineError(sqlite3* connection);
+
+// Whether the path leads no longer to the file that the connection has opened.
+bool isMoved(sqlite3* connection);
+StoreError movedError(sqlite3* connection);
 
 }  // namespace vellora

@@ -34,9 +34,11 @@ StoredRow returnedRow(const PreparedStatement& statement) {
 }
 
 // Runs a statement that touches one row or none. The row counts once the run has ended well.
-std::optional<StoredRow> run(PreparedStatement& statement) {
+std::optional<StoredRow> run(Connection& connection, PreparedStatement& statement) {
   std::optional<StoredRow> stored;
-  while (statement.step()) stored = returnedRow(statement);
+  connection.save([&] {
+    while (statement.step()) stored = returnedRow(statement);
+  });
   return stored;
 }
 
@@ -59,14 +61,14 @@ StoredRow RowWriter::insert(const ColumnChanges& changes) {
   PreparedStatement& statement = prepared(readInsertion_, changes, &RowWriter::readInsertion);
   const StatementRun statementRun(statement);
   bindValues(statement, changes);
-  return run(statement).value();
+  return run(connection_, statement).value();
 }
 
 qint64 RowWriter::insertUnread(const ColumnChanges& changes) {
   PreparedStatement& statement = prepared(insertion_, changes, &RowWriter::insertion);
   const StatementRun statementRun(statement);
   bindValues(statement, changes);
-  run(statement);
+  run(connection_, statement);
   return connection_.lastInsertedRow();
 }
 
@@ -75,7 +77,7 @@ StoredRow RowWriter::update(const RowArena& rows, qsizetype row, const ColumnCha
   PreparedStatement& statement = prepared(change_, different, &RowWriter::change);
   const StatementRun statementRun(statement);
   bindIdentity(statement, bindValues(statement, different), rows, row);
-  const std::optional<StoredRow> stored = run(statement);
+  const std::optional<StoredRow> stored = run(connection_, statement);
   if (!stored) throw rowChanged();
   return *stored;
 }
@@ -85,7 +87,7 @@ void RowWriter::remove(const RowArena& rows, qsizetype row) {
   const StatementRun statementRun(statement);
   bindIdentity(statement, 1, rows, row);
   const qint64 before = connection_.changeCount();
-  run(statement);
+  run(connection_, statement);
   if (connection_.changeCount() == before) throw rowChanged();
 }
 

@@ -10,8 +10,9 @@
 
 namespace vellora {
 
-ScheduleStore::ScheduleStore(const QString& path, std::chrono::milliseconds patience)
-    : connection_(std::make_unique<Connection>(path, patience)) {
+ScheduleStore::ScheduleStore(const QString& path, std::chrono::milliseconds patience,
+                             std::function<bool()> waitGoesOn)
+    : connection_(std::make_unique<Connection>(path, patience, std::move(waitGoesOn))) {
   requireSchema(*connection_);
   requireWholeFile(*connection_, path);
   addMissingIndices(*connection_);
@@ -25,8 +26,10 @@ qint64 ScheduleStore::execute(const QString& statement) {
   const StatementRun run(prepared);
   literals.bindTo(prepared);
   const qint64 before = connection_->changeCount();
-  while (prepared.step()) {
-  }
+  connection_->save([&] {
+    while (prepared.step()) {
+    }
+  });
   return connection_->changeCount() - before;
 }
 
@@ -40,14 +43,6 @@ RowCursor ScheduleStore::readOnce(const QString& tableOrSelect) {
 
 bool ScheduleStore::isReadOnly() const {
   return connection_->isReadOnly();
-}
-
-bool ScheduleStore::isSound() const {
-  return vellora::isSound(*connection_);
-}
-
-void ScheduleStore::interrupt() {
-  sqlite3_interrupt(connection_->handle());
 }
 
 void ScheduleStore::setWait(std::function<bool()> goesOn) {
@@ -69,7 +64,9 @@ ScheduleStore::Transaction::Transaction(ScheduleStore& store)
     throw StoreError(StoreFault::Other, u"上一次保存还没有结束，不能开始新的保存。"_qs);
   }
   if (connection_->isReadOnly()) throw engineError(SQLITE_READONLY, {});  // BEGIN would not mind
+  connection_->requireUnmoved();
   connection_->run("BEGIN IMMEDIATE");
+  before_ = connection_->saveCount();
 }
 
 ScheduleStore::Transaction::~Transaction() {
@@ -80,7 +77,11 @@ ScheduleStore::Transaction::~Transaction() {
 
 void ScheduleStore::Transaction::commit() {
   if (connection_ == nullptr) return;
-  connection_->run("COMMIT");
+  try {
+    connection_->run("COMMIT");
+  } catch (const StoreError& failure) {
+    throw connection_->outcome(failure, before_);
+  }
   connection_ = nullptr;
 }
 
@@ -90,6 +91,7 @@ ScheduleStore::ReadTransaction::ReadTransaction(ScheduleStore& store)
     connection_ = nullptr;
     return;
   }
+  connection_->requireUnmoved();
   connection_->run("BEGIN");
 }
 

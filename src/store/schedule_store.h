@@ -9,6 +9,7 @@
 #include <chrono>
 #include <functional>
 #include <memory>
+#include <optional>
 
 namespace vellora {
 
@@ -20,9 +21,11 @@ class ScheduleStore {
  public:
   // Opens an existing schedule, checks that all six tables and their columns are there, and adds
   // the planner's indices where they are missing. Never creates a file. `patience` is how long a
-  // program that is writing is waited for before StoreFault::Busy.
+  // program that is writing is waited for before StoreFault::Busy, and `waitGoesOn` is what setWait
+  // takes, from the opening on.
   explicit ScheduleStore(const QString& path,
-                         std::chrono::milliseconds patience = std::chrono::seconds(5));
+                         std::chrono::milliseconds patience = std::chrono::seconds(5),
+                         std::function<bool()> waitGoesOn = {});
   ~ScheduleStore();
   ScheduleStore(const ScheduleStore&) = delete;
   ScheduleStore& operator=(const ScheduleStore&) = delete;
@@ -38,11 +41,6 @@ class ScheduleStore {
 
   // True when the file or its folder does not let this program save.
   bool isReadOnly() const;
-
-  // Reads the whole file, for damage that nobody has met yet: 25 ms for twenty years of plans.
-  bool isSound() const;
-  // Ends what another thread is doing on this store, with WorkGivenUp there.
-  void interrupt();
 
   // Asked again and again while a program that is writing is waited for; false ends the waiting
   // with StoreFault::Busy. What is asked must keep off the store.
@@ -65,6 +63,10 @@ class ScheduleStore {
   // Makes everything until commit() one change: all of it or none. Rolled back by the destructor
   // when commit() was not reached or failed. Other programs that want to save wait from its start.
   // Transactions do not nest.
+  //
+  // commit() tells what is true: it throws StoreFault::SavedDespiteError when everything is in the
+  // file although the disk refused the last step, for example to remove the journal for good. After
+  // any other fault nothing is saved. Changes outside of a transaction tell the same.
   class Transaction {
    public:
     explicit Transaction(ScheduleStore& store);
@@ -74,12 +76,14 @@ class ScheduleStore {
     void commit();
 
    private:
-    Connection* connection_;  // null after commit()
+    Connection* connection_;         // null after commit()
+    std::optional<quint32> before_;  // the file's number of saves
   };
 
   // Keeps one view of the database for many look-ups, which is several times faster than reading
   // them one by one. Inside another transaction it joins that one; otherwise what is written while
   // it lives is not saved. Other copies of the program cannot save while it lives: keep it short.
+  // Both kinds of transaction throw StoreFault::FileMoved at their start.
   class ReadTransaction {
    public:
     explicit ReadTransaction(ScheduleStore& store);

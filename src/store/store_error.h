@@ -25,7 +25,9 @@ enum class StoreFault {
   Damaged,
   Other,
   NotANumber,
-  RowChanged,  // another set or another program changed or deleted the row meanwhile
+  RowChanged,         // another set or another program changed or deleted the row meanwhile
+  FileMoved,          // the path leads no longer to the file that was opened
+  SavedDespiteError,  // the last step of the save failed, but what it wrote is in the file
 };
 
 // Any failure of the store. The description is one plain Chinese sentence made for the user.

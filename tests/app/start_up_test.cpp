@@ -5,7 +5,6 @@
 #include "support/fixed_clock.h"
 #include "support/schedule_builder.h"
 #include "support/scripted_prompts.h"
-#include "support/store_fault.h"
 #include "support/text_output.h"
 
 #include <QCoreApplication>
@@ -60,39 +59,6 @@ TEST_F(StartUpTest, ShowsTheBoardWithoutAWordWhenTheSkinIsMissing) {
   EXPECT_TRUE(startUp.board().isVisible());
   EXPECT_EQ(startUp.board().findChild<GridSurface*>()->Rows(), 4);
   EXPECT_TRUE(prompts_.warnings.isEmpty());
-}
-
-TEST_F(StartUpTest, RefusesAMissingScheduleAndCreatesNone) {
-  const QTemporaryDir empty;
-  const auto start = [&] { StartUp startUp(empty.path(), prompts_, clock_); };
-  EXPECT_EQ(test::faultOf(start), StoreFault::FileMissing);
-  EXPECT_FALSE(QFile::exists(empty.filePath(u"SY.mdb"_qs)));
-}
-
-TEST_F(StartUpTest, RefusesWhatIsNoScheduleInChineseAndLeavesItAsItWas) {
-  const QByteArray whole = contentOf(schedule_.path());
-  const QByteArray contents[]{QByteArray(), "no database at all", whole.first(whole.size() / 2),
-                              QByteArray(whole.size(), 'x')};
-  const QTemporaryDir folder;
-  const QString path = folder.filePath(u"SY.mdb"_qs);
-  for (const auto& content : contents) {
-    write(path, content);
-    const QString said =
-        test::descriptionOf([&] { StartUp startUp(folder.path(), prompts_, clock_); });
-    EXPECT_TRUE(said.endsWith(u'。')) << said.toStdString();
-    EXPECT_EQ(contentOf(path), content);
-  }
-}
-
-TEST_F(StartUpTest, NamesAMissingTableOrColumn) {
-  const auto said = [&] {
-    return test::descriptionOf([&] { StartUp startUp(schedule_.folder(), prompts_, clock_); });
-  };
-  schedule_.sql(u"ALTER TABLE MM RENAME TO MM_away"_qs);
-  EXPECT_TRUE(said().contains(u"“每周命名”（MM）"_qs)) << said().toStdString();
-  schedule_.sql(u"ALTER TABLE MM_away RENAME TO MM"_qs);
-  schedule_.sql(u"ALTER TABLE HD DROP COLUMN SFWC"_qs);
-  EXPECT_TRUE(said().contains(u"“状态”（SFWC）"_qs)) << said().toStdString();
 }
 
 TEST_F(StartUpTest, SaysAtOnceThatNothingCanBeSaved) {

@@ -2,6 +2,7 @@
 
 #include "backup/backup_error.h"
 #include "grid/files/workbook_file.h"
+#include "store/statements.h"
 #include "store/store_error.h"
 #include "support/failing_disk.h"
 #include "support/file_size_limit.h"
@@ -13,6 +14,7 @@
 
 #include <gtest/gtest.h>
 #include <sqlite3.h>
+#include <unistd.h>
 
 namespace vellora {
 namespace {
@@ -25,13 +27,13 @@ class TableBackupTest : public testing::Test {
   void fill() {
     schedule_.fullDay(3).items(10).fullPlan(kDay, 13, 3, 10);
     schedule_.plan(kDay.addDays(20), u"00'1"_qs, u"读 '#[书]% 𠮷"_qs, u"一\r\n二\t"_qs, 0);
-    schedule_.memo(kDay, QString(300, u'长')).memo(kDay.addDays(1), u""_qs);
+    schedule_.memo(kDay, u"\uFEFF\uFEFF"_qs + QString(300, u'长')).memo(kDay.addDays(1), u""_qs);
     for (int i = 0; i < 4; ++i) schedule_.weekName(kDay, kDay.addDays(i), u"001"_qs);
   }
   void clear() {
     for (const auto& table : backedUpTables()) store_.execute(u"DELETE * FROM "_qs + table);
   }
-  void backUp() { BackupTables(store_, workbook_, path_); }
+  void backUp() { BackupTables(store_, workbook_, path_, schedule_.folder()); }
   qint64 restore() { return RestoreTables(store_, workbook_, path_); }
   // The reason of a BackupError; "" without one.
   template <typename Operation>
@@ -65,7 +67,7 @@ class TableBackupTest : public testing::Test {
 
 TEST_F(TableBackupTest, WritesOneNamedSheetPerTableInTheTablesOwnOrder) {
   fill();
-  EXPECT_EQ(BackupTables(store_, workbook_, path_), 59);
+  EXPECT_EQ(BackupTables(store_, workbook_, path_, schedule_.folder()), 59);
   const Workbook file = readWorkbookFile(path_);
   EXPECT_EQ(file.SheetCount(), 6);
   for (int k = 0; k < 5; ++k) EXPECT_EQ(file.SheetName(k), backedUpTables()[std::size_t(k)]);
@@ -88,6 +90,28 @@ TEST_F(TableBackupTest, RestoresEveryRowOfABackup) {
   schedule_.memo(kDay, u"后来写的"_qs);
   EXPECT_EQ(restore(), 59);
   EXPECT_EQ(test::dumpOf(store_), before);
+  EXPECT_TRUE(store_.open(statements::memoOn(kDay)).text(u"Memo").startsWith(u"\uFEFF\uFEFF长"));
+}
+
+TEST_F(TableBackupTest, IsNeverWrittenOverTheProgramsOwnFiles) {
+  fill();
+  const QDir program(schedule_.folder());
+  program.mkdir(u"甲"_qs);
+  ASSERT_TRUE(QFile::link(schedule_.path(), folder_.path(u"link"_qs)));
+  ASSERT_EQ(
+      ::link(schedule_.path().toUtf8().constData(), folder_.path(u"hard"_qs).toUtf8().constData()),
+      0);
+  for (const QString& path :
+       {schedule_.path(), program.filePath(u"甲/../SY.mdb"_qs), folder_.path(u"link"_qs),
+        folder_.path(u"hard"_qs), program.filePath(u"甲/../SY.mdb-journal"_qs),
+        program.filePath(u"JH.ZRT"_qs), program.filePath(u"KTZ0.SKN"_qs),
+        program.filePath(u"vellora"_qs)}) {
+    const bool wasThere = QFile::exists(path);
+    EXPECT_THROW(BackupTables(store_, workbook_, path, schedule_.folder()), FileError)
+        << path.toStdString();
+    EXPECT_EQ(QFile::exists(path), wasThere);
+  }
+  EXPECT_EQ(BackupTables(store_, workbook_, program.filePath(u"a.KTZ"_qs), program.path()), 59);
 }
 
 TEST_F(TableBackupTest, EmptiesATableWhoseSheetIsEmpty) {
@@ -104,7 +128,7 @@ TEST_F(TableBackupTest, NumbersRowsAnewAndLeavesOtherKindsOut) {
       u" MM VARCHAR(255), Weight DOUBLE, Fixed BOOLEAN, Depth SMALLINT)"_qs);
   schedule_.sql(u"INSERT INTO MM VALUES (7, '2007-03-05', NULL, '周', 2.5, 1, -3)"_qs);
   ScheduleStore store = schedule_.store();
-  BackupTables(store, workbook_, path_);
+  BackupTables(store, workbook_, path_, schedule_.folder());
   EXPECT_EQ(workbook_.sheetAt(4).GetCellText(0, 0), QString());
   RestoreTables(store, workbook_, path_);
   RowCursor row = store.readOnce(u"MM"_qs);
@@ -154,7 +178,7 @@ TEST_F(TableBackupTest, KeepsTheOldFileWhenTheNewOneReadsBackWrong) {
   writeWorkbookFile(Workbook(), otherPath);
   for (const QByteArray& kept : {QByteArray(), test::bytesOf(otherPath), otherCell}) {
     const QString reason = refusalOf([&] {
-      BackupTables(store_, workbook_, path_, [&](const WorkStep& step) {
+      BackupTables(store_, workbook_, path_, schedule_.folder(), [&](const WorkStep& step) {
         if (step.what.contains(u"核对")) test::writeBytes(unfinishedFile(), kept);
         return true;
       });
@@ -284,7 +308,7 @@ TEST_F(TableBackupTest, LeavesNoTraceWhereverItIsGivenUp) {
     for (int last = 0; last < 100; ++last) {
       int step = 0;
       try {
-        job(store_, workbook_, path_, [&](const WorkStep&) { return ++step <= last; });
+        job([&](const WorkStep&) { return ++step <= last; });
         return last;
       } catch (const WorkGivenUp&) {
         EXPECT_EQ(test::dumpOf(store_), rows) << "given up at step " << last;
@@ -294,8 +318,12 @@ TEST_F(TableBackupTest, LeavesNoTraceWhereverItIsGivenUp) {
     }
     return 100;
   };
-  EXPECT_EQ(stops(RestoreTables), 11) << "the file read; five tables emptied and filled";
-  EXPECT_EQ(stops(BackupTables), 7) << "five tables read; the file read back and compared";
+  const auto restore = [this](const auto& step) { RestoreTables(store_, workbook_, path_, step); };
+  const auto backUp = [this](const auto& step) {
+    BackupTables(store_, workbook_, path_, schedule_.folder(), step);
+  };
+  EXPECT_EQ(stops(restore), 11) << "the file read; five tables emptied and filled";
+  EXPECT_EQ(stops(backUp), 7) << "five tables read; the file read back and compared";
 }
 
 }  // namespace vellora

@@ -139,6 +139,15 @@ ssize_t pwrite(int descriptor, const void* bytes, size_t count, off_t offset) {
   return pwrite64(descriptor, bytes, count, offset);
 }
 
+ssize_t pread64(int descriptor, void* bytes, size_t count, off64_t offset) {
+  if (planned.isUnreadable) return failWith(EIO), -1;
+  return syscall(SYS_pread64, descriptor, bytes, count, offset);
+}
+
+ssize_t pread(int descriptor, void* bytes, size_t count, off_t offset) {
+  return pread64(descriptor, bytes, count, offset);
+}
+
 // The disk itself is not waited for: nothing here cuts the power.
 int fsync(int descriptor) {
   return isRefused(descriptor) ? -1 : 0;

@@ -27,6 +27,7 @@ struct CallFault {
   // Bytes by which files can still grow before the disk is full.
   qint64 room = std::numeric_limits<qint64>::max();
   bool isReadOnly = false;
+  bool isUnreadable = false;  // from now on
 };
 
 // From now on.

@@ -1,4 +1,6 @@
 #include "faults/saving_test.h"
+#include "support/store_fault.h"
+#include "support/text_output.h"
 
 #include <cerrno>
 #include <random>
@@ -61,6 +63,23 @@ TEST_F(Saving, LosesNothingOnAFullDisk) {
     qint64 room = 0;
     while (!HasFailure() && meets({.room = room})) room += kStep;
     EXPECT_GT(room, 0) << job.name;
+  }
+}
+
+TEST(AStore, SaysWhatTheDiskRefuses) {
+  const std::pair<CallFault, StoreFault> cases[]{
+      {{.kind = Kind::WritesHalfThenFails, .error = EDQUOT}, StoreFault::DiskFull},
+      {{.isUnreadable = true}, StoreFault::InputOutput}};
+  test::ScheduleBuilder schedule;
+  schedule.fullDay(20).fullPlan(QDate(2007, 3, 5), 300, 20, 3);
+  for (const auto& [refused, fault] : cases) {
+    const auto met = test::endOf([&, refuse = refused] {
+      ScheduleStore store = schedule.store();
+      test::breakCalls(refuse);
+      const auto found = test::faultOf([&] { store.execute(u"DELETE * FROM JH"_qs); });
+      return static_cast<int>(found.value_or(StoreFault::Other));
+    });
+    EXPECT_EQ(met.code, static_cast<int>(fault));
   }
 }
 

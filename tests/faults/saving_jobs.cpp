@@ -147,7 +147,7 @@ void restore(const QString& folder) {
 void backUpTo(const QString& folder, const char16_t* name) {
   ScheduleStore store = storeIn(folder);
   Workbook workbook;
-  BackupTables(store, workbook, pathIn(folder, name));
+  BackupTables(store, workbook, pathIn(folder, name), folder);
 }
 
 void replaceBackup(const QString& folder) {
@@ -216,7 +216,7 @@ void fillSchedule(ScheduleBuilder& schedule) {
   other.fullDay(9).items(5).fullPlan(kMonday.addDays(2), 8, 8, 5).memo(kMonday, u"别的"_qs);
   Workbook workbook;
   ScheduleStore store = other.store();
-  BackupTables(store, workbook, pathIn(schedule.folder(), u"别的.KTZ"));
+  BackupTables(store, workbook, pathIn(schedule.folder(), u"别的.KTZ"), schedule.folder());
   for (const char16_t* name : {u"旧.KTZ", u"表.HTM", u"表.xls", u"JH.ZRT"}) {
     writeWorkbookFile(workbook, pathIn(schedule.folder(), name));
   }

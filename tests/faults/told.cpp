@@ -27,7 +27,9 @@ Told toldBy(const std::function<void()>& work) {
     work();
     return kDone;
   } catch (const StoreError& error) {
-    return refusal(error);
+    return error.fault() == StoreFault::SavedDespiteError ? kDoneDespiteAnError : refusal(error);
+  } catch (const WrittenFileError&) {
+    return kDoneDespiteAnError;
   } catch (const FileError& error) {
     return refusal(error);
   } catch (const BackupError& error) {

@@ -7,7 +7,7 @@
 namespace vellora::test {
 
 // What a child tells of its work as its result.
-enum Told { kDone, kRefused, kRefusedWithoutAReason, kOther };
+enum Told { kDone, kRefused, kRefusedWithoutAReason, kOther, kDoneDespiteAnError };
 
 // Whether it is a sentence for the user.
 bool isChinese(const QString& description);

@@ -212,6 +212,9 @@ TEST(Opening, WaitsForAnotherProgramOnlySoLong) {
   SQLite::Database other(builder.path().toStdString(), SQLite::OPEN_READWRITE);
   other.exec("BEGIN EXCLUSIVE");
   EXPECT_EQ(openingFault(builder.path()), StoreFault::Busy);
+  const auto giveUp = [] { return false; };
+  EXPECT_EQ(faultOf([&] { const ScheduleStore s(builder.path(), std::chrono::hours(1), giveUp); }),
+            StoreFault::Busy);
   other.exec("COMMIT");
   EXPECT_EQ(openingFault(builder.path()), std::nullopt);
 }

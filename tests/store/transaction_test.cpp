@@ -133,6 +133,21 @@ TEST(Transaction, WaitsNoLongerThanItIsAllowedTo) {
   EXPECT_EQ(asked, 3);
 }
 
+TEST(Transaction, NoticesThatTheScheduleWasReplacedOrIsGone) {
+  const ScheduleBuilder builder;
+  ScheduleStore store(builder.path());
+  ASSERT_TRUE(QFile::rename(builder.path(), builder.folder() + u"/old.mdb"));
+  const auto isMoved = [&] {
+    return faultOf([&] { const ScheduleStore::ReadTransaction view(store); }) ==
+               StoreFault::FileMoved &&
+           faultOf([&] { replaceBlocks(store, 1); }) == StoreFault::FileMoved &&
+           faultOf([&] { store.execute(statements::deletePlans()); }) == StoreFault::FileMoved;
+  };
+  EXPECT_TRUE(isMoved());
+  ASSERT_TRUE(QFile::copy(builder.folder() + u"/old.mdb", builder.path()));
+  EXPECT_TRUE(isMoved());
+}
+
 TEST(Watch, EndsALongStatementWithoutATrace) {
   ScheduleBuilder builder;
   builder.fullDay(50).fullPlan(kDay, 600, 50, 1);

@@ -1,5 +1,7 @@
 #include "grid/files/cbor_input.h"
 
+#include <QStringDecoder>
+
 #include <algorithm>
 #include <cstring>
 #include <limits>
@@ -9,6 +11,14 @@ namespace {
 
 void require(bool condition) {
   if (!condition) throw MalformedContent();
+}
+
+QString unicodeText(const QByteArray& bytes) {
+  QStringDecoder decoder(QStringDecoder::Utf8,
+                         QStringDecoder::Flag::ConvertInitialBom | QStringDecoder::Flag::Stateless);
+  QString text = decoder(bytes);
+  require(!decoder.hasError());
+  return text;
 }
 
 }  // namespace
@@ -60,21 +70,17 @@ QString CborInput::text(qint64 maxBytes) {
     return text;
   }
   require(reader_.isString());
-  requireLength(maxBytes);
-  QString text;
-  auto piece = reader_.readString();
-  for (; piece.status == QCborStreamReader::Ok; piece = reader_.readString()) text += piece.data;
-  require(piece.status == QCborStreamReader::EndOfString);
-  return text;
+  return unicodeText(bytes(maxBytes));
 }
 
+// Of a text as well, which the reader itself would give without a mark of byte order at its
+// beginning.
 QByteArray CborInput::bytes(qint64 maxBytes) {
   requireLength(maxBytes);
-  QByteArray bytes;
-  auto piece = reader_.readByteArray();
-  for (; piece.status == QCborStreamReader::Ok; piece = reader_.readByteArray()) {
-    bytes += piece.data;
-  }
+  QByteArray bytes(static_cast<qsizetype>(reader_.length()), Qt::Uninitialized);
+  auto piece = reader_.readStringChunk(bytes.data(), bytes.size());
+  require(piece.status == QCborStreamReader::Ok && piece.data == bytes.size());
+  piece = reader_.readStringChunk(bytes.data(), bytes.size());
   require(piece.status == QCborStreamReader::EndOfString);
   return bytes;
 }

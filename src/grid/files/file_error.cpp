@@ -43,6 +43,9 @@ QString FileError::description() const {
   return QString::fromUtf8(what());
 }
 
+WrittenFileError::WrittenFileError(const QString& path)
+    : FileError(u"文件“%1”已经写好，但磁盘随后报告了错误，请检查磁盘。"_qs.arg(path)) {}
+
 FileError cannotWrite(const QString& path, int systemError) {
   return FileError(u"无法写入文件“%1”：%2。"_qs.arg(path, reason(systemError)));
 }

@@ -122,7 +122,7 @@ void SafeFile::syncFolder() const {
   if (folder < 0) return;  // may be closed for reading; the new file itself is on the disk
   const int error = ::fsync(folder) == 0 ? 0 : errno;
   ::close(folder);
-  if (error != 0 && error != EINVAL) throw cannotWrite(path_, error);
+  if (error != 0 && error != EINVAL) throw WrittenFileError(path_);
 }
 
 void SafeFile::fail(int systemError) {

@@ -12,6 +12,8 @@ namespace vellora {
 // Without commit() the destructor removes it and the old file stays. What a killed program left
 // there is removed by the next that writes into the folder.
 //
+// Where only the folder cannot be synced any more, commit() throws WrittenFileError.
+//
 // A failed write makes write() return −1 and is remembered: commit() then throws its reason.
 class SafeFile final : public QIODevice {
  public:

@@ -1,0 +1,12 @@
+#pragma once
+
+#include <QByteArrayView>
+#include <QString>
+
+namespace vellora {
+
+// A text from its UTF-8 bytes, all of it: QString::fromUtf8 drops a mark of byte order (U+FEFF) at
+// the beginning, which belongs to a stored text like any other character.
+QString textFromUtf8(QByteArrayView bytes);
+
+}  // namespace vellora
