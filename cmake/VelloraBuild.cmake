@@ -19,6 +19,15 @@ target_compile_options(vellora_flags INTERFACE
 target_compile_definitions(vellora_flags INTERFACE
   QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_FOREACH QT_USE_QSTRINGBUILDER
   QT_NO_NARROWING_CONVERSIONS_IN_CONNECT)
+# What an attacker's file would need is taken from it: overwritten return addresses are noticed, and
+# the tables of the linker cannot be written once the program runs.
+set(hardening -fstack-protector-strong -fstack-clash-protection -D_FORTIFY_SOURCE=2)
+if(CMAKE_SYSTEM_PROCESSOR MATCHES "x86_64|AMD64")
+  list(APPEND hardening -fcf-protection)
+endif()
+target_compile_options(vellora_flags INTERFACE
+  "$<$<CONFIG:Release,RelWithDebInfo,MinSizeRel>:${hardening}>")
+target_link_options(vellora_flags INTERFACE -Wl,-z,relro,-z,now)
 if(VELLORA_SANITIZE)
   target_compile_options(vellora_flags INTERFACE
     -fsanitize=${VELLORA_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)

@@ -1,3 +1,4 @@
+#include "app/close_signals.h"
 #include "app/platform.h"
 #include "app/start_up.h"
 #include "shell/box_prompts.h"
@@ -19,6 +20,7 @@ int failToStart(vellora::Prompts& prompts, const vellora::StoreError& error) {
 int main(int argc, char** argv) {
   QApplication application(argc, argv);
   vellora::setUpPlatform(application);
+  const vellora::CloseSignals closeSignals;
   vellora::BoxPrompts prompts;
   const vellora::SystemClock clock;
   try {

@@ -22,6 +22,17 @@ lays_a_whole_program_folder() {
   [[ -x $folder/vellora ]] || fail "vellora is not executable"
 }
 
+is_hardened_against_broken_files() {
+  local program
+  for program in "$folder/vellora" "$build/src/app/vellora"; do
+    readelf -dW "$program" | grep BIND_NOW >/dev/null || fail "$program can be rewritten by what it loads"
+    ! readelf -dW "$program" | grep -E '(RPATH|RUNPATH).*(\[:|::|:\])' ||
+      fail "$program looks for libraries where it is started"
+  done
+  grep -q '^CMAKE_BUILD_TYPE:[A-Z]*=Release' "$build/CMakeCache.txt" || return 0
+  readelf -sW "$folder/vellora" | grep __stack_chk_fail >/dev/null || fail "no stack protector"
+}
+
 joins_the_desktops_menu() {
   local data="$scratch/data" entry
   XDG_DATA_HOME="$data" "$folder/add_to_menu.sh"
@@ -78,6 +89,7 @@ refuses_senseless_words() {
 }
 
 lays_a_whole_program_folder
+is_hardened_against_broken_files
 joins_the_desktops_menu
 never_touches_what_is_the_users
 renews_the_program_itself
