@@ -47,6 +47,12 @@ bool isWaiting(bool showing) {
   return false;
 }
 
+bool isButtonDown() {
+  if (!front()) return false;
+  const auto buttons = front()->findChildren<QAbstractButton*>();
+  return std::any_of(buttons.begin(), buttons.end(), [](auto* button) { return button->isDown(); });
+}
+
 QString kindOf(const QWidget& widget) {
   return QString::fromLatin1(widget.metaObject()->className()).section(u"::"_qs, -1);
 }

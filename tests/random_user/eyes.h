@@ -19,6 +19,8 @@ QWidget* front();
 PlannerWindow* windowInHand();
 // The program waits and takes no input yet, or `showing` the box in which it can be given up.
 bool isWaiting(bool showing);
+// A button goes down and up, as one does whose letter was pressed, and then does its work.
+bool isButtonDown();
 
 // "DailyPlanWindow", "QMessageBox".
 QString kindOf(const QWidget& widget);

@@ -37,7 +37,7 @@ void follow(const Choices& choices, const Step& step) {
 // ---- In every window -------------------------------------------------------------------------
 
 void save(const Step& step) {
-  if (step.dice.oneIn(3)) {
+  if (step.dice.oneIn(10)) {
     step.script.key(Qt::Key_S, Qt::AltModifier);
   } else {
     step.script.click(control(u"cmdSV"_qs));
@@ -155,6 +155,11 @@ void editCell(const Step& step) {
   if (step.dice.oneIn(3)) save(step);
 }
 
+// A day that the window writes into an empty date cell when it is opened stays there.
+bool isProposedDate(const QString& row) {
+  return row.endsWith(u"||||"_qs) && dateRead(row.chopped(4));
+}
+
 // The rows of the grid in hand, to be compared with later.
 struct Noted {
   QPointer<PlannerWindow> window;
@@ -164,15 +169,16 @@ struct Noted {
   static Noted now() {
     auto* window = windowInHand();
     const auto* grid = window && window == front() ? gridOf(*window) : nullptr;
-    return {window, grid ? rowsOf(*grid) : QStringList()};
+    if (!grid || !grid->hasFocus() || openCell(*window)) return {};
+    return {window, rowsOf(*grid)};
   }
   QStringList changedRows(const Noted& other) const {
     QStringList changed;
-    if (!window || window != other.window || window != front()) return changed;
+    if (!window || window != other.window) return changed;
     for (qsizetype i = 0; i < std::max(rows.size(), other.rows.size()); ++i) {
-      if (rows.value(i) != other.rows.value(i)) {
-        changed << rows.value(i) + u" → "_qs + other.rows.value(i);
-      }
+      const QString row = other.rows.value(i);
+      if (rows.value(i) == row || (rows.value(i).isEmpty() && isProposedDate(row))) continue;
+      changed << rows.value(i) + u" → "_qs + row;
     }
     return changed;
   }
@@ -196,6 +202,9 @@ void changeCellAndUndo(const Step& step) {
   step.script.add(u"key Ctrl+Z"_qs, [noted, &hands = step.script.hands()] {
     noted->isChanged = !noted->changedRows(Noted::now()).isEmpty();
     if (noted->isChanged) hands.pressKey(Qt::Key_Z, Qt::ControlModifier);
+  });
+  step.script.add(u"key up"_qs, [&hands = step.script.hands()] {
+    hands.releaseKey(Qt::Key_Z, Qt::ControlModifier);
   });
   step.script.add(u"compare the cells"_qs, [noted, tell = step.around.tell] {
     const QStringList changed = noted->changedRows(Noted::now());
@@ -410,13 +419,21 @@ void backUpOrRestore(const Step& step) {
   step.script.click(control(step.dice.oneIn(3) ? u"CmdI"_qs : u"cmdO"_qs));
 }
 
+// The reading of what the window shows may have failed.
+void openWhileLockedAndSave(const Step& step) {
+  openWhileLocked(step);
+  step.script.click(control(u"CmdNEW"_qs));
+  step.script.click(control(u"cmdSV"_qs));
+}
+
 constexpr Choice kAnyWindow[]{{6, clickAnything}, {4, pressKeys},   {3, typeAnything},
-                              {1, fillClipboard}, {4, leaveWindow}, {1, changeOtherDesk}};
+                              {1, fillClipboard}, {9, leaveWindow}, {2, changeOtherDesk}};
 constexpr Choice kAnyGrid[]{{2, dragAnywhere}, {3, pasteSomething},     {3, cutOrCopyAndPaste},
                             {2, clearCells},   {6, editCell},           {3, changeCellAndUndo},
                             {3, save},         {3, changeCellAndEscape}};
-constexpr Choice kBoard[]{{9, openWindow}, {4, openFromCell},     {3, openWhileLocked},
-                          {2, stepDays},   {1, useBoardCommands}, {2, typeDate}};
+constexpr Choice kBoard[]{
+    {9, openWindow}, {4, openFromCell},     {2, openWhileLocked}, {1, openWhileLockedAndSave},
+    {2, stepDays},   {1, useBoardCommands}, {2, typeDate}};
 constexpr Choice kDailyPlan[]{{6, placeInDay}, {2, stepDays}, {3, typeDate}, {1, save}};
 constexpr Choice kActivityPlan[]{{3, chooseActivity}, {4, placeBlock}, {3, nameActivity},
                                  {4, dateRow},        {3, repeatRow},  {3, copyRowToDate},
@@ -462,9 +479,11 @@ void makeStep(const Step& step) {
   if (!window) return;
   if (kindOf(*window) == u"QMessageBox"_qs || isWaiting(true)) return answer(step);
   if (window != windowInHand()) return useDialog(step);
-  const bool isGrid = gridOf(*window) && kindOf(*window) != u"WeekBoard"_qs;
+  const QString kind = kindOf(*window);
+  const bool isGrid = kind.endsWith(u"PlanWindow"_qs) || kind == u"TimeBlockEditor"_qs ||
+                      kind == u"WeekNameEditor"_qs;
   const int what = step.dice.below(10);
-  if (what < 5) return workIn(kindOf(*window), step);
+  if (what < 5) return workIn(kind, step);
   if (what < 8 && isGrid) return follow(kAnyGrid, step);
   follow(kAnyWindow, step);
 }

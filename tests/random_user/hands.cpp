@@ -10,6 +10,22 @@ namespace {
 constexpr int kSoon = 20;      // milliseconds between the clicks of a double click
 constexpr int kLater = 2'000;  // and between any others
 
+struct Modifier {
+  Qt::KeyboardModifier modifier;
+  int key;
+};
+constexpr Modifier kModifiers[]{{Qt::ShiftModifier, Qt::Key_Shift},
+                                {Qt::ControlModifier, Qt::Key_Control},
+                                {Qt::AltModifier, Qt::Key_Alt}};
+
+// Without a round of the event loop, which the toolkit's own helpers take.
+void sendKey(QEvent::Type type, int key, Qt::KeyboardModifiers modifiers,
+             const QString& text = {}) {
+  if (auto* window = QGuiApplication::focusWindow()) {
+    qt_handleKeyEvent(window, type, key, modifiers, text);
+  }
+}
+
 // What a key types; a control character for the keys that a desktop gives one.
 QString textOf(int key, Qt::KeyboardModifiers modifiers) {
   if (modifiers & (Qt::ControlModifier | Qt::AltModifier)) return {};
@@ -57,15 +73,22 @@ void Hands::release(QPoint place) {
 }
 
 void Hands::pressKey(int key, Qt::KeyboardModifiers modifiers) {
-  if (!QGuiApplication::focusWindow()) return;
-  QTest::sendKeyEvent(QTest::Press, QGuiApplication::focusWindow(), Qt::Key(key),
-                      textOf(key, modifiers), modifiers);
+  is_key_down_ = true;
+  Qt::KeyboardModifiers held;
+  for (const auto& [modifier, modifierKey] : kModifiers) {
+    if (!modifiers.testFlag(modifier)) continue;
+    sendKey(QEvent::KeyPress, modifierKey, held);
+    held |= modifier;
+  }
+  sendKey(QEvent::KeyPress, key, modifiers, textOf(key, modifiers));
 }
 
 void Hands::releaseKey(int key, Qt::KeyboardModifiers modifiers) {
-  if (!QGuiApplication::focusWindow()) return;
-  QTest::sendKeyEvent(QTest::Release, QGuiApplication::focusWindow(), Qt::Key(key),
-                      textOf(key, modifiers), modifiers);
+  is_key_down_ = false;
+  sendKey(QEvent::KeyRelease, key, modifiers, textOf(key, modifiers));
+  for (const auto& [modifier, modifierKey] : kModifiers) {
+    if (modifiers.testFlag(modifier)) sendKey(QEvent::KeyRelease, modifierKey, modifiers);
+  }
 }
 
 void Hands::type(const QString& text) {
@@ -73,13 +96,8 @@ void Hands::type(const QString& text) {
       std::all_of(text.begin(), text.end(), [](QChar c) { return c < QChar(128); });
   if (!isAscii) return commit(text);
   for (const QChar character : text) {
-    auto* window = QGuiApplication::focusWindow();
-    if (!window) return;
-    const auto key = Qt::Key(character.toUpper().unicode());
-    QTest::sendKeyEvent(QTest::Press, window, key, QString(character), Qt::NoModifier);
-    window = QGuiApplication::focusWindow();
-    if (window) {
-      QTest::sendKeyEvent(QTest::Release, window, key, QString(character), Qt::NoModifier);
+    for (const auto type : {QEvent::KeyPress, QEvent::KeyRelease}) {
+      sendKey(type, character.toUpper().unicode(), {}, QString(character));
     }
   }
 }

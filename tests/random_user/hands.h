@@ -23,6 +23,8 @@ class Hands {
   void type(const QString& text);
   // To the focus of the program at once, or nothing when there is none.
   static void commit(const QString& text);
+  // A button of the mouse or a key is down.
+  bool isHolding() const { return pressed_ != Qt::NoButton || is_key_down_; }
 
  private:
   QWindow* windowAt(QPoint place) const;
@@ -31,6 +33,7 @@ class Hands {
 
   QPointer<QWindow> grabber_;  // from a press to its release
   Qt::MouseButton pressed_ = Qt::NoButton;
+  bool is_key_down_ = false;
   int clock_ = 10'000;  // milliseconds, of the events
 };
 

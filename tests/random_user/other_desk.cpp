@@ -38,7 +38,6 @@ void changeOtherDesk(const Step& step) {
 }
 
 void openWhileLocked(const Step& step) {
-  if (!step.dice.oneIn(3)) return changeOtherDesk(step);
   step.script.add(u"elsewhere: save"_qs, [&other = step.around.other] { other.lock(); });
   step.script.click(control(QString::fromLatin1(step.dice.pick(kWindowButtons))));
   if (!step.dice.oneIn(4)) giveUp(step.script);

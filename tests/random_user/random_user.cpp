@@ -13,6 +13,7 @@
 #include "support/schedule_builder.h"
 
 #include <QApplication>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QTimer>
 
@@ -21,6 +22,8 @@
 
 namespace vellora::test {
 namespace {
+
+constexpr qint64 kButtonTime = 500;  // milliseconds; a button that is down for longer stays so
 
 // Enough of everything for all windows to have something to do.
 void makeUp(ScheduleBuilder& schedule) {
@@ -55,7 +58,8 @@ class RandomUser {
   QTimer next_;
   int step_ = -1;
   int deed_ = 0;
-  int patience_ = 0;  // rounds that the front window was waited for to be active
+  QElapsedTimer since_;  // the last deed
+  int patience_ = 0;     // rounds that the front window was waited for to be active
   bool has_acted_ = false;
   std::map<QString, int> deeds_in_;  // by kind of window
 };
@@ -105,6 +109,7 @@ void RandomUser::goOn() {
   next_.start();
   beat();
   if (isWaiting(false)) return;  // takes no input
+  if (!hands_.isHolding() && isButtonDown() && !since_.hasExpired(kButtonTime)) return;
   QWidget* window = front();
   if (!window || !window->windowHandle()) return;
   const bool isPopup = window == QApplication::activePopupWidget();
@@ -135,6 +140,7 @@ void RandomUser::perform(const Deed& deed) {
   say("DEED", u"%1.%2\t%3\t%4"_qs.arg(step_).arg(deed_++).arg(where, deed.what));
   witness_.lookBefore(deed.mayWrite);
   has_acted_ = true;
+  since_.start();
   deed.act();
 }
 

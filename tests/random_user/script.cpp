@@ -151,9 +151,14 @@ void Script::key(int key, Qt::KeyboardModifiers modifiers, int times) {
 void Script::type(const QString& text) {
   QString shown = text;
   shown.replace(u'\t', u"⇥"_qs).replace(u'\n', u"⏎"_qs);
-  // A blank presses the button that has the focus.
+  const bool mayWrite = text.contains(u' ');  // presses the button that has the focus
+  const qsizetype first = text.front() < QChar(128) ? 1 : text.size();
   add(
-      u"type “"_qs + shown + u'”', [this, text] { hands_.type(text); }, text.contains(u' '));
+      u"type “"_qs + shown + u'”', [=, this] { hands_.type(text.first(first)); }, mayWrite);
+  if (first < text.size()) {
+    add(
+        u"type on"_qs, [=, this] { hands_.type(text.sliced(first)); }, mayWrite);
+  }
 }
 
 }  // namespace vellora::test

@@ -113,8 +113,11 @@ void Witness::lookAtItems(const Rows& gone, const Rows& added) const {
   const QString details = written(gone) + u" → "_qs + written(added) + u", selected "_qs +
                           before_.item.join(u',') + u", typed "_qs + written(before_.shown.rows);
   if (gone.size() > 1 || added.size() > 1) fault(u"more than one item changes"_qs, details);
-  if (!gone.isEmpty() && !before_.item.isEmpty() &&
-      Row{gone[0][0].trimmed(), gone[0][1].trimmed()} != before_.item) {
+  const Row old = gone.isEmpty() ? Row() : Row{gone[0][0].trimmed(), gone[0][1].trimmed()};
+  // A typed code names the item that has it.
+  const bool isNamed =
+      !added.isEmpty() && !before_.item.isEmpty() && added[0][0] != before_.item[0];
+  if (!old.isEmpty() && !before_.item.isEmpty() && old != before_.item && !isNamed) {
     fault(u"another item than the selected one changes"_qs, details);
   }
   if (!added.isEmpty() && added[0].first(3) != itemInFields(before_.shown)) {
