@@ -164,13 +164,13 @@ bool isProposedDate(const QString& row) {
 struct Noted {
   QPointer<PlannerWindow> window;
   QStringList rows;
-  bool isChanged = false;
+  QStringList edit;  // what was changed after it
 
   static Noted now() {
     auto* window = windowInHand();
     const auto* grid = window && window == front() ? gridOf(*window) : nullptr;
     if (!grid || !grid->hasFocus() || openCell(*window)) return {};
-    return {window, rowsOf(*grid)};
+    return {window, rowsOf(*grid), {}};
   }
   QStringList changedRows(const Noted& other) const {
     QStringList changed;
@@ -200,17 +200,17 @@ void changeCellAndUndo(const Step& step) {
     step.script.key(Qt::Key_Return);
   }
   step.script.add(u"key Ctrl+Z"_qs, [noted, &hands = step.script.hands()] {
-    noted->isChanged = !noted->changedRows(Noted::now()).isEmpty();
-    if (noted->isChanged) hands.pressKey(Qt::Key_Z, Qt::ControlModifier);
+    noted->edit = noted->changedRows(Noted::now());
+    if (noted->edit.size() == 1) hands.pressKey(Qt::Key_Z, Qt::ControlModifier);
   });
   step.script.add(u"key up"_qs, [&hands = step.script.hands()] {
     hands.releaseKey(Qt::Key_Z, Qt::ControlModifier);
   });
   step.script.add(u"compare the cells"_qs, [noted, tell = step.around.tell] {
     const QStringList changed = noted->changedRows(Noted::now());
-    if (noted->isChanged && !changed.isEmpty()) {
-      tell(kindInHand() + u": undoing an edit leaves other texts"_qs, changed.join(u"; "_qs));
-    }
+    if (noted->edit.size() != 1 || changed.isEmpty()) return;
+    tell(kindInHand() + u": undoing an edit leaves other texts"_qs,
+         u"edit "_qs + noted->edit[0] + u", left "_qs + changed.join(u"; "_qs));
   });
 }
 
@@ -432,7 +432,7 @@ constexpr Choice kAnyGrid[]{{2, dragAnywhere}, {3, pasteSomething},     {3, cutO
                             {2, clearCells},   {6, editCell},           {3, changeCellAndUndo},
                             {3, save},         {3, changeCellAndEscape}};
 constexpr Choice kBoard[]{
-    {9, openWindow}, {4, openFromCell},     {2, openWhileLocked}, {1, openWhileLockedAndSave},
+    {9, openWindow}, {2, openFromCell},     {2, openWhileLocked}, {1, openWhileLockedAndSave},
     {2, stepDays},   {1, useBoardCommands}, {2, typeDate}};
 constexpr Choice kDailyPlan[]{{6, placeInDay}, {2, stepDays}, {3, typeDate}, {1, save}};
 constexpr Choice kActivityPlan[]{{3, chooseActivity}, {4, placeBlock}, {3, nameActivity},

@@ -95,8 +95,7 @@ inline constexpr const char* kDayButtons[]{"Cm1",      "Cm2",      "Cm3",      "
                                            "Command1", "Command2", "Command3", "Command4"};
 inline constexpr const char* kPickers[]{"D1", "DTP1"};
 inline constexpr const char* kWindowButtons[]{
-    "Command1", "Command1", "Command2", "Command2",  "Command2", "Command3",
-    "Command4", "Command4", "Command5", "Command5",  "Command6", "Command6",
-    "Command7", "Command7", "Command8", "Command98", "CmdA0"};
+    "Command1", "Command1", "Command2", "Command3", "Command4", "Command4",  "Command5", "Command5",
+    "Command6", "Command6", "Command7", "Command7", "Command8", "Command98", "CmdA0"};
 
 }  // namespace vellora::test
