@@ -156,8 +156,9 @@ void editCell(const Step& step) {
 }
 
 // A day that the window writes into an empty date cell when it is opened stays there.
-bool isProposedDate(const QString& row) {
-  return row.endsWith(u"||||"_qs) && dateRead(row.chopped(4));
+bool isProposedDate(const QString& before, const QString& after) {
+  return before.section(u'|', 0, 0).isEmpty() && dateRead(after.section(u'|', 0, 0)) &&
+         before.section(u'|', 1).remove(u'|') == after.section(u'|', 1).remove(u'|');
 }
 
 // The rows of the grid in hand, to be compared with later.
@@ -177,7 +178,7 @@ struct Noted {
     if (!window || window != other.window) return changed;
     for (qsizetype i = 0; i < std::max(rows.size(), other.rows.size()); ++i) {
       const QString row = other.rows.value(i);
-      if (rows.value(i) == row || (rows.value(i).isEmpty() && isProposedDate(row))) continue;
+      if (rows.value(i) == row || isProposedDate(rows.value(i), row)) continue;
       changed << rows.value(i) + u" → "_qs + row;
     }
     return changed;
