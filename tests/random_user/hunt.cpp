@@ -6,6 +6,7 @@
 #include <QElapsedTimer>
 #include <QMap>
 #include <QProcess>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QTextStream>
 
@@ -73,11 +74,32 @@ QString placeInReport(const QString& report) {
   return report.section(u"SUMMARY:"_qs, 1).section(u'\n', 0, 0).trimmed();
 }
 
+// "double click cell 3,4" gives "double click cell".
+QString lastDoing(const QStringList& deeds) {
+  static const QRegularExpression kNumbers(u"[ ,]*\\d+"_qs);
+  for (auto deed = deeds.rbegin(); deed != deeds.rend(); ++deed) {
+    if (deed->endsWith(u"release"_qs) || deed->endsWith(u"key up"_qs)) continue;
+    return deed->section(u'\t', 1).remove(kNumbers).replace(u'\t', u": "_qs).left(60);
+  }
+  return {};
+}
+
+// What the child said at its end, without what it says at any time.
+QString complaint(const QString& errors) {
+  QStringList lines = errors.split(u'\n', Qt::SkipEmptyParts);
+  lines.removeIf([](const QString& line) {
+    return line.contains(u"propagateSizeHints"_qs) || line.startsWith(u"QStandardPaths"_qs);
+  });
+  return lines.join(u'\n').left(3000);
+}
+
 void addEnd(Life& life, const QStringList& frames, const QString& end, const QString& errors) {
   if (life.isWhole) return;
   const int step = life.deeds.isEmpty() ? 0 : life.deeds.last().section(u'.', 0, 0).toInt();
   const QString place = frames.isEmpty() ? placeInReport(errors) : placeIn(frames);
-  life.faults.push_back({step, end + u" in "_qs + place, errors.right(2000)});
+  life.faults.push_back({step,
+                         end + u" in "_qs + place + u" at “"_qs + lastDoing(life.deeds) + u'”',
+                         complaint(errors)});
 }
 
 Life readLife(const QString& told, const QString& errors) {

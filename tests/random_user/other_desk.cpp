@@ -3,6 +3,8 @@
 #include "random_user/eyes.h"
 #include "random_user/pools.h"
 
+#include <QPointer>
+
 namespace vellora::test {
 namespace {
 
@@ -20,11 +22,17 @@ constexpr const char* kChanges[]{
 };
 
 // Ends the waiting by hand, and tells away what is said about it.
-void giveUp(Script& script) {
-  const auto press = [&hands = script.hands()] {
-    if (isWaiting(true) || !boxText(front()).isEmpty()) hands.pressKey(Qt::Key_Escape, {});
+void giveUp(const Step& step) {
+  const int key = step.dice.oneIn(4) ? Qt::Key_Escape : Qt::Key_Return;
+  const auto press = [&hands = step.script.hands(), key, tell = step.around.tell] {
+    if (!isWaiting(true) && boxText(front()).isEmpty()) return;
+    const QPointer dialog = isWaiting(true) ? front() : nullptr;
+    hands.pressKey(key, {});
+    hands.releaseKey(key, {});
+    if (!dialog || dialog->property("wasCanceled").toBool()) return;
+    tell(u"WorkDialog: a key does not give the work up"_qs, {});
   };
-  for (int i = 0; i < 6; ++i) script.add(u"give up waiting"_qs, press);
+  for (int i = 0; i < 6; ++i) step.script.add(u"give up waiting"_qs, press);
 }
 
 }  // namespace
@@ -40,7 +48,7 @@ void changeOtherDesk(const Step& step) {
 void openWhileLocked(const Step& step) {
   step.script.add(u"elsewhere: save"_qs, [&other = step.around.other] { other.lock(); });
   step.script.click(control(QString::fromLatin1(step.dice.pick(kWindowButtons))));
-  if (!step.dice.oneIn(4)) giveUp(step.script);
+  if (!step.dice.oneIn(4)) giveUp(step);
   step.script.add(u"elsewhere: saved"_qs, [&other = step.around.other] { other.unlock(); });
 }
 
