@@ -108,9 +108,10 @@ QStringList rowsOf(const GridSurface& grid) {
   for (int row = 0; row < grid.Rows(); ++row) {
     QStringList cells;
     for (int col = 0; col < grid.Cols(); ++col) cells << grid.GetCellText(col, row);
-    rows << cells.join(u'|');
+    const QString texts = cells.join(u'|');
+    rows << (texts.count(u'|') == texts.size() ? QString() : texts);
   }
-  while (!rows.isEmpty() && rows.last().count(u'|') == rows.last().size()) rows.removeLast();
+  while (!rows.isEmpty() && rows.last().isEmpty()) rows.removeLast();
   return rows;
 }
 

@@ -37,7 +37,7 @@ QString boxText(const QWidget* widget);
 QString textIn(const QWidget& window, const QString& name);
 // The cell editor, while a cell is being typed into.
 QWidget* openCell(const QWidget& window);
-// The texts of all cells, one text per row, without the empty rows at the end.
+// The texts of all cells, one text for each row; empty for an empty row, none for those at the end.
 QStringList rowsOf(const GridSurface& grid);
 
 }  // namespace vellora::test

@@ -5,7 +5,6 @@
 #include "random_user/eyes.h"
 #include "random_user/habits.h"
 #include "random_user/last_words.h"
-#include "random_user/pools.h"
 #include "random_user/witness.h"
 #include "shell/box_prompts.h"
 #include "shell/planner_window.h"
@@ -24,6 +23,8 @@ namespace vellora::test {
 namespace {
 
 constexpr qint64 kButtonTime = 500;  // milliseconds; a button that is down for longer stays so
+
+const QDate kToday(2026, 3, 10);
 
 // Enough of everything for all windows to have something to do.
 void makeUp(ScheduleBuilder& schedule) {
@@ -45,6 +46,7 @@ class RandomUser {
  private:
   void goOn();
   void makeNext();
+  void tell(const QString& fault, const QString& details) const;
   void perform(const Deed& deed);
   [[noreturn]] void leave() const;
 
@@ -52,7 +54,6 @@ class RandomUser {
   ScheduleBuilder schedule_;
   Witness witness_;
   OtherProgram other_;
-  Surroundings around_;
   Hands hands_;
   Script script_{hands_};
   QTimer next_;
@@ -72,14 +73,8 @@ void say(const char* what, const QString& text) {
 RandomUser::RandomUser(const Run& run)
     : run_(run),
       witness_((makeUp(schedule_), schedule_.path()),
-               [this](const QString& fault, const QString& details) {
-                 say("FAULT", u"%1\t%2\t%3"_qs.arg(step_).arg(fault, details));
-               }),
-      other_(schedule_.path()),
-      around_{other_, [this] { witness_.lookAway(); },
-              [this](const QString& fault, const QString& details) {
-                say("FAULT", u"%1\t%2\t%3"_qs.arg(step_).arg(fault, details));
-              }} {
+               [this](const QString& fault, const QString& details) { tell(fault, details); }),
+      other_(schedule_.path()) {
   for (const QString& skin : {u"KTZ0.SKN"_qs, u"KTZ1.SKN"_qs}) {
     QFile::copy(QStringLiteral(SKIN_DIR) + u'/' + skin, schedule_.folder() + u'/' + skin);
   }
@@ -130,7 +125,12 @@ void RandomUser::makeNext() {
   } while (!run_.only.empty() && !run_.only.contains(step_));
   deed_ = 0;
   Dice dice(run_.seed, step_);
-  makeStep({script_, dice, around_});
+  makeStep({script_, dice, other_, [this] { witness_.lookAway(); },
+            [this](const QString& fault, const QString& details) { tell(fault, details); }});
+}
+
+void RandomUser::tell(const QString& fault, const QString& details) const {
+  say("FAULT", u"%1\t%2\t%3"_qs.arg(step_).arg(fault, details));
 }
 
 void RandomUser::perform(const Deed& deed) {

@@ -80,13 +80,17 @@ void Script::add(const QString& what, std::function<void()> act, bool mayWrite) 
   deeds_.push_back({what, std::move(act), mayWrite});
 }
 
-void Script::clicks(const QString& what, const Spot& spot, Qt::MouseButton button,
-                    Qt::KeyboardModifiers modifiers, int count) {
+void Script::click(const Spot& spot, int times, Qt::MouseButton button,
+                   Qt::KeyboardModifiers modifiers) {
+  if (!spot.find) return;
+  const QString what = (modifiers ? u"Shift+"_qs : QString()) +
+                       (button == Qt::RightButton ? u"right "_qs : QString()) +
+                       (times > 1 ? u"double click "_qs : u"click "_qs) + spot.name;
   const auto place = std::make_shared<std::optional<QPoint>>();
-  for (int i = 0; i < count; ++i) {
+  for (int i = 0; i < times; ++i) {
     add(
-        what + spot.name,
-        [this, place, spot, button, modifiers, soon = i > 0] {
+        what,
+        [=, this, soon = i > 0] {
           if (!soon) *place = spot.find();
           if (*place && !soon) hands_.move(**place);
           if (*place) hands_.press(**place, button, modifiers, soon);
@@ -94,23 +98,11 @@ void Script::clicks(const QString& what, const Spot& spot, Qt::MouseButton butto
         true);
     add(
         u"release"_qs,
-        [this, place] {
+        [=, this] {
           if (*place) hands_.release(**place);
         },
         true);
   }
-}
-
-void Script::click(const Spot& spot, Qt::KeyboardModifiers modifiers) {
-  clicks(modifiers ? u"Shift+click "_qs : u"click "_qs, spot, Qt::LeftButton, modifiers, 1);
-}
-
-void Script::rightClick(const Spot& spot) {
-  clicks(u"right click "_qs, spot, Qt::RightButton, {}, 1);
-}
-
-void Script::doubleClick(const Spot& spot) {
-  clicks(u"double click "_qs, spot, Qt::LeftButton, {}, 2);
 }
 
 void Script::drag(const Spot& from, const Spot& to) {
@@ -137,15 +129,13 @@ void Script::drag(const Spot& from, const Spot& to) {
       true);
 }
 
-void Script::key(int key, Qt::KeyboardModifiers modifiers, int times) {
+void Script::key(int key, Qt::KeyboardModifiers modifiers) {
   const QString name = QKeySequence(key | static_cast<int>(modifiers)).toString();
   const bool mayWrite = mayWriteBy(key, modifiers);
-  for (int i = 0; i < times; ++i) {
-    add(
-        u"key "_qs + name, [this, key, modifiers] { hands_.pressKey(key, modifiers); }, mayWrite);
-    add(
-        u"key up"_qs, [this, key, modifiers] { hands_.releaseKey(key, modifiers); }, mayWrite);
-  }
+  add(
+      u"key "_qs + name, [=, this] { hands_.pressKey(key, modifiers); }, mayWrite);
+  add(
+      u"key up"_qs, [=, this] { hands_.releaseKey(key, modifiers); }, mayWrite);
 }
 
 void Script::type(const QString& text) {

@@ -35,11 +35,11 @@ class Script {
  public:
   explicit Script(Hands& hands) : hands_(hands) {}
 
-  void click(const Spot& spot, Qt::KeyboardModifiers modifiers = {});
-  void rightClick(const Spot& spot);
-  void doubleClick(const Spot& spot);
+  // All at the place where the spot was at the first press.
+  void click(const Spot& spot, int times = 1, Qt::MouseButton button = Qt::LeftButton,
+             Qt::KeyboardModifiers modifiers = {});
   void drag(const Spot& from, const Spot& to);
-  void key(int key, Qt::KeyboardModifiers modifiers = {}, int times = 1);
+  void key(int key, Qt::KeyboardModifiers modifiers = {});
   void type(const QString& text);
   // Anything else; it has `mayWrite` of the planner's own doing.
   void add(const QString& what, std::function<void()> act, bool mayWrite = false);
@@ -48,9 +48,6 @@ class Script {
   Hands& hands() { return hands_; }
 
  private:
-  void clicks(const QString& what, const Spot& spot, Qt::MouseButton button,
-              Qt::KeyboardModifiers modifiers, int count);
-
   Hands& hands_;
   std::deque<Deed> deeds_;
 };
