@@ -49,6 +49,8 @@ constexpr Habit kHabits[]{
     {3, u"B", u"headings twice"},
     {1, u"B", u"lock window giveup? unlock"},
     {2, u"B", u"lock window giveup unlock @CmdNEW|@cmdSV text @cmdOK|Return"},
+    {1, u"B",
+     u"lock @Command4 giveup unlock @CmdNEW code @Combo1 Down Return @@txtHDMC text @cmdOK"},
     {1, u"B", u"@Command9 !是|!否"},
     {1, u"B", u"Ctrl+Z|Ctrl+Y"},
     // the other windows

@@ -136,7 +136,9 @@ void Witness::lookAtSaved() {
   if (now.isSaved()) return;
   const Rows lacking = missingFrom(now.rows, now.stored);
   const Rows surplus = missingFrom(now.stored, now.rows);
-  fault(now.canBeSaved ? u"saved otherwise than shown"_qs : u"saved what cannot be read"_qs,
+  fault(!now.canBeSaved      ? u"says that it saved what cannot be read"_qs
+        : !lacking.isEmpty() ? u"says that it saved what is not stored"_qs
+                             : u"saved what it does not show"_qs,
         u"lacks "_qs + written(lacking) + u", has "_qs + written(surplus));
 }
 
