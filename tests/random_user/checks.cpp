@@ -88,7 +88,7 @@ QString Checks::noteDate() {
   return notes_->picker;
 }
 
-// What is no date moves nothing, and may stay there marked.
+// What is no date moves nothing, and may stay there marked. Blanks may make it one.
 void Checks::compareDate(const QString& fault, bool isTaken) {
   script_.add(u"look at the date"_qs, [=, notes = notes_, tell = tell_, kind = kindInHand()] {
     const auto* window = windowInHand();
@@ -96,7 +96,9 @@ void Checks::compareDate(const QString& fault, bool isTaken) {
     const QString shown = textIn(*window, notes->picker);
     const auto typed = isTaken ? dateRead(notes->typed) : std::nullopt;
     const bool isRight = typed ? dateRead(shown) == typed : shown == notes->date;
+    const bool hasBlanks = notes->typed != notes->typed.trimmed();
     if (isRight || (isTaken && !typed && !dateRead(shown))) return;
+    if (hasBlanks && shown == notes->date) return;
     tell(kind + fault, u"%1, typed “%2”, shows %3"_qs.arg(notes->date, notes->typed, shown));
   });
 }
