@@ -152,6 +152,7 @@ class Author {
   bool writeTyping(const QString& word);
   bool writeOther(const QString& word);
   void clip(const QString& text);
+  void elsewhere(const QString& sql);
   void giveUp();
 
   const Step& step_;
@@ -212,10 +213,7 @@ bool Author::writeTyping(const QString& word) {
   if (word == u"clip"_qs) {
     clip(text);
   } else if (word == u"other"_qs) {
-    script_.add(u"elsewhere: "_qs + text, [step = step_, text] {
-      step.other.run(text);
-      step.lookAway();
-    });
+    elsewhere(text);
   } else {
     checks_.noteTyped(text);
     script_.type(text);
@@ -234,6 +232,10 @@ void Author::clip(const QString& text) {
     data->setData(u"image/x-anything"_qs, "1");
     clipboard->setMimeData(data);
   });
+}
+
+void Author::elsewhere(const QString& sql) {
+  script_.add(u"elsewhere: "_qs + sql, [act = step_.elsewhere, sql] { act(sql); });
 }
 
 // Ends the waiting for the other program by hand, and tells away what is said about it.
@@ -258,12 +260,8 @@ bool Author::writeOther(const QString& word) {
       {u"kept"_qs, [this] { checks_.sameAfterEscape(); }},
       {u"dated"_qs, [this] { checks_.showsTypedDate(); }},
       {u"undated"_qs, [this] { checks_.showsOldDate(); }},
-      {u"lock"_qs,
-       [this] { script_.add(u"elsewhere: save"_qs, [this_ = &step_.other] { this_->lock(); }); }},
-      {u"unlock"_qs,
-       [this] {
-         script_.add(u"elsewhere: saved"_qs, [this_ = &step_.other] { this_->unlock(); });
-       }},
+      {u"lock"_qs, [this] { elsewhere(u"BEGIN EXCLUSIVE"_qs); }},
+      {u"unlock"_qs, [this] { elsewhere(u"ROLLBACK"_qs); }},
       {u"giveup"_qs, [this] { giveUp(); }},
       {u"frame"_qs, [this] {
          script_.add(

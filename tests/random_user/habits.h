@@ -2,7 +2,6 @@
 
 #include "random_user/dice.h"
 #include "random_user/script.h"
-#include "random_user/tables.h"
 
 namespace vellora::test {
 
@@ -10,9 +9,8 @@ namespace vellora::test {
 struct Step {
   Script& script;
   Dice& dice;
-  OtherProgram& other;
-  // After a change by another program, which is no fault of this one.
-  std::function<void()> lookAway;
+  // The program at another desk does something to the tables, which is no fault of this one.
+  std::function<void(const QString& sql)> elsewhere;
   std::function<void(const QString& fault, const QString& details)> tell;
 };
 

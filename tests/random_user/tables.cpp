@@ -2,7 +2,6 @@
 
 #include <SQLiteCpp/Exception.h>
 #include <SQLiteCpp/Statement.h>
-#include <sqlite3.h>
 
 namespace vellora::test {
 namespace {
@@ -54,29 +53,6 @@ Rows missingFrom(const Rows& list, const Rows& other) {
     if (left[row]-- <= 0) missing << row;
   }
   return missing;
-}
-
-OtherProgram::OtherProgram(const QString& path)
-    : database_(path.toStdString(), SQLite::OPEN_READWRITE) {
-  database_.exec("PRAGMA synchronous=OFF");
-}
-
-void OtherProgram::run(const QString& sql) {
-  try {
-    database_.exec(sql.toStdString());
-  } catch (const SQLite::Exception&) {
-    return;
-  }
-}
-
-void OtherProgram::lock() {
-  run(QStringLiteral("BEGIN EXCLUSIVE"));
-  holds_lock_ = sqlite3_get_autocommit(database_.getHandle()) == 0;
-}
-
-void OtherProgram::unlock() {
-  if (holds_lock_) run(QStringLiteral("ROLLBACK"));
-  holds_lock_ = false;
 }
 
 }  // namespace vellora::test

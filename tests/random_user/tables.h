@@ -34,20 +34,4 @@ class TableReader {
 // The rows of one list that are not in the other one, each as often as it is missing.
 Rows missingFrom(const Rows& list, const Rows& other);
 
-// The program at another desk that has the same schedule open.
-class OtherProgram {
- public:
-  explicit OtherProgram(const QString& path);
-
-  // Nothing happens where the file is busy.
-  void run(const QString& sql);
-  void lock();
-  void unlock();
-  bool holdsLock() const { return holds_lock_; }
-
- private:
-  SQLite::Database database_;
-  bool holds_lock_ = false;
-};
-
 }  // namespace vellora::test
