@@ -11,7 +11,11 @@
 namespace vellora::test {
 namespace {
 
+#ifdef __SANITIZE_ADDRESS__
+constexpr auto kStall = std::chrono::seconds(60);
+#else
 constexpr auto kStall = std::chrono::seconds(10);
+#endif
 
 std::atomic<int> beats = 0;
 pthread_t user;

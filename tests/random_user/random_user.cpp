@@ -12,6 +12,7 @@
 #include "support/schedule_builder.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QTimer>
@@ -156,6 +157,7 @@ void RandomUser::perform(const Deed& deed) {
 void RandomUser::leave() const {
   for (const auto& [kind, deeds] : deeds_in_) say("COUNT", u"%1\t%2"_qs.arg(kind).arg(deeds));
   say("DONE", QString::number(step_));
+  QDir(schedule_.folder()).removeRecursively();
   std::_Exit(EXIT_SUCCESS);
 }
 
