@@ -1,0 +1,172 @@
+#include "random_user/random_user.h"
+
+#include "app/platform.h"
+#include "app/start_up.h"
+#include "random_user/eyes.h"
+#include "random_user/habits.h"
+#include "random_user/last_words.h"
+#include "random_user/witness.h"
+#include "shell/box_prompts.h"
+#include "shell/planner_window.h"
+#include "support/fixed_clock.h"
+#include "support/schedule_builder.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QTimer>
+
+#include <SQLiteCpp/Exception.h>
+#include <cstdio>
+
+namespace vellora::test {
+namespace {
+
+constexpr qint64 kButtonTime = 500;  // milliseconds; a button that is down for longer stays so
+
+const QDate kToday(2026, 3, 10);
+
+// Enough of everything for all windows to have something to do.
+void makeUp(ScheduleBuilder& schedule) {
+  schedule.fullDay(6).items(5).fullPlan(kToday.addDays(-2), 5, 4, 3);
+  schedule.item(u"003"_qs, u"同号的活动"_qs, u"2-学习"_qs);
+  schedule.memo(kToday, u"带伞\n还书"_qs).memo(kToday.addDays(3), u"体检"_qs);
+  for (int week = 0; week < 3; ++week) {
+    const QDate first = kToday.addDays(7 * week - 1);
+    schedule.weekName(first, first.addDays(6), u"第%1周"_qs.arg(week + 1));
+  }
+}
+
+class RandomUser {
+ public:
+  explicit RandomUser(const Run& run);
+  // Uses the program, and starts it again whenever it was ended.
+  [[noreturn]] void live();
+
+ private:
+  void goOn();
+  void makeNext();
+  void elsewhere(const QString& sql);
+  void tell(const QString& fault, const QString& details) const;
+  void perform(const Deed& deed);
+  [[noreturn]] void leave() const;
+
+  Run run_;
+  ScheduleBuilder schedule_;
+  Witness witness_;
+  Hands hands_;
+  Script script_{hands_};
+  QTimer next_;
+  int step_ = -1;
+  int deed_ = 0;
+  QElapsedTimer since_;  // the last deed
+  int patience_ = 0;     // rounds that the front window was waited for to be active
+  bool has_acted_ = false;
+  std::map<QString, int> deeds_in_;  // by kind of window
+};
+
+void say(const char* what, const QString& text) {
+  std::printf("%s\t%s\n", what, text.toUtf8().constData());
+  std::fflush(stdout);
+}
+
+RandomUser::RandomUser(const Run& run)
+    : run_(run),
+      witness_((makeUp(schedule_), schedule_.path()),
+               [this](const QString& fault, const QString& details) { tell(fault, details); }) {
+  for (const QString& skin : {u"KTZ0.SKN"_qs, u"KTZ1.SKN"_qs}) {
+    QFile::copy(QStringLiteral(SKIN_DIR) + u'/' + skin, schedule_.folder() + u'/' + skin);
+  }
+  qputenv("HOME", schedule_.folder().toLocal8Bit());
+  next_.setSingleShot(true);
+  QObject::connect(&next_, &QTimer::timeout, &next_, [this] { goOn(); });
+}
+
+void RandomUser::live() {
+  const FixedClock clock(kToday);
+  BoxPrompts prompts;
+  while (true) {
+    StartUp startUp(schedule_.folder(), prompts, clock);
+    startUp.showBoard();
+    has_acted_ = false;
+    next_.start();
+    QApplication::exec();
+    next_.stop();
+    elsewhere(u"ROLLBACK"_qs);
+    witness_.forget();
+    script_.deeds().clear();
+  }
+}
+
+// The timer is set again first: what is done now may last until later deeds have been done.
+void RandomUser::goOn() {
+  next_.start();
+  beat();
+  if (isWaiting(false)) return;  // takes no input
+  if (!hands_.isHolding() && isButtonDown() && !since_.hasExpired(kButtonTime)) return;
+  QWidget* window = front();
+  if (!window || !window->windowHandle()) return;
+  const bool isPopup = window == QApplication::activePopupWidget();
+  if (!isPopup && QGuiApplication::focusWindow() != window->windowHandle() && patience_++ < 3) {
+    return window->activateWindow();
+  }
+  patience_ = 0;
+  if (std::exchange(has_acted_, false)) witness_.lookAfter();
+  if (script_.deeds().empty()) return makeNext();
+  const Deed deed = script_.deeds().front();
+  script_.deeds().pop_front();
+  perform(deed);
+}
+
+void RandomUser::makeNext() {
+  do {
+    if (++step_ >= run_.steps) leave();
+  } while (!run_.only.empty() && !run_.only.contains(step_));
+  deed_ = 0;
+  Dice dice(run_.seed, step_);
+  makeStep({script_, dice, [this](const QString& sql) { elsewhere(sql); },
+            [this](const QString& fault, const QString& details) { tell(fault, details); }});
+}
+
+// Nothing happens where it cannot, such as ending a save that is none.
+void RandomUser::elsewhere(const QString& sql) {
+  try {
+    schedule_.sql(sql);
+  } catch (const SQLite::Exception&) {
+    return;
+  }
+  witness_.lookAway();
+}
+
+void RandomUser::tell(const QString& fault, const QString& details) const {
+  say("FAULT", u"%1\t%2\t%3"_qs.arg(step_).arg(fault, details));
+}
+
+void RandomUser::perform(const Deed& deed) {
+  const QString kind = windowInHand() ? kindOf(*windowInHand()) : u"?"_qs;
+  ++deeds_in_[kind];
+  const QString where = front() == windowInHand() ? kind : kind + u'/' + kindOf(*front());
+  say("DEED", u"%1.%2\t%3\t%4"_qs.arg(step_).arg(deed_++).arg(where, deed.what));
+  witness_.lookBefore(deed.mayWrite);
+  has_acted_ = true;
+  since_.start();
+  deed.act();
+}
+
+void RandomUser::leave() const {
+  for (const auto& [kind, deeds] : deeds_in_) say("COUNT", u"%1\t%2"_qs.arg(kind).arg(deeds));
+  say("DONE", QString::number(step_));
+  QDir(schedule_.folder()).removeRecursively();
+  std::_Exit(EXIT_SUCCESS);
+}
+
+}  // namespace
+
+void liveRandomly(const Run& run) {
+  setUpPlatform(*qApp);
+  tellLastWords();
+  RandomUser(run).live();
+}
+
+}  // namespace vellora::test
