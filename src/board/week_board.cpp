@@ -7,7 +7,6 @@
 #include "routine/calendar_text.h"
 #include "shell/date_stepper.h"
 #include "shell/elided_label.h"
-#include "shell/status_line.h"
 #include "store/statements.h"
 #include "store/store_error.h"
 
@@ -31,8 +30,7 @@ WeekBoard::WeekBoard(ApplicationState& state)
       commands_(new CommandBar(this)),
       days_(makeArrowStepper({u"D1"_qs, u"Lxq"_qs, u"起始日期"_qs}, state.clock, this)),
       week_name_(new ElidedLabel(this)),
-      grid_(new GridSurface(this)),
-      status_line_(new StatusLine(this)) {
+      grid_(new GridSurface(this)) {
   setObjectName(u"Form0"_qs);
   setWindowTitle(programTitle());
   grid_->setObjectName(u"Cell1"_qs);
@@ -67,7 +65,7 @@ void WeekBoard::layOut() {
   auto* right = new QVBoxLayout;
   right->addLayout(top);
   right->addWidget(grid_, 1);
-  right->addWidget(status_line_);
+  right->addWidget(statusLine());
   auto* all = new QHBoxLayout(this);
   all->addWidget(commands_);
   all->addLayout(right, 1);
@@ -109,14 +107,15 @@ void WeekBoard::showWhole(const std::function<void()>& read) {
   try {
     read();
     shown_ = firstDay();
-    status_line_->tell({});
+    changes_seen_ = state().Db.changedRows();
+    tell({});
   } catch (const StoreError& error) {
     grid_->workbook() = before;
     grid_->Redraw();
     grid_->SetRedrawSwitch(true);
     const QSignalBlocker asBefore(days_);
     if (shown_.isValid()) days_->setDate(shown_);
-    status_line_->tell(u"没有读出：%1 按 F5 再试。"_qs.arg(error.description()));
+    tell(u"没有读出：%1 按 F5 再试。"_qs.arg(error.description()));
     prompts().warn(this, error.description());
   }
 }
@@ -182,9 +181,11 @@ void WeekBoard::fillAfterStep() {
   showWhole([this] { FillWeek(); });
 }
 
+// A window that leaves the board as it was may have changed what it shows.
 void WeekBoard::runCommand(BoardCommand command) {
   handlers_.at(command)();
   returnFromWindow();
+  if (state().Db.changedRows() != changes_seen_) tell(u"内容可能已改变，按 F5 刷新。"_qs);
 }
 
 void WeekBoard::returnFromWindow() {

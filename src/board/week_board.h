@@ -11,7 +11,6 @@ namespace vellora {
 class DateStepper;
 class ElidedLabel;
 class GridSurface;
-class StatusLine;
 
 // The main window: seven days from the picked date by the time blocks. F5 reads it anew. It knows
 // no other window; what its commands and clicks open is attached from outside.
@@ -68,7 +67,7 @@ class WeekBoard : public PlannerWindow {
   DateStepper* days_;
   ElidedLabel* week_name_;
   GridSurface* grid_;
-  StatusLine* status_line_;
+  qint64 changes_seen_ = 0;  // rows changed by this program when the board was last read
   QDate shown_;  // invalid until something has been read
   std::map<BoardCommand, Handler> handlers_;
   DayHandler open_day_;

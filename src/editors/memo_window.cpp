@@ -1,6 +1,7 @@
 #include "editors/memo_window.h"
 
 #include "editors/daily_memo.h"
+#include "grid/surface/plain_text_box.h"
 #include "shell/date_stepper.h"
 #include "store/store_error.h"
 
@@ -14,7 +15,7 @@ namespace vellora {
 namespace {
 
 QPlainTextEdit* makeTextBox(QWidget* parent) {
-  auto* box = new QPlainTextEdit(parent);
+  auto* box = new PlainTextBox(parent);
   box->setObjectName(u"Text1"_qs);
   box->setAccessibleName(u"备忘内容"_qs);
   box->setFont(QFont(u"楷体_GB2312"_qs, 12));

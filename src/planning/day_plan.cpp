@@ -149,6 +149,7 @@ DaySaveOutcome saveDayPlan(ScheduleStore& store, const Sheet& sheet, QDate date,
     for (const int row : rows) outcome.saved->take({date, sheet.CellTag(kDayBlock, row)}, now);
   } catch (const StoreError& error) {
     if (error.fault() == StoreFault::RowChanged) throw;
+    if (error.fault() == StoreFault::SavedDespiteError) throw;
     outcome.failure = nothingSaved(outcome.failure, error);
   }
   return outcome;

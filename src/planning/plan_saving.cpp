@@ -147,6 +147,7 @@ PlanSaveOutcome savePlan(ScheduleStore& store, const Sheet& sheet, const QString
     outcome.saved = saved;
   } catch (const StoreError& error) {
     if (error.fault() == StoreFault::RowChanged) throw;
+    if (error.fault() == StoreFault::SavedDespiteError) throw;
     outcome.failure = nothingSaved(outcome.failure, error);
   }
   return outcome;

@@ -138,22 +138,30 @@ void EditedWindow::bringBack() {
 }
 
 bool EditedWindow::saveAsking(const std::function<void(bool overwrite)>& saving) {
-  enum Answer { Overwrite, ReadAgain, Cancel };
-  try {
-    saving(false);
-    return true;
-  } catch (const StoreError& error) {
-    if (error.fault() != StoreFault::RowChanged) throw;
+  for (bool overwrite = false;; overwrite = true) {
+    try {
+      saving(overwrite);
+      return true;
+    } catch (const StoreError& error) {
+      if (error.fault() == StoreFault::SavedDespiteError) {
+        prompts().warn(this, error.description());
+        readAgain();
+        return false;
+      }
+      if (error.fault() != StoreFault::RowChanged || overwrite) throw;
+    }
+    if (!overwritesByChoice()) return false;
   }
+}
+
+bool EditedWindow::overwritesByChoice() {
+  enum Answer { Overwrite, ReadAgain, Cancel };
   const int answer = prompts().choose(
       this, u"打开之后，另一个程序已经改动了这里要保存的内容。要用现在的内容覆盖它吗？"_qs,
       {u"覆盖"_qs, u"重新读出"_qs, u"取消"_qs}, Cancel);
-  if (answer == Overwrite) {
-    saving(true);
-    return true;
-  }
-  answer == ReadAgain ? readAgain() : lookAgain();
-  return false;
+  if (answer == ReadAgain) readAgain();
+  if (answer == Cancel) lookAgain();
+  return answer == Overwrite;
 }
 
 bool EditedWindow::mayClose() {

@@ -56,8 +56,9 @@ class EditedWindow : public PlannerWindow {
   // Keeps what is about to be discarded; `bringBack` shows it again, false when it cannot yet.
   void keepDiscarded(const std::function<bool()>& bringBack);
   // Runs a save, which throws StoreFault::RowChanged when it would overwrite what another program
-  // saved since the reading, unless it is told to overwrite. Then the user is asked. False when
-  // nothing was saved by the user's choice; passes on every other StoreError.
+  // saved since the reading, unless it is told to overwrite. Then the user is asked; after
+  // StoreFault::SavedDespiteError what is saved is read again. False when the window must not say
+  // that it has saved; passes on every other StoreError.
   bool saveAsking(const std::function<void(bool overwrite)>& saving);
 
   bool mayClose() override;
@@ -65,6 +66,7 @@ class EditedWindow : public PlannerWindow {
 
  private:
   QWidget* makeStatus();
+  bool overwritesByChoice();
   void showStatus();
   void bringBack();
 

@@ -41,6 +41,10 @@ RowCursor ScheduleStore::readOnce(const QString& tableOrSelect) {
   return {*connection_, tableOrSelect};
 }
 
+qint64 ScheduleStore::changedRows() const {
+  return connection_->changeCount();
+}
+
 bool ScheduleStore::isReadOnly() const {
   return connection_->isReadOnly();
 }

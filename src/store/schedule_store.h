@@ -39,6 +39,9 @@ class ScheduleStore {
   // Reads the same rows once: look-ups behind a board, backups of a large schedule.
   RowCursor readOnce(const QString& tableOrSelect);
 
+  // How many rows this program has added, changed or deleted since it opened the schedule.
+  qint64 changedRows() const;
+
   // True when the file or its folder does not let this program save.
   bool isReadOnly() const;
 
