@@ -23,7 +23,9 @@
 namespace vellora::test {
 namespace {
 
-constexpr qint64 kButtonTime = 500;  // milliseconds; a button that is down for longer stays so
+// Milliseconds after a deed; a button that is down for longer, or a dialog that is hidden, stays
+// so.
+constexpr qint64 kPatience = 500;
 
 const QDate kToday(2026, 3, 10);
 
@@ -103,8 +105,9 @@ void RandomUser::live() {
 void RandomUser::goOn() {
   next_.start();
   beat();
-  if (isWaiting(false)) return;  // takes no input
-  if (!hands_.isHolding() && isButtonDown() && !since_.hasExpired(kButtonTime)) return;
+  const bool isPatient = !since_.hasExpired(kPatience);
+  if (isPatient && isWaiting(false)) return;  // takes no input
+  if (isPatient && !hands_.isHolding() && isButtonDown()) return;
   QWidget* window = front();
   if (!window || !window->windowHandle()) return;
   const bool isPopup = window == QApplication::activePopupWidget();
