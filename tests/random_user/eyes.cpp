@@ -33,18 +33,24 @@ QWidget* front() {
   return boardOnScreen();
 }
 
+// A dialog may stand over a window that it does not belong to.
 PlannerWindow* windowInHand() {
   QWidget* widget = QApplication::activeModalWidget();
-  if (!widget) widget = boardOnScreen();
   while (widget && !qobject_cast<PlannerWindow*>(widget)) widget = widget->parentWidget();
-  return qobject_cast<PlannerWindow*>(widget);
+  if (widget) return qobject_cast<PlannerWindow*>(widget);
+  QWidget* board = boardOnScreen();
+  for (QWidget* window : QApplication::topLevelWidgets()) {
+    auto* found = qobject_cast<PlannerWindow*>(window);
+    if (found && found != board && found->isVisible()) return found;
+  }
+  return qobject_cast<PlannerWindow*>(board);
 }
 
-bool isWaiting(bool showing) {
-  for (const QWidget* window : QApplication::topLevelWidgets()) {
-    if (window->objectName() == u"WorkDialog"_qs && window->isVisible() == showing) return true;
-  }
-  return false;
+bool isWaiting() {
+  const auto windows = QApplication::topLevelWidgets();
+  return std::any_of(windows.begin(), windows.end(), [](const QWidget* window) {
+    return window->objectName() == u"WorkDialog"_qs && window->isVisible();
+  });
 }
 
 bool isButtonDown() {

@@ -17,8 +17,8 @@ namespace vellora::test {
 QWidget* front();
 // The planner's window in front, or the one behind the box in front.
 PlannerWindow* windowInHand();
-// The program waits and takes no input yet, or `showing` the box in which it can be given up.
-bool isWaiting(bool showing);
+// The program is at work and shows the box in which that can be given up.
+bool isWaiting();
 // A button goes down and up, as one does whose letter was pressed, and then does its work.
 bool isButtonDown();
 

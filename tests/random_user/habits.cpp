@@ -242,7 +242,7 @@ void Author::elsewhere(const QString& sql) {
 void Author::giveUp() {
   const int key = dice_.oneIn(4) ? Qt::Key_Escape : Qt::Key_Return;
   const auto press = [&hands = script_.hands(), key, tell = step_.tell] {
-    const QPointer dialog = isWaiting(true) ? front() : nullptr;
+    const QPointer dialog = isWaiting() ? front() : nullptr;
     if (!dialog && boxText(front()).isEmpty()) return;
     hands.pressKey(key, {});
     hands.releaseKey(key, {});
@@ -280,7 +280,7 @@ bool Author::writeOther(const QString& word) {
 
 QChar kindLetter(const QWidget& window) {
   const QString kind = kindOf(window);
-  if (kind == u"QMessageBox"_qs || isWaiting(true)) return u'b';
+  if (kind == u"QMessageBox"_qs || isWaiting()) return u'b';
   if (&window != windowInHand()) return u'd';
   static const QMap<QString, QChar> kLetters{
       {u"WeekBoard"_qs, u'B'},          {u"DailyPlanWindow"_qs, u'D'},

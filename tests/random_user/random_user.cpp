@@ -15,6 +15,7 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QThread>
 #include <QTimer>
 
 #include <SQLiteCpp/Exception.h>
@@ -61,7 +62,10 @@ class RandomUser {
   int step_ = -1;
   int deed_ = 0;
   QElapsedTimer since_;  // the last deed
-  int patience_ = 0;     // rounds that the front window was waited for to be active
+  // The event loop from which a deed is done. Until it is done, or has begun a loop of its own, the
+  // program is at work and takes no input.
+  int acting_at_ = 0;
+  int patience_ = 0;  // rounds that the front window was waited for to be active
   bool has_acted_ = false;
   std::map<QString, int> deeds_in_;  // by kind of window
 };
@@ -103,7 +107,7 @@ void RandomUser::live() {
 void RandomUser::goOn() {
   next_.start();
   beat();
-  if (isWaiting(false)) return;  // takes no input
+  if (acting_at_ == QThread::currentThread()->loopLevel() && !isWaiting()) return;
   if (!hands_.isHolding() && isButtonDown() && !since_.hasExpired(kButtonTime)) return;
   QWidget* window = front();
   if (!window || !window->windowHandle()) return;
@@ -151,7 +155,9 @@ void RandomUser::perform(const Deed& deed) {
   witness_.lookBefore(deed.mayWrite);
   has_acted_ = true;
   since_.start();
+  const int before = std::exchange(acting_at_, QThread::currentThread()->loopLevel());
   deed.act();
+  acting_at_ = before;
 }
 
 void RandomUser::leave() const {
