@@ -10,6 +10,7 @@
 #include <QRegularExpression>
 #include <QStyleOptionComboBox>
 #include <QStylePainter>
+#include <QTimer>
 #include <QToolTip>
 
 #include <algorithm>
@@ -155,6 +156,15 @@ bool DatePicker::answer(const QKeyEvent& event) {
     return false;
   }
   return true;
+}
+
+// A click that brings the focus selects the date, like Tab: what is typed then replaces it. A text
+// that was left half-typed for another window goes on.
+void DatePicker::focusInEvent(QFocusEvent* event) {
+  QAbstractSpinBox::focusInEvent(event);
+  QTimer::singleShot(0, this, [this] {
+    if (hasFocus() && text() == isoDate(date_)) selectAll();
+  });
 }
 
 void DatePicker::focusOutEvent(QFocusEvent* event) {

@@ -40,6 +40,7 @@ class DatePicker : public QAbstractSpinBox {
  protected:
   StepEnabled stepEnabled() const override { return StepUpEnabled | StepDownEnabled; }
   void keyPressEvent(QKeyEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
   void wheelEvent(QWheelEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;

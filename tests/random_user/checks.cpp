@@ -95,7 +95,10 @@ void Checks::compareDate(const QString& fault, bool isTaken) {
     if (!window || window != front() || kindOf(*window) != kind) return;
     const QString shown = textIn(*window, notes->picker);
     const auto typed = isTaken ? dateRead(notes->typed) : std::nullopt;
-    const bool isRight = typed ? dateRead(shown) == typed : shown == notes->date;
+    const bool wasDate = dateRead(notes->date).has_value();
+    const bool isRight = typed     ? dateRead(shown) == typed
+                         : wasDate ? shown == notes->date
+                                   : dateRead(shown).has_value();
     const bool hasBlanks = notes->typed != notes->typed.trimmed();
     if (isRight || (isTaken && !typed && !dateRead(shown))) return;
     if (hasBlanks && shown == notes->date) return;

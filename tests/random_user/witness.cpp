@@ -4,6 +4,8 @@
 #include "random_user/eyes.h"
 #include "shell/planner_window.h"
 
+#include <QMessageBox>
+
 namespace vellora::test {
 namespace {
 
@@ -63,6 +65,8 @@ void Witness::lookBefore(bool mayWrite) {
   before_.mayWrite = mayWrite;
   if (!before_.window) return;
   before_.wasBox = before_.front != before_.window;
+  const auto* box = qobject_cast<QMessageBox*>(before_.front);
+  before_.asksToDelete = box && box->text().startsWith(u"请认是否删除项目");
   before_.kind = kindOf(*before_.window);
   before_.shown = shownIn(*before_.window, reader_.tables());
   before_.listed = listedActivity(*before_.window);
@@ -102,7 +106,8 @@ void Witness::lookAtTables(const Tables& before) {
     if (table == u"HD"_qs && before_.shown.table == table) lookAtItems(gone, added);
     if (table != before_.shown.table || gone.isEmpty()) continue;
     if (desk_.isFresh) fault(u"what was never read is replaced"_qs, written(gone));
-    if (before_.kind == u"ActivityPlanWindow"_qs && before_.listed != before_.shown.subject) {
+    if (before_.kind == u"ActivityPlanWindow"_qs && before_.listed != before_.shown.subject &&
+        !before_.asksToDelete) {
       fault(u"a plan that was never listed is replaced"_qs, written(gone));
     }
   }

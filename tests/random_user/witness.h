@@ -45,6 +45,7 @@ class Witness {
     Shown shown;
     bool mayWrite = false;
     bool wasBox = false;
+    bool asksToDelete = false;  // the plan of an activity that its text names
   };
 
   void fault(const QString& what, const QString& details = {}) const;
