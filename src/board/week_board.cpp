@@ -21,7 +21,8 @@
 namespace vellora {
 namespace {
 
-constexpr int kBoardRowHeight = 38;  // two lines of the board's font
+constexpr int kBoardRowHeight = 38;        // two lines of the board's font
+constexpr int kMostTemplateRows = 10'000;  // views keep some bytes for each
 
 }  // namespace
 
@@ -129,13 +130,15 @@ void WeekBoard::rebuildFromDatabase() {
 }
 
 // A missing or unreadable template gives an empty sheet: the board's contents come from the
-// database, only sizes and page set-up are lost.
+// database, only sizes and page set-up are lost. Whatever rows it claims, a day has few blocks.
 void WeekBoard::openTemplate() {
+  Workbook book;
   try {
-    grid_->OpenFile(templatePath());
+    book = readWorkbookFile(templatePath());
   } catch (const FileError&) {
-    grid_->workbook() = Workbook();
   }
+  book.sheet().SetRows(std::min(book.sheet().Rows(), kMostTemplateRows));
+  grid_->workbook() = std::move(book);
 }
 
 void WeekBoard::setUpGrid() {

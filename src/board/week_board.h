@@ -68,7 +68,7 @@ class WeekBoard : public PlannerWindow {
   ElidedLabel* week_name_;
   GridSurface* grid_;
   qint64 changes_seen_ = 0;  // rows changed by this program when the board was last read
-  QDate shown_;  // invalid until something has been read
+  QDate shown_;              // invalid until something has been read
   std::map<BoardCommand, Handler> handlers_;
   DayHandler open_day_;
   ActivityHandler open_activity_;

@@ -289,9 +289,17 @@ bool ActivityItemEditor::write(StoreStep step, const Item& item) {
     fields_->focusCode();
     return false;
   }
-  showItem(grid_->sheet(), grid_->CurrentRow(), item, catalogue_.currentId());
+  showStored(item, catalogue_.currentId());
   cancel();
   return true;
+}
+
+// In the current row, and where the item stands if its code was typed in another item's row.
+void ActivityItemEditor::showStored(const Item& item, qint64 id) {
+  Sheet& sheet = grid_->sheet();
+  for (int row = 0; row < sheet.Rows(); ++row) {
+    if (row == grid_->CurrentRow() || itemIdAt(sheet, row) == id) showItem(sheet, row, item, id);
+  }
 }
 
 void ActivityItemEditor::cancel() {

@@ -23,6 +23,16 @@ QPlainTextEdit* makeTextBox(QWidget* parent) {
   return box;
 }
 
+// Laying out one endless line would stall the window at every key.
+void requireShowable(const QString& text) {
+  constexpr qsizetype kLongestLine = 100'000;
+  for (const QStringView line : QStringView(text).split(u'\n')) {
+    if (line.size() <= kLongestLine) continue;
+    throw StoreError(StoreFault::TextTooLong,
+                     u"这条备忘有一行超过 %1 个字，不能在这里显示和修改。"_qs.arg(kLongestLine));
+  }
+}
+
 }  // namespace
 
 MemoWindow::MemoWindow(ApplicationState& state, QWidget* parent)
@@ -79,6 +89,7 @@ void MemoWindow::ShowMemo(bool quietly) {
   read(
       [&] {
         shown_ = memoOf(state().Db, day);
+        requireShowable(shown_);
         shown_day_ = day;
         text_->setPlainText(shown_);
       },

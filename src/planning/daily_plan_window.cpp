@@ -195,11 +195,20 @@ bool DailyPlanWindow::SaveDayPlan() {
       })) {
     return false;
   }
-  if (outcome.saved) saved_ = *outcome.saved;
+  if (outcome.saved) showSaved(*outcome.saved);
   lookAgain();
   prompts().warn(this, outcome.failure.isEmpty() ? u"保存完毕!"_qs : outcome.failure);
   if (outcome.failure.isEmpty()) day_->finishTyping();
   return outcome.failure.isEmpty();
+}
+
+// Another program may have changed rows that nobody touched here.
+void DailyPlanWindow::showSaved(const SavedEntries& now) {
+  {
+    const UndoStep step(*grid_, u"刷新"_qs);
+    if (refreshDayPlan(grid_->sheet(), shown_day_, saved_, now, items_)) grid_->Redraw();
+  }
+  saved_ = now;
 }
 
 Changes DailyPlanWindow::changes() {

@@ -52,6 +52,7 @@ class DailyPlanWindow : public EditedWindow {
   void turnTo(QDate day);
   bool bringBack(QDate day, const Sheet& rows);
   void placeItem(int position);
+  void showSaved(const SavedEntries& now);
 
   QDate first_day_;
   QDate shown_day_;        // whose plan the grid holds

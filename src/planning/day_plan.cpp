@@ -33,6 +33,14 @@ void colourRow(Sheet& sheet, int row, PackedColour colour) {
   }
 }
 
+void showEntry(Sheet& sheet, int row, QDate date, const SavedEntries& saved,
+               const QList<OpenItem>& items) {
+  const PlanTexts* entry = saved.find(date, sheet.CellTag(kDayBlock, row));
+  showTexts(sheet, row, entry ? *entry : PlanTexts());
+  const auto colour = entry ? colourOf(items, entry->activity) : std::nullopt;
+  if (colour && !entry->activity.isEmpty()) colourRow(sheet, row, *colour);
+}
+
 // Whether a save would store other than what was read.
 bool isChanged(const Sheet& sheet, int row, QDate date, const SavedEntries& saved) {
   const PlanTexts texts = textsInRow(sheet, row);
@@ -106,12 +114,17 @@ void layOutBlockRows(Sheet& sheet, const TimeBlockList& blocks) {
 
 void showDayPlan(Sheet& sheet, QDate date, const SavedEntries& saved,
                  const QList<OpenItem>& items) {
+  for (int row = 0; row < sheet.Rows(); ++row) showEntry(sheet, row, date, saved, items);
+}
+
+bool refreshDayPlan(Sheet& sheet, QDate date, const SavedEntries& before, const SavedEntries& now,
+                    const QList<OpenItem>& items) {
+  const quint64 revision = sheet.revision();
   for (int row = 0; row < sheet.Rows(); ++row) {
-    const PlanTexts* entry = saved.find(date, sheet.CellTag(kDayBlock, row));
-    showTexts(sheet, row, entry ? *entry : PlanTexts());
-    const auto colour = entry ? colourOf(items, entry->activity) : std::nullopt;
-    if (colour && !entry->activity.isEmpty()) colourRow(sheet, row, *colour);
+    if (isChanged(sheet, row, date, before) || !isChanged(sheet, row, date, now)) continue;
+    showEntry(sheet, row, date, now, items);
   }
+  return sheet.revision() != revision;
 }
 
 Changes dayChanges(const Sheet& sheet, QDate date, const SavedEntries& saved) {
@@ -145,8 +158,7 @@ DaySaveOutcome saveDayPlan(ScheduleStore& store, const Sheet& sheet, QDate date,
     outcome.failure = saveRows(store, sheet, date, rows);
     const SavedEntries now(store, date);
     transaction.commit();
-    outcome.saved = asRead;
-    for (const int row : rows) outcome.saved->take({date, sheet.CellTag(kDayBlock, row)}, now);
+    outcome.saved = now;
   } catch (const StoreError& error) {
     if (error.fault() == StoreFault::RowChanged) throw;
     if (error.fault() == StoreFault::SavedDespiteError) throw;

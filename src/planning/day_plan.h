@@ -28,6 +28,11 @@ void layOutBlockRows(Sheet& sheet, const TimeBlockList& blocks);
 // is not among the items leaves the row's colours as they were.
 void showDayPlan(Sheet& sheet, QDate date, const SavedEntries& saved, const QList<OpenItem>& items);
 
+// Shows what the date holds now in the rows that still say what was read before; true when that
+// changed any.
+bool refreshDayPlan(Sheet& sheet, QDate date, const SavedEntries& before, const SavedEntries& now,
+                    const QList<OpenItem>& items);
+
 // What a save of the rows would do.
 Changes dayChanges(const Sheet& sheet, QDate date, const SavedEntries& saved);
 
@@ -36,8 +41,7 @@ void placeDayActivity(Sheet& sheet, int row, const OpenItem& item);
 
 struct DaySaveOutcome {
   QString failure;  // what went wrong, and in which block; empty when all was saved
-  // What was read, with what the saved rows hold now in its place; none when nothing was saved.
-  std::optional<SavedEntries> saved;
+  std::optional<SavedEntries> saved;  // what the date holds now; none when nothing was saved
 };
 
 // Makes the date's entries what the grid's changed rows say: the first entry of a block is changed,

@@ -28,11 +28,6 @@ const PlanTexts* SavedEntries::find(QDate date, const QString& code) const {
   return entry == entries_.cend() ? nullptr : &*entry;
 }
 
-void SavedEntries::take(const Place& place, const SavedEntries& from) {
-  const PlanTexts* entry = from.find(place.first, place.second);
-  entry ? void(entries_.insert(place, *entry)) : void(entries_.remove(place));
-}
-
 bool isReadable(RowReader& entry) {
   return entry.date(u"RQ").isValid() && !entry.text(u"SJKH").isEmpty();
 }

@@ -24,8 +24,6 @@ class SavedEntries {
 
   // The first entry of a block on a date; null when there is none.
   const PlanTexts* find(QDate date, const QString& code) const;
-  // Makes one place what it is in another reading of the same entries.
-  void take(const Place& place, const SavedEntries& from);
   qsizetype count() const { return entries_.size(); }
   // Entries without a date or a block that can be read: no list shows them and no save touches
   // them.

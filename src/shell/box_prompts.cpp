@@ -9,16 +9,10 @@
 namespace vellora {
 namespace {
 
-// A box looks like the window it belongs to.
-void takeLook(QDialog& box, const QWidget* parent) {
-  if (parent) box.setPalette(parent->palette());
-}
-
 // Gives the position of the answer whose button was pressed, the last when the box is closed.
 int show(QWidget* parent, QMessageBox::Icon icon, const QString& text, const QStringList& answers,
          int usual) {
   QMessageBox box(icon, programTitle(), text, QMessageBox::NoButton, parent);
-  takeLook(box, parent);
   box.setTextFormat(Qt::PlainText);
   QList<QPushButton*> buttons;
   // Of one role, so that they stand in their order.
@@ -54,7 +48,6 @@ QString BoxPrompts::chooseFile(QWidget* parent, const QString& title, const QStr
   const QString name = filter.section(u'|', 0, 0);
   const QString pattern = filter.section(u'|', 1);
   QFileDialog dialog(parent, title, folder, name + u" (" + pattern + u')');
-  takeLook(dialog, parent);
   dialog.setFileMode(QFileDialog::ExistingFile);
   dialog.setOption(QFileDialog::DontUseNativeDialog);
   if (dialog.exec() != QDialog::Accepted) return {};

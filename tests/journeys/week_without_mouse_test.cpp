@@ -57,7 +57,7 @@ TEST_F(WeekWithoutMouse, IsPlannedByActivityAndByDay) {
   EXPECT_EQ(cell(1, 1), u"读书/第一章"_qs);
   tabTo(u"D1"_qs);
   press(Qt::Key_Up);
-  EXPECT_EQ(cell(1, 0), u"03月19日/星期三"_qs) << "a year later";
+  EXPECT_EQ(cell(1, 0), u"03月20日/星期二"_qs) << "a day later";
 }
 
 TEST_F(WeekWithoutMouse, IsChangedFromTheBoardsCells) {

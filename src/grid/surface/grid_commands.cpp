@@ -64,7 +64,6 @@ bool GridSurface::Parts::useCommandKey(const QKeyEvent& event) {
 
 void GridSurface::contextMenuEvent(QContextMenuEvent* event) {
   auto* menu = new QMenu(this);
-  menu->setPalette(window()->palette());
   menu->setAttribute(Qt::WA_DeleteOnClose);
   for (const GridCommand& command : parts_->commands()) {
     QAction* action = menu->addAction(command.text, this, command.run);
