@@ -129,7 +129,7 @@ void setUpSheet(Sheet& sheet, const WholeTable& table, int rows) {
 
 TableRows loadTable(ScheduleStore& store, Sheet& sheet, const WholeTable& table, int leastRows,
                     int spareRows) {
-  const TableRows rows = readRows(store, table);
+  TableRows rows = readRows(store, table);
   const int count = static_cast<int>(rows.size());
   sheet.SetRows(0);
   sheet.SetRows(std::max(leastRows, count + spareRows));

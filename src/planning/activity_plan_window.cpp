@@ -112,15 +112,13 @@ void ActivityPlanWindow::loadLists() {
 // A list that cannot be read stays empty, so that the window opens with what there is. A busy
 // schedule has been waited for once, and would be for the next list.
 void ActivityPlanWindow::readLists() {
-  std::optional<StoreError> failure;
   try {
     loadBlocks();
   } catch (const StoreError& error) {
-    if (error.fault() == StoreFault::Busy) throw;
-    failure = error;
+    if (error.fault() != StoreFault::Busy) loadActivities();
+    throw;
   }
   loadActivities();
-  if (failure) throw *failure;
 }
 
 void ActivityPlanWindow::loadBlocks() {

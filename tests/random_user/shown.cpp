@@ -22,8 +22,10 @@ QString lines(QString text) {
   return text.replace(u"\r\n"_qs, u"\n"_qs).replace(u'\r', u'\n');
 }
 
+// A text that begins with a blank is no number.
 QString levelRead(const QString& text) {
-  return numberText(roundHalfEven(numericValue(narrow(text))));
+  const QString narrowText = text.normalized(QString::NormalizationForm_KC);
+  return numberText(roundHalfEven(numericValue(narrowText)));
 }
 
 Rows sorted(Rows rows) {
@@ -95,7 +97,7 @@ Shown dailyPlan(const PlannerWindow& window, const Tables& tables) {
 // A place that another activity holds is never stored, and the user is told.
 Shown activityPlan(const PlannerWindow& window, const Tables& tables) {
   const GridSurface& grid = *gridOf(window);
-  const QString activity = textIn(window, u"Text2"_qs);
+  const QString activity = listedActivity(window);
   Shown all{u"JH"_qs, activity, true, {}, {}};
   Plan shown, stored;
   std::set<std::pair<QString, QString>> taken;

@@ -69,7 +69,7 @@ void Witness::lookBefore(bool mayWrite) {
   before_.asksToDelete = box && box->text().startsWith(u"请认是否删除项目");
   before_.kind = kindOf(*before_.window);
   before_.shown = shownIn(*before_.window, reader_.tables());
-  before_.listed = listedActivity(*before_.window);
+  before_.named = textIn(*before_.window, u"Text2"_qs);
   if (before_.shown.table == u"HD"_qs) before_.item = selectedItem(*before_.window);
 }
 
@@ -88,7 +88,8 @@ bool Witness::isOwn(const QString& table, const Row& row) const {
   if (kind == u"AboutWindow"_qs) return table == u"JM"_qs;
   if (table != before_.shown.table) return false;
   if (table == u"BW"_qs || kind == u"DailyPlanWindow"_qs) return row[0] == before_.shown.subject;
-  return kind != u"ActivityPlanWindow"_qs || row[2] == before_.shown.subject;
+  const bool isDeleted = before_.asksToDelete && row[2] == before_.named;
+  return kind != u"ActivityPlanWindow"_qs || row[2] == before_.shown.subject || isDeleted;
 }
 
 void Witness::lookAtTables(const Tables& before) {
@@ -106,10 +107,6 @@ void Witness::lookAtTables(const Tables& before) {
     if (table == u"HD"_qs && before_.shown.table == table) lookAtItems(gone, added);
     if (table != before_.shown.table || gone.isEmpty()) continue;
     if (desk_.isFresh) fault(u"what was never read is replaced"_qs, written(gone));
-    if (before_.kind == u"ActivityPlanWindow"_qs && before_.listed != before_.shown.subject &&
-        !before_.asksToDelete) {
-      fault(u"a plan that was never listed is replaced"_qs, written(gone));
-    }
   }
 }
 

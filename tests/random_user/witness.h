@@ -40,7 +40,7 @@ class Witness {
     QPointer<PlannerWindow> window;
     QPointer<QWidget> front;
     QString kind;
-    QString listed;
+    QString named;  // in the activity plan
     Row item;  // the row of the catalogue that is selected
     Shown shown;
     bool mayWrite = false;
