@@ -180,8 +180,11 @@ Shown memo(const PlannerWindow& window, const Tables& tables) {
 // The item in the fields; it is stored alone, so that the rest of the catalogue does not count.
 Shown item(const PlannerWindow& window) {
   Shown all{u"HD"_qs, {}, true, {}, {}};
-  const QString code = textIn(window, u"TxtHDBH"_qs).trimmed();
-  const QString name = textIn(window, u"txtHDMC"_qs).trimmed();
+  const auto oneLine = [&](const QString& field) {
+    return lines(textIn(window, field)).replace(u'\n', u' ').trimmed();
+  };
+  const QString code = oneLine(u"TxtHDBH"_qs);
+  const QString name = oneLine(u"txtHDMC"_qs);
   const QString category = textIn(window, u"Combo1"_qs);
   if (!code.isEmpty() && !name.isEmpty()) all.rows << Row{code, name, category};
   return all;
