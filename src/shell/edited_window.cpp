@@ -27,12 +27,8 @@ QWidget* EditedWindow::makeStatus() {
   auto* status = new QWidget(this);
   auto* row = new QHBoxLayout(status);
   row->setContentsMargins({});
-  text_ = new QLabel(status);
+  text_ = new StatusLine(status);
   text_->setObjectName(u"EditStatus"_qs);
-  text_->setTextFormat(Qt::PlainText);
-  text_->setTextInteractionFlags(Qt::TextSelectableByMouse);
-  text_->setWordWrap(true);
-  text_->hide();
   row->addWidget(text_, 1);
   row->addStretch();
   const auto add = [&](const QString& name, const QString& caption, auto act) {
@@ -114,10 +110,10 @@ void EditedWindow::showStatus() {
     }
     grid_->markRows(std::move(marks));
   }
-  text_->setText(is_read_ || reason_.isEmpty()
-                     ? changes_.text()
-                     : u"没有读出来："_qs + reason_ + u"请按“刷新”再试。");
-  text_->setVisible(!text_->text().isEmpty());
+  const QString text = is_read_ || reason_.isEmpty()
+                           ? changes_.text()
+                           : u"没有读出来："_qs + reason_ + u"请按“刷新”再试。";
+  if (text != text_->text()) text_->tell(text);
   refresh_->setVisible(!is_read_ && !reason_.isEmpty());
   fetch_->setVisible(!discarded_.empty());
 }

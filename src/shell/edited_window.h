@@ -8,7 +8,6 @@
 #include <functional>
 #include <vector>
 
-class QLabel;
 class QPushButton;
 
 namespace vellora {
@@ -77,7 +76,7 @@ class EditedWindow : public PlannerWindow {
   std::vector<std::function<bool()>> discarded_;
   QTimer later_;  // several changes are looked at once
   GridSurface* grid_ = nullptr;
-  QLabel* text_ = nullptr;
+  StatusLine* text_ = nullptr;
   QPushButton* refresh_ = nullptr;
   QPushButton* fetch_ = nullptr;
   QWidget* status_;
