@@ -56,13 +56,11 @@ TableRows SaveWeekNames(ScheduleStore& store, const Sheet& sheet, const TableRow
 
 // A name that was only carried down, into a row without days, is nothing that anyone typed.
 Changes weekNameChanges(const Sheet& sheet, const TableRows& stored) {
-  Changes changes = tableChanges(sheet, kTable, stored);
-  std::erase_if(changes.rows, [&](const Changes::Row& row) {
-    return sheet.GetCellText(kWeekStartCol, row.row).isEmpty() &&
-           sheet.GetCellText(kWeekEndCol, row.row).isEmpty() &&
-           sheet.GetCellText(kWeekNameCol, row.row) == sheet.GetCellText(kWeekNameCol, row.row - 1);
+  return tableChanges(sheet, kTable, stored, [&](int row) {
+    return sheet.GetCellText(kWeekStartCol, row).isEmpty() &&
+           sheet.GetCellText(kWeekEndCol, row).isEmpty() &&
+           sheet.GetCellText(kWeekNameCol, row) == sheet.GetCellText(kWeekNameCol, row - 1);
   });
-  return changes;
 }
 
 int addWeek(Sheet& sheet, int fromRow, QDate first) {

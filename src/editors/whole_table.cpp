@@ -153,14 +153,15 @@ TableRows saveTable(ScheduleStore& store, const Sheet& sheet, const WholeTable& 
   return stored;
 }
 
-Changes tableChanges(const Sheet& sheet, const WholeTable& table, const TableRows& stored) {
+Changes tableChanges(const Sheet& sheet, const WholeTable& table, const TableRows& stored,
+                     const std::function<bool(int row)>& isNothing) {
   std::map<QStringList, int> unseen;
   for (const QStringList& row : stored) ++unseen[row];
   int altered = 0;
   Changes changes;
   for (int row = sheet.NextWrittenRow(0); row < sheet.Rows(); row = sheet.NextWrittenRow(row + 1)) {
     const QStringList texts = typedRow(sheet, row, table);
-    if (texts.count(QString()) == texts.size()) continue;
+    if (texts.count(QString()) == texts.size() || (isNothing && isNothing(row))) continue;
     const auto same = unseen.find(texts);
     const bool isStored = same != unseen.end() && same->second-- > 0;
     const QString lacks = missingCell(sheet, texts);

@@ -7,6 +7,7 @@
 
 #include <QStringList>
 
+#include <functional>
 #include <span>
 #include <vector>
 
@@ -63,8 +64,10 @@ TableRows loadTable(ScheduleStore& store, Sheet& sheet, const WholeTable& table,
 TableRows saveTable(ScheduleStore& store, const Sheet& sheet, const WholeTable& table,
                     const TableRows* asRead);
 
-// What a save would do to the stored rows. Their order does not count.
-Changes tableChanges(const Sheet& sheet, const WholeTable& table, const TableRows& stored);
+// What a save would do to the stored rows. Their order does not count, nor does a row for which
+// `isNothing`.
+Changes tableChanges(const Sheet& sheet, const WholeTable& table, const TableRows& stored,
+                     const std::function<bool(int row)>& isNothing = {});
 
 // The date in a cell. Throws CellRefused when there is none.
 QDate dateInCell(const Sheet& sheet, int col, int row);

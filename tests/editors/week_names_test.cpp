@@ -88,6 +88,16 @@ TEST_F(WeekNamesTest, ContinuesNothingWithoutAFirstDay) {
   }
 }
 
+TEST_F(WeekNamesTest, ACarriedNameHidesNoRowThatIsGone) {
+  const TableRows stored{{u"2007-03-05"_qs, u"2007-03-11"_qs, u"第一周"_qs},
+                         {u"2007-03-12"_qs, u"2007-03-18"_qs, u"第二周"_qs}};
+  sheet_.SetRows(4);
+  sheet_.SetRowTexts(1, stored[1]);
+  sheet_.SetCellText(kWeekNameCol, 2, u"第二周"_qs);
+  EXPECT_EQ(weekNameChanges(sheet_, stored).missing, 1);
+  EXPECT_TRUE(weekNameChanges(sheet_, stored).rows.empty());
+}
+
 TEST_F(WeekNamesTest, CarriesANameOnlyIntoANamelessRow) {
   sheet_.SetRows(3);
   typeRow(sheet_, 0, {u""_qs, u""_qs, u"学期"_qs});

@@ -95,10 +95,11 @@ void Checks::compareDate(const QString& fault, bool isTaken) {
     if (!window || window != front() || kindOf(*window) != kind) return;
     const QString shown = textIn(*window, notes->picker);
     const auto typed = isTaken ? dateRead(notes->typed) : std::nullopt;
-    const bool wasDate = dateRead(notes->date).has_value();
-    const bool isRight = typed     ? dateRead(shown) == typed
-                         : wasDate ? shown == notes->date
-                                   : dateRead(shown).has_value();
+    // What Escape takes back may have been begun before.
+    const auto left = dateRead(notes->typed);
+    const bool isKept =
+        !isTaken && left && dateRead(shown) == left && dateRead(notes->date) != left;
+    const bool isRight = typed ? dateRead(shown) == typed : dateRead(shown) && !isKept;
     const bool hasBlanks = notes->typed != notes->typed.trimmed();
     if (isRight || (isTaken && !typed && !dateRead(shown))) return;
     if (hasBlanks && shown == notes->date) return;

@@ -83,6 +83,7 @@ RandomUser::RandomUser(const Run& run)
     QFile::copy(QStringLiteral(SKIN_DIR) + u'/' + skin, schedule_.folder() + u'/' + skin);
   }
   qputenv("HOME", schedule_.folder().toLocal8Bit());
+  QDir::setCurrent(schedule_.folder());  // where a file without a folder is printed to
   next_.setSingleShot(true);
   QObject::connect(&next_, &QTimer::timeout, &next_, [this] { goOn(); });
 }
