@@ -33,6 +33,12 @@ bool savesOnItsOwn(const QString& kind) {
          kind == u"TimeBlockEditor"_qs || kind == u"WeekNameEditor"_qs;
 }
 
+// Only what was read can be changed.
+bool saysChanged(const PlannerWindow& window) {
+  return textIn(window, u"EditStatus"_qs).contains(u"没有保存") ||
+         textIn(window, u"EditStatus"_qs).contains(u"保存后删除");
+}
+
 bool hasEveryTime(const GridSurface& grid) {
   for (int row = 0; row < grid.Rows(); ++row) {
     if (grid.GetCellText(0, row).isEmpty()) return false;
@@ -165,7 +171,8 @@ void Witness::lookAtWindow() {
     desk_ = {};
     desk_.window = window;
     desk_.title = window->windowTitle();
-    desk_.isFresh = savesOnItsOwn(kindOf(*window)) && shown.rows.isEmpty();
+    // What was fetched back stands where the day was read just before.
+    desk_.isFresh = savesOnItsOwn(kindOf(*window)) && shown.rows.isEmpty() && !saysChanged(*window);
     desk_.hasTimes = kindOf(*window) == u"DailyPlanWindow"_qs && hasEveryTime(*gridOf(*window));
   }
   const bool isBrowsed = shown.table == u"HD"_qs && !controlNamed(*window, u"cmdCancel"_qs);

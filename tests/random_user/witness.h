@@ -41,7 +41,7 @@ class Witness {
     QPointer<QWidget> front;
     QString kind;
     QString named;  // in the activity plan
-    Row item;  // the row of the catalogue that is selected
+    Row item;       // the row of the catalogue that is selected
     Shown shown;
     bool mayWrite = false;
     bool wasBox = false;
