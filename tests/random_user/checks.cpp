@@ -88,11 +88,16 @@ QString Checks::noteDate() {
   return notes_->picker;
 }
 
+void Checks::noteHand() {
+  script_.add(u"see whether a box has come up"_qs,
+              [notes = notes_] { notes->isInHand = windowInHand() && windowInHand() == front(); });
+}
+
 // What is no date moves nothing, and may stay there marked. Blanks may make it one.
 void Checks::compareDate(const QString& fault, bool isTaken) {
   script_.add(u"look at the date"_qs, [=, notes = notes_, tell = tell_, kind = kindInHand()] {
     const auto* window = windowInHand();
-    if (!window || window != front() || kindOf(*window) != kind) return;
+    if (!window || window != front() || kindOf(*window) != kind || !notes->isInHand) return;
     const QString shown = textIn(*window, notes->picker);
     const auto typed = isTaken ? dateRead(notes->typed) : std::nullopt;
     // What Escape takes back may have been begun before.

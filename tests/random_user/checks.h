@@ -17,6 +17,8 @@ class Checks {
 
   // Gives the name of the window's date picker.
   QString noteDate();
+  // Whether the window still takes keys, or a box has come up.
+  void noteHand();
   void noteTyped(const QString& text) { notes_->typed = text; }
   void noteCells();
   // Takes back the one row that has changed since, if there is one.
@@ -34,6 +36,7 @@ class Checks {
     QString typed;
     QString picker;
     QString date;
+    bool isInHand = false;
 
     QStringList changes() const;
   };

@@ -186,7 +186,11 @@ bool Author::writePointing(const QString& word) {
     return point(cell(1 + dice_.below(7), dice_.below(5)), dice_.oneIn(2));
   if (word == u"button"_qs) return point(anyControl(true), false);
   if (word == u"twice"_qs) return twice_ = true;
-  if (word == u"picker"_qs) return point(control(checks_.noteDate()), false);
+  if (word == u"picker"_qs) {
+    point(control(checks_.noteDate()), false);
+    checks_.noteHand();
+    return true;
+  }
   if (word == u"drag"_qs) return script_.drag(anyCell(5), anyCell(5)), true;
   if (word == u"row"_qs) {
     const int row = dice_.below(6);
