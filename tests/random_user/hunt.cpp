@@ -77,11 +77,11 @@ QString placeInReport(const QString& report) {
 // "double click cell 3,4" gives "double click cell".
 QString lastDoing(const QStringList& deeds) {
   static const QRegularExpression kNumbers(u"[ ,]*\\d+"_qs);
-  for (auto deed = deeds.rbegin(); deed != deeds.rend(); ++deed) {
-    if (deed->endsWith(u"release"_qs) || deed->endsWith(u"key up"_qs)) continue;
-    return deed->section(u'\t', 1).remove(kNumbers).replace(u'\t', u": "_qs).left(60);
+  QString last;
+  for (const QString& deed : deeds) {
+    if (!deed.endsWith(u"release"_qs) && !deed.endsWith(u"key up"_qs)) last = deed;
   }
-  return {};
+  return last.section(u'\t', 1).remove(kNumbers).replace(u'\t', u": "_qs).left(60);
 }
 
 // What the child said at its end, without what it says at any time.
