@@ -102,8 +102,8 @@ void Checks::compareDate(const QString& fault, bool isTaken) {
     const auto typed = isTaken ? dateRead(notes->typed) : std::nullopt;
     // What Escape takes back may have been begun before.
     const auto left = dateRead(notes->typed);
-    const bool isKept =
-        !isTaken && left && dateRead(shown) == left && dateRead(notes->date) != left;
+    const auto before = dateRead(notes->date);
+    const bool isKept = before && left && dateRead(shown) == left && before != left;
     const bool isRight = typed ? dateRead(shown) == typed : dateRead(shown) && !isKept;
     const bool hasBlanks = notes->typed != notes->typed.trimmed();
     if (isRight || (isTaken && !typed && !dateRead(shown))) return;
