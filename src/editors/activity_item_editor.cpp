@@ -129,12 +129,11 @@ void ActivityItemEditor::activate() {
 
 void ActivityItemEditor::setTypable(bool on) {
   fields_->setEnabled(on);
-  happened(ItemEvent::EditEnded);
+  showButtons();
 }
 
 // A category that cannot be read leaves list and filter at the one that is shown.
 void ActivityItemEditor::filter() {
-  if (isRead() && isChanged()) keepDiscardedItem();
   const QString category = filter_->currentText();
   if (!read([&] { catalogue_.filter(category, grid_->sheet()); })) {
     if (isRead()) filter_->setCurrentText(shown_category_);
@@ -329,18 +328,25 @@ void ActivityItemEditor::remove() {
 
 void ActivityItemEditor::happened(ItemEvent event) {
   tell({});
-  const bool hasItem = grid_->CurrentRow() >= 0 && !catalogue_.isEmpty();
-  mode_ = nextMode(mode_, event, !hasItem);
-  const ItemButtons buttons = buttonsIn(mode_, hasItem);
-  store_->setEnabled(isRead() && buttons.storeAndCancel);
-  cancel_->setEnabled(isRead() && buttons.storeAndCancel);
-  add_->setEnabled(isRead() && buttons.add);
-  delete_->setEnabled(isRead() && buttons.remove);
+  mode_ = nextMode(mode_, event, !hasItem());
+  showButtons();
   if (event != ItemEvent::FieldsChanged) {
     shown_ = fields_->item();
     shown_id_ = itemIdAt(grid_->sheet(), grid_->CurrentRow());
   }
   lookAgain();
+}
+
+bool ActivityItemEditor::hasItem() {
+  return grid_->CurrentRow() >= 0 && !catalogue_.isEmpty();
+}
+
+void ActivityItemEditor::showButtons() {
+  const ItemButtons buttons = buttonsIn(mode_, hasItem());
+  store_->setEnabled(isRead() && buttons.storeAndCancel);
+  cancel_->setEnabled(isRead() && buttons.storeAndCancel);
+  add_->setEnabled(isRead() && buttons.add);
+  delete_->setEnabled(isRead() && buttons.remove);
 }
 
 }  // namespace vellora

@@ -57,6 +57,8 @@ class ActivityItemEditor : public EditedWindow {
   void remove();
 
   void happened(ItemEvent event);
+  bool hasItem();
+  void showButtons();
 
   ItemCatalogue catalogue_;
   ItemMode mode_ = ItemMode::Browsing;

@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QGridLayout>
 #include <QLabel>
+#include <QStyle>
 
 namespace vellora {
 namespace {
@@ -15,7 +16,7 @@ constexpr int kBlackTextAt = 2;  // the light green is too bright for light text
 // The system's own light text, not the skin's, which may be dark.
 QColor legendText(int index) {
   return index == kBlackTextAt ? QColor(Qt::black)
-                               : QApplication::palette().color(QPalette::HighlightedText);
+                               : QApplication::style()->standardPalette().highlightedText().color();
 }
 
 QLabel* makeEntry(int index, QWidget* parent) {

@@ -4,8 +4,10 @@
 #include "store/statements.h"
 #include "support/planner_test.h"
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
@@ -237,6 +239,24 @@ TEST_F(ActivityItemEditorTest, SaysWhyAFilterFailsAndKeepsTheList) {
   press("CmdSX");
   EXPECT_EQ(prompts_.warnings.size(), 1);
   EXPECT_EQ(shown(), u"添删 0/2 001 活动001"_qs);
+  type(name(), u"reading"_qs);
+  press("CmdSX");
+  EXPECT_EQ(shown(), u"确取 0/2 001 reading"_qs) << "what was typed goes on";
+  schedule_.sql(u"ALTER TABLE HD0 RENAME TO HD"_qs);
+  press("CmdSX");
+  EXPECT_EQ(shown(), u"添删 0/2 001 活动001"_qs);
+  press("CmdFetch");
+  EXPECT_EQ(shown(), u"确取 0/2 001 reading"_qs) << "what the filter dropped";
+}
+
+TEST_F(ActivityItemEditorTest, TheLegendsColoursStayWithEverySkin) {
+  const QPalette before = QApplication::palette();
+  QPalette highContrast = before;
+  highContrast.setColor(QPalette::HighlightedText, Qt::black);
+  QApplication::setPalette(highContrast);
+  open();
+  EXPECT_EQ(child<QLabel>("LbTJ5").palette().color(QPalette::WindowText), QColor(Qt::white));
+  QApplication::setPalette(before);
 }
 
 TEST_F(ActivityItemEditorTest, ChangesAnItemWithTextsLongerThanTheFieldsTakeWithoutCuttingThem) {
