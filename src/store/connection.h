@@ -51,7 +51,6 @@ class Connection {
     }
   }
 
-  void setWait(std::function<bool()> goesOn) { waitGoesOn_ = std::move(goesOn); }
   // Asked every few milliseconds of a statement; false ends it with WorkGivenUp. Null for nothing.
   void setPulse(std::function<bool()>* goesOn);
 

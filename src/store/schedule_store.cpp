@@ -49,10 +49,6 @@ bool ScheduleStore::isReadOnly() const {
   return connection_->isReadOnly();
 }
 
-void ScheduleStore::setWait(std::function<bool()> goesOn) {
-  connection_->setWait(std::move(goesOn));
-}
-
 ScheduleStore::Watch::Watch(ScheduleStore& store, std::function<bool()> goesOn)
     : connection_(*store.connection_), goesOn_(std::move(goesOn)) {
   connection_.setPulse(&goesOn_);

@@ -21,8 +21,9 @@ class ScheduleStore {
  public:
   // Opens an existing schedule, checks that all six tables and their columns are there, and adds
   // the planner's indices where they are missing. Never creates a file. `patience` is how long a
-  // program that is writing is waited for before StoreFault::Busy, and `waitGoesOn` is what setWait
-  // takes, from the opening on.
+  // program that is writing is waited for, and `waitGoesOn` is asked again and again meanwhile,
+  // from the opening on; false ends the waiting with StoreFault::Busy, as the end of the patience
+  // does. What is asked must keep off the store.
   explicit ScheduleStore(const QString& path,
                          std::chrono::milliseconds patience = std::chrono::seconds(5),
                          std::function<bool()> waitGoesOn = {});
@@ -44,10 +45,6 @@ class ScheduleStore {
 
   // True when the file or its folder does not let this program save.
   bool isReadOnly() const;
-
-  // Asked again and again while a program that is writing is waited for; false ends the waiting
-  // with StoreFault::Busy. What is asked must keep off the store.
-  void setWait(std::function<bool()> goesOn);
 
   // While it lives, asks every few milliseconds of a long statement whether to go on; false ends
   // the statement with WorkGivenUp. What is asked must keep off the store. Watches do not nest.

@@ -19,7 +19,6 @@ class StoreWaitTest : public testing::Test {
   StoreWaitTest() {
     schedule_.fullDay(3);
     save_.emplace(other_);
-    store_.setWait([this] { return wait_.goesOn(); });
     user_.start(1);
   }
 
@@ -36,7 +35,8 @@ class StoreWaitTest : public testing::Test {
 
   test::ScheduleBuilder schedule_;
   ScheduleStore other_{schedule_.path()};
-  ScheduleStore store_{schedule_.path(), std::chrono::minutes(1)};
+  ScheduleStore store_{schedule_.path(), std::chrono::minutes(1),
+                       [this] { return wait_.goesOn(); }};
   std::optional<ScheduleStore::Transaction> save_;
   StoreWait wait_;
   QTimer user_;

@@ -125,10 +125,9 @@ TEST(Transaction, TwoProgramsWaitForEachOtherAndNeitherLosesItsSave) {
 TEST(Transaction, WaitsNoLongerThanItIsAllowedTo) {
   ScheduleBuilder builder;
   ScheduleStore one(builder.path());
-  ScheduleStore other(builder.path(), std::chrono::hours(1));
-  const ScheduleStore::Transaction save(one);
   int asked = 0;
-  other.setWait([&asked] { return ++asked < 3; });
+  ScheduleStore other(builder.path(), std::chrono::hours(1), [&asked] { return ++asked < 3; });
+  const ScheduleStore::Transaction save(one);
   EXPECT_EQ(faultOf([&] { const ScheduleStore::Transaction second(other); }), StoreFault::Busy);
   EXPECT_EQ(asked, 3);
 }

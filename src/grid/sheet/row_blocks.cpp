@@ -82,16 +82,6 @@ int RowBlocks::nextWritten(int row) const {
   return run < runs_.size() ? std::max(row, runs_[run].first) : count_;
 }
 
-int RowBlocks::nextUnshared(int row, const RowBlocks& other) const {
-  if (row >= count_) return count_;
-  for (std::size_t run = runOf(row); run < runs_.size(); ++run) {
-    const int first = runs_[run].first;
-    const bool isShared = first < other.count_ && runs_[run] == other.runs_[other.runOf(first)];
-    if (!isShared) return std::max(row, first);
-  }
-  return count_;
-}
-
 int RowBlocks::nextSized(int row) const {
   if (row >= count_) return count_;
   for (std::size_t run = runOf(row); run < runs_.size(); ++run) {

@@ -36,9 +36,6 @@ class RowBlocks {
   int nextWritten(int row) const;
   // Likewise for rows that are hidden or have a height.
   int nextSized(int row) const;
-  // The first row from row on whose block is not the very one that the other has there; count()
-  // when there is none.
-  int nextUnshared(int row, const RowBlocks& other) const;
   void restyle(int col, int firstRow, int lastRow, const Restyle& map);
 
  private:

@@ -162,10 +162,6 @@ int Sheet::NextWrittenRow(int row) const {
   return content_->blocks().nextWritten(std::max(row, 0));
 }
 
-int Sheet::NextChangedRow(int row, const Sheet& since) const {
-  return content_->blocks().nextUnshared(std::max(row, 0), since.content_->blocks());
-}
-
 int Sheet::NextSizedRow(int row) const {
   return content_->blocks().nextSized(std::max(row, 0));
 }

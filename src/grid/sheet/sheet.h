@@ -102,9 +102,6 @@ class Sheet {
   // The first row from row on that may hold anything of its own; Rows() when all from there are as
   // new. Walks a sheet without visiting long empty stretches.
   int NextWrittenRow(int row) const;
-  // The first row from row on that may differ from the same row of `since`, a copy of this sheet
-  // taken earlier; Rows() when none does. Skips some hundred unchanged rows at a time.
-  int NextChangedRow(int row, const Sheet& since) const;
   // Whether a row has nothing of its own: no cell, no height, and it is not hidden.
   bool IsRowEmpty(int row) const;
   // The first row from row on that is hidden or has a height of its own; Rows() when there is none.

@@ -204,8 +204,4 @@ void GridSurface::clearUndo() {
   parts_->edits.clear();
 }
 
-bool GridSurface::isEdited() const {
-  return parts_->edits.isEdited();
-}
-
 }  // namespace vellora

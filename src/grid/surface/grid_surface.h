@@ -123,8 +123,6 @@ class GridSurface : public QTableView {
   void beginUndoStep(const QString& name);
   void endUndoStep();
   void clearUndo();
-  // True when the user typed, pasted, emptied or undid something since the last clearUndo().
-  bool isEdited() const;
 
  signals:
   void CellEntered(int previousRow, int row);

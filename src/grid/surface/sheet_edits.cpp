@@ -37,10 +37,8 @@ void SheetEdits::push() {
 
 void SheetEdits::edit(const QString& name, CellPlace place,
                       const std::function<void(Sheet&)>& change) {
-  const quint64 before = book_.sheet().revision();
   begin(name, place);
   change(book_.sheet());
-  isEdited_ = isEdited_ || book_.sheet().revision() != before;
   end();
 }
 
@@ -78,14 +76,12 @@ CellPlace SheetEdits::show(std::size_t state, CellPlace place) {
     if (width && width != sheet.ColumnWidth(col)) sheet.SetColumnWidth(col, *width);
   }
   states_[at_].sheet = sheet;
-  isEdited_ = true;
   return place;
 }
 
 void SheetEdits::clear() {
   states_.clear();
   at_ = 0;
-  isEdited_ = false;
 }
 
 }  // namespace vellora

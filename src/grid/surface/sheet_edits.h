@@ -18,7 +18,7 @@ class SheetEdits {
   // Steps may be nested; the outermost counts. The place is where the step is seen.
   void begin(const QString& name, CellPlace place);
   void end();
-  // A step of the user's own: the sheet counts as edited when it changed.
+  // A step of the user's own.
   void edit(const QString& name, CellPlace place, const std::function<void(Sheet&)>& change);
   // Raises an event whose handler may change the sheet in answer to what the user just did; undoing
   // that undoes the answer too.
@@ -35,7 +35,6 @@ class SheetEdits {
   // Undoes the last step as if it had never been; false when it cannot be undone.
   bool takeBack();
   void clear();
-  bool isEdited() const { return isEdited_; }
 
  private:
   struct State {
@@ -54,7 +53,6 @@ class SheetEdits {
   int depth_ = 0;
   QString name_;
   CellPlace place_;
-  bool isEdited_ = false;
 };
 
 }  // namespace vellora

@@ -104,19 +104,6 @@ TEST_F(GridUndo, LeavesColumnWidthsAsTheyWereLastDragged) {
   EXPECT_EQ(grid.columnWidth(1), 133);
 }
 
-TEST_F(GridUndo, TellsWhetherTheUserEditedAnything) {
-  grid.SetCellText(0, 0, u"program"_qs);
-  press(Qt::Key_Down);
-  EXPECT_FALSE(grid.isEdited());
-  press(Qt::Key_F2);
-  press(Qt::Key_Return);
-  EXPECT_FALSE(grid.isEdited()) << "an unchanged text";
-  enter("x");
-  EXPECT_TRUE(grid.isEdited());
-  grid.clearUndo();
-  EXPECT_FALSE(grid.isEdited());
-}
-
 TEST_F(GridUndo, DuplicatingARowIsOneStep) {
   QObject::connect(&grid, &GridSurface::RowDuplicate, &grid, [this](int row) {
     grid.SelectRange(0, row, grid.Cols() - 1, row);
@@ -132,7 +119,6 @@ TEST_F(GridUndo, DuplicatingARowIsOneStep) {
   EXPECT_EQ(grid.Rows(), 6);
   EXPECT_EQ(text(0, 3) + grid.CellTag(0, 3), u"2key");
   EXPECT_EQ(grid.sheet().StyleAt(0, 3).textColour, kRed);
-  EXPECT_TRUE(grid.isEdited());
   undo();
   EXPECT_EQ(grid.Rows(), 5);
 }
