@@ -1,6 +1,6 @@
 #include "backup/backup_path.h"
 
-#include "backup/backup_error.h"
+#include "schedule/backup_records.h"
 #include "routine/calendar_text.h"
 #include "shell/drives.h"
 

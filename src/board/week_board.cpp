@@ -1,6 +1,6 @@
 #include "board/week_board.h"
 
-#include "board/board_filler.h"
+#include "schedule/week.h"
 #include "grid/files/workbook_file.h"
 #include "grid/print/drawn_style.h"
 #include "grid/surface/grid_surface.h"

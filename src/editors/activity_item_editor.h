@@ -1,6 +1,6 @@
 #pragma once
 
-#include "editors/item_catalogue.h"
+#include "schedule/items.h"
 #include "editors/item_states.h"
 #include "shell/edited_window.h"
 

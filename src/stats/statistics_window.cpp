@@ -4,7 +4,7 @@
 #include "routine/category.h"
 #include "shell/date_picker.h"
 #include "shell/work_dialog.h"
-#include "stats/time_use.h"
+#include "schedule/time_use.h"
 #include "store/store_error.h"
 
 #include <QGridLayout>

@@ -58,7 +58,7 @@ TEST(House, RefusesArrowsUpwardsAndBetweenNeighbours) {
       {"routine/clock.h", "store/recordset.h"},      {"shell/skin.h", "board/week_board.h"},
       {"grid/sheet/sheet.h", "grid/surface/view.h"}, {"grid/files/file.h", "grid/surface/view.h"},
       {"grid/surface/view.h", "store/recordset.h"},  {"store/schema.h", "grid/sheet/sheet.h"},
-      {"board/week_board.h", "planning/day_plan.h"}, {"stats/time_use.h", "backup/table_backup.h"},
+      {"board/week_board.h", "schedule/day_plan.h"}, {"schedule/time_use.h", "schedule/backup.h"},
       {"editors/memo.h", "app/attach_windows.h"},
   };
   for (const auto& [from, to] : arrows) {

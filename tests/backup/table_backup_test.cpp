@@ -1,6 +1,6 @@
-#include "backup/table_backup.h"
+#include "schedule/backup.h"
 
-#include "backup/backup_error.h"
+#include "schedule/backup_records.h"
 #include "grid/files/workbook_file.h"
 #include "store/statements.h"
 #include "store/store_error.h"

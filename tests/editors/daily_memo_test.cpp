@@ -1,4 +1,4 @@
-#include "editors/daily_memo.h"
+#include "schedule/memos.h"
 
 #include "store/statements.h"
 #include "support/schedule_builder.h"

@@ -1,6 +1,6 @@
 #include "faults/told.h"
 
-#include "backup/backup_error.h"
+#include "schedule/backup_records.h"
 #include "faults/saving_jobs.h"
 #include "grid/files/file_error.h"
 #include "store/store_error.h"

@@ -1,4 +1,4 @@
-#include "planning/day_summary.h"
+#include "schedule/day_plan.h"
 
 #include "planning_fixture.h"
 

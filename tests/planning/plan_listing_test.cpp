@@ -1,4 +1,4 @@
-#include "planning/plan_listing.h"
+#include "schedule/plan_rows.h"
 
 #include "planning_fixture.h"
 

@@ -1,6 +1,6 @@
-#include "planning/plan_repetition.h"
+#include "schedule/plan_repetition.h"
 
-#include "planning/plan_saving.h"
+#include "schedule/plan_saving.h"
 #include "planning_fixture.h"
 
 namespace vellora {

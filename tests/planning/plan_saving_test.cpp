@@ -1,6 +1,6 @@
-#include "planning/plan_saving.h"
+#include "schedule/plan_saving.h"
 
-#include "planning/plan_listing.h"
+#include "schedule/plan_rows.h"
 #include "planning_fixture.h"
 
 #include <csignal>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "planning/plan_rows.h"
+#include "schedule/plan_rows.h"
 #include "saved_plans.h"
 #include "store/statements.h"
 #include "store/store_error.h"

@@ -1,4 +1,4 @@
-#include "stats/time_use.h"
+#include "schedule/time_use.h"
 
 #include "routine/category.h"
 #include "support/schedule_builder.h"
