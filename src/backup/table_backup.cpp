@@ -2,7 +2,7 @@
 
 #include "backup/backup_error.h"
 #include "backup/table_records.h"
-#include "grid/files/program_files.h"
+#include "grid/files/export_file.h"
 #include "grid/files/workbook_file.h"
 #include "store/schema_tables.h"
 

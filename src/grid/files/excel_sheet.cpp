@@ -2,7 +2,6 @@
 
 #include "grid/files/exported_sheet.h"
 #include "grid/files/file_error.h"
-#include "grid/files/row_progress.h"
 
 #include <algorithm>
 
@@ -204,7 +203,7 @@ void ExcelSheet::writeText(int col, int row, const QString& text) {
             .arg(kExcelMaxText));
   }
   beginCell(kLabelSst, col, row);
-  stream_.put32(strings_.numberOf(text));
+  stream_.put32(strings_.numberOf(sheet_.NumbersAt(col, row).text, text));
   stream_.end();
 }
 

@@ -1,48 +1,103 @@
-// Written Excel files as python3-xlrd and perl's Spreadsheet::ParseExcel read them.
+// Exported files as programs read them that know nothing of the planner.
 
-#include "described_sheet.h"
+#include "file_messages.h"
 #include "grid/files/excel_writer.h"
+#include "grid/files/exported_sheet.h"
+#include "grid/files/html_writer.h"
 #include "outside_reader.h"
+#include "routine/number_text.h"
+#include "sample_list.h"
 #include "support/temporary_folder.h"
 #include "support/text_output.h"
 
 namespace vellora {
 namespace {
 
-const QString kPython = QStringLiteral(PYTHON);
-const QString kPerl = QStringLiteral(PERL);
-const QString kXlrdScript = QStringLiteral(READER_DIR "/read_xls.py");
-const QString kParseExcelScript = QStringLiteral(READER_DIR "/read_xls.pl");
-
-class ExcelReaders : public testing::Test {
+class ExportedFiles : public testing::Test {
  protected:
-  QString write(const Sheet& sheet, const QString& name = u"列表.xls"_qs) {
+  QString excel(const Sheet& sheet, const QString& name = u"列表.xls"_qs) const {
     QString path = folder_.path(name);
-    writeExcelFile(sheet, setup_, u"活动/计划"_qs, path);
+    writeExcelFile(sheet, {}, u"活动/计划"_qs, path);
     return path;
   }
-  QStringList xlrd(const QStringList& paths) {
-    return test::linesOf(kPython, QStringList{kXlrdScript} + paths);
-  }
-  QStringList parseExcel(const QStringList& paths) {
-    return test::linesOf(kPerl, QStringList{kParseExcelScript} + paths);
+  QStringList htmlLines(const Sheet& sheet, const QString& title) const {
+    const QString path = folder_.path(u"表.HTM"_qs);
+    writeHtmlFile(sheet, {true, true}, title, path);
+    EXPECT_EQ(test::linesOf(u"tidy"_qs, {u"-quiet"_qs, u"-errors"_qs, u"--drop-empty-elements"_qs,
+                                         u"no"_qs, path}),
+              QStringList());
+    return test::readHtml(path);
   }
 
   test::TemporaryFolder folder_;
-  PageSetup setup_;
 };
 
-void expectSameLines(const QStringList& read, const QStringList& expected) {
-  for (qsizetype line = 0; line < qMin(read.size(), expected.size()); ++line) {
-    ASSERT_EQ(read[line], expected[line]);
-  }
-  EXPECT_EQ(read.size(), expected.size());
+QString hex(PackedColour colour) {
+  return u"%1%2%3"_qs.arg(redOf(colour), 2, 16, QChar(u'0'))
+      .arg(greenOf(colour), 2, 16, QChar(u'0'))
+      .arg(blueOf(colour), 2, 16, QChar(u'0'));
 }
 
-// A list of one column without headings.
-Sheet listOf(const QStringList& texts) {
+QString describedLook(const CellStyle& style) {
+  QStringList parts{style.font.face, QString::number(style.font.size),
+                    isBold(style.font) ? u"bold"_qs : u"regular"_qs,
+                    style.hasColours ? hex(style.textColour) : u"auto"_qs,
+                    style.hasColours ? hex(style.backColour) : u"none"_qs};
+  const bool isCentred = (style.align & kAlignCentre) != 0;
+  const bool isTop = (style.align & kAlignTop) != 0;
+  const QString across = (style.align & kAlignRight) != 0 ? u"right"_qs : u"left"_qs;
+  const QString down = (style.align & kAlignBottom) != 0 ? u"bottom"_qs : u"middle"_qs;
+  parts << (isCentred ? u"centre"_qs : across) << (isTop ? u"top"_qs : down)
+        << (style.wrap ? u"wrap"_qs : u"line"_qs) << (style.option == 1 ? u"@"_qs : u"General"_qs)
+        << QString::number(style.border ? style.borderWidth : 0)
+        << (style.border ? hex(style.borderColour) : u"none"_qs);
+  return parts.join(u'/');
+}
+
+QString describedCell(const Sheet& sheet, int col, int row) {
+  QString text = exportedText(sheet.GetCellText(col, row));
+  const bool isNumber = sheet.CellNumber(col, row).has_value();
+  const QString kind = text.isEmpty() ? u"blank"_qs : isNumber ? u"number"_qs : u"text"_qs;
+  text.replace(u'\\', u"\\\\"_qs).replace(u'\n', u"\\n"_qs).replace(u'\t', u"\\t"_qs);
+  return kind + u'\t' + text;
+}
+
+// What should be read of a sheet with headings: sizes and cells, numbers in their shortest form.
+QStringList described(const Sheet& sheet) {
+  QStringList lines{u"sheet\t活动_计划"_qs};
+  for (int col = 0; col < sheet.Cols(); ++col) {
+    const int width = exportedWidth(sheet, col);
+    lines << u"column\t%1\t%2\t%3"_qs.arg(col).arg(width * 32).arg(width == 0 ? 1 : 0);
+  }
+  for (int row = kHeadingRow; row < sheet.Rows(); row = sheet.NextWrittenRow(row + 1)) {
+    const int isHidden = isOutOfView(sheet, row) ? 1 : 0;
+    lines << u"row\t%1\t%2\t%3"_qs.arg(row + 1).arg(exportedHeight(sheet, row) * 15).arg(isHidden);
+  }
+  for (int row = kHeadingRow; row < sheet.Rows(); ++row) {
+    for (int col = 0; col < sheet.Cols(); ++col) {
+      const CellStyle& style = sheet.StyleAt(col, row);
+      const bool isEmpty = sheet.GetCellText(col, row).isEmpty();
+      if (isEmpty && row != kHeadingRow && !style.hasColours && !style.border) continue;
+      lines << u"cell\t%1\t%2\t"_qs.arg(row + 1).arg(col) + describedCell(sheet, col, row) + u'\t' +
+                   describedLook(style);
+    }
+  }
+  return lines;
+}
+
+QStringList inShortForm(QStringList lines) {
+  for (QString& line : lines) {
+    QStringList parts = line.split(u'\t');
+    if (parts.value(3) == u"number") parts[4] = numberText(parts[4].toDouble());
+    line = parts.join(u'\t');
+  }
+  return lines;
+}
+
+// Columns of a list without headings.
+Sheet listOf(const QStringList& texts, int cols = 1) {
   Sheet sheet;
-  sheet.SetCols(1);
+  sheet.SetCols(cols);
   sheet.SetRows(static_cast<int>(texts.size()));
   for (int row = 0; row < sheet.Rows(); ++row) sheet.SetCellText(0, row, texts[row]);
   return sheet;
@@ -50,129 +105,97 @@ Sheet listOf(const QStringList& texts) {
 
 QStringList textsIn(const QStringList& lines) {
   QStringList texts;
-  for (const QString& line : test::linesAbout(u"cell"_qs, lines)) texts << line.split(u'\t')[4];
+  for (const QString& line : lines) {
+    if (line.startsWith(u"cell")) texts << line.split(u'\t')[4];
+  }
   return texts;
 }
 
 }  // namespace
 
-TEST_F(ExcelReaders, FindEveryCellWithItsValueAndLook) {
+TEST_F(ExportedFiles, ExcelHoldsEveryCellWithItsLookAndEverySize) {
   const Sheet sheet = test::sampleList();
-  const QString path = write(sheet);
-  const QStringList expected = test::describedCells(sheet);
-  ASSERT_GT(expected.size(), 30);
-  expectSameLines(test::linesAbout(u"cell"_qs, xlrd({path})), expected);
-  expectSameLines(test::linesAbout(u"cell"_qs, parseExcel({path})), expected);
+  EXPECT_EQ(inShortForm(test::readXls({excel(sheet)})), described(sheet));
 }
 
-TEST_F(ExcelReaders, FindSizesAndHiddenRows) {
-  const Sheet sheet = test::sampleList();
-  const QStringList lines = xlrd({write(sheet)});
-  expectSameLines(test::linesAbout(u"column"_qs, lines) + test::linesAbout(u"row"_qs, lines),
-                  test::describedSizes(sheet));
-}
-
-TEST_F(ExcelReaders, FindPageSetUpAndRepeatedHeadings) {
-  setup_ = {true, true, 10, 25.4, 12.7, 20};
-  const QStringList lines = parseExcel({write(test::sampleList())});
-  EXPECT_EQ(lines.value(0), u"sheet\t活动_计划"_qs);
-  EXPECT_EQ(lines.value(1),
-            u"page\tlandscape\t9\tfit\t0.394\t1.000\t0.500\t0.787\t&C第 &P 页 共 &N 页\t0-0"_qs);
-  setup_ = {};
-  const QStringList plain = parseExcel({write(listOf({u"无标题"_qs}))});
-  EXPECT_TRUE(plain.value(1).startsWith(u"page\tportrait\t9\tfree\t"))
-      << plain.value(1).toStdString();
-  EXPECT_TRUE(plain.value(1).endsWith(u"\tnone")) << plain.value(1).toStdString();
-}
-
-TEST_F(ExcelReaders, FindTextsThatARecordsEndCutsAtAnyOffset) {
-  constexpr int kRecordBody = 8'224;
-  constexpr int kFillerOverhead = 8 + 3 + 3;  // counts, the filler's and the next text's header
-  const QStringList cut{u"中文😀𠮷x与y"_qs, u"plain latin"_qs, u"末"_qs};
+TEST_F(ExportedFiles, ExcelTextsAreReadWhereverARecordsEndCutsThem) {
+  constexpr int kLastOffset = 8'224 - (8 + 3 + 3) + 4;  // a record less counts and two headers
   QStringList paths;
   QStringList expected;
-  for (int offset = 0; offset <= 48; ++offset) {
-    const QStringList texts = QStringList{QString(kRecordBody - kFillerOverhead - offset + 4, u'x')}
-                              << cut;
-    paths << write(listOf(texts), u"%1.xls"_qs.arg(offset));
+  for (int size = kLastOffset; size >= kLastOffset - 48; --size) {
+    const QStringList texts{QString(size, u'x'), u"中文😀𠮷x与y"_qs, u"plain latin"_qs, u"末"_qs};
+    paths << excel(listOf(texts), u"%1.xls"_qs.arg(size));
     expected << texts;
   }
-  expectSameLines(textsIn(xlrd(paths)), expected);
-  expectSameLines(textsIn(parseExcel(paths)), expected);
+  QStringList many{QString(32'767, u'a'), u"😀"_qs.repeated(16'383)};
+  // So much that the compound file's header cannot hold the list of the FAT's sectors.
+  for (int size = 32'767; size > 32'647; --size) many << QString(size, u'长');
+  for (int number = 0; number < 20'000; ++number) many << u"第%1条"_qs.arg(number % 15'000);
+  paths << excel(listOf(many)) << excel(Sheet(), u"0.xls"_qs);
+  EXPECT_TRUE(textsIn(test::readXls(paths)) == expected + many);
 }
 
-TEST_F(ExcelReaders, FindTheLongestTextAndManyDifferentOnes) {
-  QStringList texts{QString(32'767, u'长'), QString(32'767, u'a'), u"😀"_qs.repeated(16'383)};
-  for (int number = 0; number < 20'000; ++number) texts << u"第%1条"_qs.arg(number);
-  const QString path = write(listOf(texts));
-  expectSameLines(textsIn(xlrd({path})), texts);
-  expectSameLines(textsIn(parseExcel({path})), texts);
-}
-
-TEST_F(ExcelReaders, FindRowsBeyondASheetsLastOnFurtherSheetsWithTheHeadings) {
-  const struct {
-    int rows;
-    QList<int> cellsPerSheet;  // the heading among them
-  } cases[]{{65'535, {65'536}}, {65'536, {65'536, 2}}, {131'071, {65'536, 65'536, 2}}};
-  for (const auto& c : cases) {
-    Sheet sheet;
-    sheet.SetCols(1);
-    sheet.SetRows(c.rows);
+TEST_F(ExportedFiles, ExcelGoesOnWithTheHeadingsOnFurtherSheets) {
+  for (const int rows : {65'535, 65'536}) {
+    Sheet sheet = listOf(QStringList(rows));
     sheet.SetCellText(0, kHeadingRow, u"序号"_qs);
-    for (int row = 0; row < c.rows; ++row) sheet.SetCellValue(0, row, row);
-    QList<int> counts;
-    QStringList values;
-    for (const QString& line : xlrd({write(sheet)})) {
-      if (line.startsWith(u"sheet")) counts << 0;
-      if (!line.startsWith(u"cell")) continue;
-      const QString value = line.split(u'\t')[4];
-      if (counts.back()++ == 0)
-        EXPECT_EQ(value, u"序号"_qs);
-      else
-        values << value;
+    QStringList expected;
+    for (int row = 0; row < rows; ++row) {
+      sheet.SetCellValue(0, row, row);
+      if (row % 65'535 == 0) expected << u"序号"_qs;
+      expected << QString::number(row);
     }
-    EXPECT_EQ(counts, c.cellsPerSheet);
-    ASSERT_EQ(values.size(), c.rows);
-    for (int row = 0; row < c.rows; ++row) ASSERT_EQ(values[row].toDouble(), row);
+    EXPECT_TRUE(textsIn(inShortForm(test::readXls({excel(sheet)}))) == expected) << rows;
   }
 }
 
-TEST_F(ExcelReaders, FillASheetWithoutHeadingsToItsLastRow) {
-  for (const int rows : {65'536, 65'537}) {
-    Sheet sheet;
-    sheet.SetCols(1);
-    sheet.SetRows(rows);
-    sheet.SetCellText(0, rows - 1, u"末"_qs);
-    const QStringList lines = xlrd({write(sheet)});
-    const int place = (rows - 1) % 65'536;
-    EXPECT_EQ(test::linesAbout(u"sheet"_qs, lines).size(), rows == 65'536 ? 1 : 2);
-    const QString cell = test::linesAbout(u"cell"_qs, lines).value(0);
-    EXPECT_TRUE(cell.startsWith(u"cell\t%1\t0\ttext\t末\t"_qs.arg(place))) << cell.toStdString();
-  }
-}
-
-TEST_F(ExcelReaders, OpenAnEmptySheetAndOneOfAllColumns) {
-  Sheet wide;
-  wide.SetCols(256);
-  wide.SetRows(1);
-  for (int col = 0; col < 256; ++col) wide.SetCellValue(col, 0, col);
-  const QStringList paths{write(Sheet(), u"0.xls"_qs), write(wide, u"256.xls"_qs)};
-  const QStringList lines = xlrd(paths);
-  EXPECT_EQ(test::linesAbout(u"sheet"_qs, lines).size(), 2);
-  EXPECT_EQ(textsIn(lines).size(), 256);
-  EXPECT_EQ(textsIn(parseExcel(paths)), textsIn(lines));
-}
-
-TEST_F(ExcelReaders, FindTheNearestColourWhereThereAreTooMany) {
+TEST_F(ExportedFiles, ExcelShowsTheNearestColourWhereThereAreTooMany) {
   Sheet sheet = listOf(QStringList(200, u"色"_qs));
   for (int row = 0; row < 200; ++row) sheet.SetCellColors(0, row, kBlack, packColour(row, row, 0));
-  const QStringList lines = test::linesAbout(u"cell"_qs, xlrd({write(sheet)}));
+  const QStringList lines = test::readXls({excel(sheet)}).filter(u"cell"_qs);
   ASSERT_EQ(lines.size(), 200);
   for (int row = 0; row < 200; ++row) {
     const uint back = lines[row].section(u'/', 4, 4).toUInt(nullptr, 16);
     EXPECT_NEAR(back >> 16U, row, row < 50 ? 0 : 160) << row;
-    EXPECT_EQ(lines[row].section(u'/', 3, 3), u"000000"_qs);
   }
+}
+
+TEST_F(ExportedFiles, ExcelRefusesWhatTheFormatCannotHold) {
+  Sheet longText = listOf(QStringList(5), 2);
+  longText.SetCellText(1, 4, QString(32'768, u'x'));
+  Sheet manyFaces = listOf(QStringList(501, u"字"_qs));
+  for (int row = 0; row < 501; ++row) manyFaces.SetCellFont(0, row, 9, 0, u"字体%1"_qs.arg(row));
+  const std::pair<Sheet, QString> cases[]{
+      {listOf({}, 257), u"表格有 257 列，Excel 文件最多能放 256 列。"_qs},
+      {longText, u"第 5 行第 2 列的文本有 32768 个字符，Excel 文件的一个单元格最多 32767 个。"_qs},
+      {manyFaces, u"表格的单元格样式太多，Excel 文件放不下。"_qs}};
+  for (const auto& [sheet, message] : cases) {
+    EXPECT_EQ(test::messageOf([&, &sheet = sheet] { excel(sheet); }), message);
+  }
+}
+
+TEST_F(ExportedFiles, HtmlHoldsEveryTextInViewWhateverIsInIt) {
+  Sheet sheet = test::sampleList();
+  const QStringList nasty{u"</td></table><script>alert(1)</script>"_qs, u"&lt; &#0; &\r\n\r  x"_qs,
+                          u"\"'`-->]]><!--\t"_qs};
+  for (int row = 0; row < nasty.size(); ++row) sheet.SetCellText(2, 40 + row, nasty[row]);
+  sheet.SetCellFont(1, 40, 9, kFontBold, u"x\"}</style><script>\\"_qs);
+  QStringList expected{u"title\t</title>&x"_qs};
+  int place = 0;
+  for (int row = kHeadingRow; row < sheet.Rows(); ++row) {
+    if (isOutOfView(sheet, row)) continue;
+    for (int col = 0; col < 3; ++col) {
+      QString cell = describedCell(sheet, col, row);
+      cell.replace(u"blank"_qs, u"text"_qs);
+      expected << u"cell\t%1\t%2\t"_qs.arg(place).arg(col) + cell;
+    }
+    ++place;
+  }
+  EXPECT_EQ(htmlLines(sheet, u"</title>&x"_qs), expected);
+  const QString broken = QString(QChar(0xDC00)) + u"\x01\x7F\u0085\uFFFE";
+  EXPECT_EQ(
+      htmlLines(listOf({broken}), {}),
+      (QStringList{u"title\tVellora"_qs, u"cell\t0\t0\ttext\t"_qs + QString(5, QChar(0xFFFD))}));
 }
 
 }  // namespace vellora

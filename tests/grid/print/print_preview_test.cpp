@@ -112,26 +112,6 @@ TEST_F(PrintPreview, ClosesWhenTheUserGivesTheLayoutUp) {
   EXPECT_GE(layouts, 1);
 }
 
-TEST_F(PrintPreview, APdfGivenUpAtAnyStepLeavesNothing) {
-  sheet.SetRows(60);
-  sheet.SetCellText(0, 59, u"末"_qs);
-  QStringList steps;
-  const auto save = [&](const WorkProgress& progress) {
-    savePdf(sheet, setup, PrintHeadings::HeadingStrip, paperOf(setup), u"表"_qs,
-            folder.path(u"表.pdf"_qs), progress);
-  };
-  for (int last = 0; last < 61; ++last) {
-    int left = last;
-    const auto progress = [&](const WorkStep& step) {
-      steps << step.what;
-      return left-- > 0;
-    };
-    EXPECT_THROW(save(progress), WorkGivenUp) << last;
-  }
-  EXPECT_TRUE(steps.contains(u"正在排版……"_qs) && steps.contains(u"正在绘制各页……"_qs));
-  EXPECT_TRUE(folder.names().isEmpty());
-}
-
 TEST_F(PrintPreview, GivesBackTheSetUpAsTheUserLeftIt) {
   EXPECT_EQ(show([](QPrintPreviewDialog&) {}), setup);
   const PageSetup changed = show([](QPrintPreviewDialog& dialog) {
