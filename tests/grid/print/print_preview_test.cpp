@@ -3,18 +3,15 @@
 #include "support/temporary_folder.h"
 #include "support/text_output.h"
 
-#include <QAction>
 #include <QApplication>
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPageLayout>
-#include <QPrintDialog>
 #include <QPrintPreviewDialog>
 #include <QPrinter>
 #include <QPushButton>
 #include <QTimer>
-#include <QToolBar>
 
 #include <functional>
 #include <gtest/gtest.h>
@@ -70,18 +67,6 @@ TEST_F(PrintPreview, SavesAPdfFromAVisibleButton) {
     saveAs(path, dialog);
   });
   EXPECT_TRUE(test::bytesOf(path).startsWith("%PDF"));
-}
-
-TEST_F(PrintPreview, OpensThePrintDialogFromItsFirstButton) {
-  bool isAsked = false;
-  show([&](QPrintPreviewDialog& dialog) {
-    withNextWindow<QPrintDialog>([&](QDialog& printDialog) {
-      isAsked = true;
-      printDialog.reject();
-    });
-    dialog.findChild<QToolBar*>()->actions().constFirst()->trigger();
-  });
-  EXPECT_TRUE(isAsked);
 }
 
 TEST_F(PrintPreview, TellsWhyAPdfCannotBeSavedAndStaysOpen) {

@@ -45,36 +45,6 @@ TEST(Sheet, DropsWritesOutsideAndBringsCountsIntoRange) {
   EXPECT_EQ(sheet.Rows(), 5);
 }
 
-TEST(Sheet, ForgetsCellsBeyondASmallerSize) {
-  Sheet sheet = sheetOf(3, 300);
-  for (const int row : {kHeadingRow, 0, 299}) sheet.SetCellText(2, row, u"x"_qs);
-  const Sheet before = sheet;
-  sheet.SetRows(0);
-  sheet.SetRows(300);
-  EXPECT_EQ(sheet.GetCellText(2, 299), QString());
-  EXPECT_EQ(sheet.GetCellText(2, kHeadingRow), u"x"_qs);
-  sheet.SetCellText(2, 7, u"y"_qs);
-  sheet.SetCols(2);
-  sheet.SetCols(3);
-  EXPECT_EQ(sheet.GetCellText(2, 7), QString());
-  EXPECT_EQ(sheet.GetCellText(2, kHeadingRow), QString());
-  EXPECT_EQ(before.GetCellText(2, 299), u"x"_qs) << "a copy is a snapshot";
-}
-
-TEST(Sheet, WritesTheFirstTextsOfARowAtOnce) {
-  Sheet sheet = sheetOf(3, 2);
-  for (const int col : {1, 2}) sheet.SetCellText(col, 1, u"旧"_qs);
-  const QString two[]{u"左"_qs, QString()};
-  sheet.SetRowTexts(1, two);
-  EXPECT_EQ(sheet.GetCellText(0, 1), u"左"_qs);
-  EXPECT_EQ(sheet.GetCellText(1, 1), QString());
-  EXPECT_EQ(sheet.GetCellText(2, 1), u"旧"_qs);
-  const QString four[]{u"一"_qs, u"二"_qs, u"三"_qs, u"多"_qs};
-  for (const int row : {kHeadingRow, kEveryRow, 2, 0}) sheet.SetRowTexts(row, four);
-  EXPECT_EQ(sheet.GetCellText(2, 0), u"三"_qs);
-  EXPECT_EQ(sheet.GetCellText(0, kHeadingRow) + sheet.GetCellText(0, 1), u"左"_qs);
-}
-
 TEST(Sheet, GrowsItsRevisionWithEveryChangeAndNoOther) {
   Sheet sheet = sheetOf(1, 1);
   Sheet other = sheet;
