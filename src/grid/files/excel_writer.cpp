@@ -20,8 +20,6 @@ struct ExcelSheetEntry {
   quint32 size;  // of its records, in bytes
 };
 
-constexpr quint16 kBof = 0x0809;
-constexpr quint16 kEof = 0x000A;
 constexpr quint16 kWriteAccess = 0x005C;
 constexpr quint16 kTabId = 0x013D;
 constexpr quint16 kWindow1 = 0x003D;
@@ -37,11 +35,7 @@ constexpr quint8 kArea3d = 0x3B;
 constexpr int kMaxNameSize = 31;
 
 void writeBeginning(BiffStream& stream, quint16 sheets) {
-  stream.begin(kBof);
-  for (const int field : {0x0600, 0x0005, 0x0DBB, 0x07CC, 0, 0, 6, 0}) {
-    stream.put16(static_cast<quint16>(field));
-  }
-  stream.end();
+  stream.beginPart(5);
   stream.record16(0x00E1, kCodePage);  // INTERFACEHDR
   stream.record16(0x00C1, 0);          // MMS
   stream.begin(0x00E2);                // INTERFACEEND
@@ -146,8 +140,7 @@ QByteArray excelGlobals(const std::vector<ExcelSheetEntry>& sheets, bool hasHead
     for (quint16 sheet = 0; sheet < count; ++sheet) writePrintTitles(stream, sheet);
   }
   strings.write(stream, progress);
-  stream.begin(kEof);
-  stream.end();
+  stream.endPart();
   quint32 place = stream.position();
   for (std::size_t sheet = 0; sheet < sheets.size(); ++sheet) {
     stream.patch32(places[sheet], place);

@@ -48,7 +48,7 @@ int writeAll(int descriptor, const char* data, qsizetype size) {
 // written it is locked (flock), by which the two are told apart. Where a file system knows no
 // locks, nothing is ever removed.
 
-const QString kNames = u".vellora-*.tmp"_qs;
+const QString kUnfinishedNames = u".vellora-*.tmp"_qs;
 
 bool isLocked(int descriptor) {
   return ::flock(descriptor, LOCK_EX | LOCK_NB) == 0;
@@ -78,7 +78,7 @@ bool claimUnfinished(int descriptor) {
 // What cannot be removed stays.
 void removeLeftOvers(const QByteArray& folder) {
   const QDir place(QFile::decodeName(folder));
-  const QStringList names = place.entryList({kNames}, QDir::Files | QDir::Hidden);
+  const QStringList names = place.entryList({kUnfinishedNames}, QDir::Files | QDir::Hidden);
   for (const QString& name : names) removeIfLeft(QFile::encodeName(place.filePath(name)));
 }
 
@@ -139,15 +139,15 @@ qint64 SafeFile::readData(char*, qint64) {
 }
 
 qint64 SafeFile::writeData(const char* data, qint64 size) {
-  if (hasFailed()) return -1;
+  if (error_ != 0) return -1;
   buffer_.append(data, size);
   return buffer_.size() < kBufferSize || flush() ? size : -1;
 }
 
 bool SafeFile::flush() {
-  if (!hasFailed()) error_ = writeAll(descriptor_, buffer_.constData(), buffer_.size());
+  if (error_ == 0) error_ = writeAll(descriptor_, buffer_.constData(), buffer_.size());
   buffer_.clear();
-  return !hasFailed();
+  return error_ == 0;
 }
 
 void SafeFile::discard() {

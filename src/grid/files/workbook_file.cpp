@@ -224,8 +224,8 @@ void writeWorkbook(const Workbook& workbook, SafeFile& file, const std::function
   put(kMagic);
   put(kVersion);
   for (qsizetype place = 0; place < content.size(); place += kPieceSize) {
+    if (pulse && place > 0) pulse();
     put(QByteArrayView(content).sliced(place, std::min(kPieceSize, content.size() - place)));
-    if (pulse) pulse();
   }
   file.write(hash.result());
 }
