@@ -1,6 +1,6 @@
 #include "schedule/backup.h"
 
-#include "grid/files/program_files.h"
+#include "grid/files/export_file.h"
 #include "grid/files/workbook_file.h"
 #include "routine/number_text.h"
 #include "schedule/backup_records.h"

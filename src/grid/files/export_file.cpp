@@ -1,6 +1,4 @@
-#include "grid/files/program_files.h"
-
-#include "grid/files/file_error.h"
+#include "grid/files/export_file.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -32,9 +30,24 @@ bool isProgramFile(const QString& path, const QString& programDir) {
 
 }  // namespace
 
+QString fileNameFor(const QString& wanted) {
+  QString name = wanted;
+  for (QChar& unit : name) {
+    if (unit < u' ' || unit == u'\x7F' || QStringView(u"\\/:*?\"<>|").contains(unit)) unit = u'_';
+  }
+  return name;
+}
+
 void requireNoProgramFile(const QString& path, const QString& programDir) {
   if (!isProgramFile(path, programDir)) return;
   throw FileError(u"无法写入文件“%1”：它是日程表程序自己的文件，请换一个文件名。"_qs.arg(path));
+}
+
+void exportFile(const QString& path, const std::function<void(SafeFile& file)>& write) {
+  requireNoProgramFile(path);
+  SafeFile file(path);
+  write(file);
+  file.commit();
 }
 
 }  // namespace vellora
