@@ -2,7 +2,7 @@
 
 #include "app/product_icon.h"
 #include "app/skin_style.h"
-#include "grid/files/installed_face.h"
+#include "grid/print/drawn_style.h"
 #include "shell/double_click_guard.h"
 
 #include <QApplication>

@@ -1,8 +1,7 @@
 #include "app/product_labels.h"
 
 #include "app/product_icon.h"
-#include "grid/files/installed_face.h"
-#include "grid/files/plain_font.h"
+#include "grid/print/drawn_style.h"
 #include "shell/application_state.h"
 
 #include <QLabel>

@@ -1,7 +1,7 @@
 #include "app/splash_window.h"
 
 #include "app/product_labels.h"
-#include "grid/files/plain_font.h"
+#include "grid/print/drawn_style.h"
 #include "shell/skin.h"
 
 #include <QGridLayout>

@@ -1,7 +1,7 @@
 #include "app/usage_notes_window.h"
 
 #include "app/product_labels.h"
-#include "grid/files/installed_face.h"
+#include "grid/print/drawn_style.h"
 
 #include <QHBoxLayout>
 #include <QLabel>

@@ -1,6 +1,6 @@
 #include "board/command_bar.h"
 
-#include "grid/files/plain_font.h"
+#include "grid/print/drawn_style.h"
 
 #include <QPushButton>
 #include <QScrollBar>

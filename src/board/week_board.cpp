@@ -1,8 +1,8 @@
 #include "board/week_board.h"
 
 #include "board/board_filler.h"
-#include "grid/files/plain_font.h"
 #include "grid/files/workbook_file.h"
+#include "grid/print/drawn_style.h"
 #include "grid/surface/grid_surface.h"
 #include "routine/calendar_text.h"
 #include "shell/date_stepper.h"

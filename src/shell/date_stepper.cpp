@@ -1,6 +1,6 @@
 #include "shell/date_stepper.h"
 
-#include "grid/files/plain_font.h"
+#include "grid/print/drawn_style.h"
 #include "routine/calendar_text.h"
 #include "shell/date_picker.h"
 

@@ -91,19 +91,21 @@ class Inspection {
 }  // namespace
 
 const std::vector<Room>& plannerHouse() {
-  static const std::vector<std::string_view> kBelowShell{"routine", "store", "grid/sheet",
-                                                         "grid/files", "grid/surface"};
+  static const std::vector<std::string_view> kBelowShell{
+      "routine", "store", "grid/sheet", "grid/files", "grid/print", "grid/surface"};
   static const std::vector<std::string_view> kBelowWindows{
-      "routine", "store", "grid/sheet", "grid/files", "grid/surface", "shell"};
+      "routine", "store", "grid/sheet", "grid/files", "grid/print", "grid/surface", "shell"};
   static const std::vector<std::string_view> kEverything{
-      "routine", "store",   "grid/sheet", "grid/files", "grid/surface", "shell",
-      "board",   "editors", "planning",   "stats",      "backup"};
+      "routine", "store", "grid/sheet", "grid/files", "grid/print", "grid/surface",
+      "shell",   "board", "editors",    "planning",   "stats",      "backup"};
   static const std::vector<Room> kHouse{
       {.folder = "routine", .mayInclude = {}, .coreOnly = true},
       {.folder = "store", .mayInclude = {"routine"}, .coreOnly = true, .sqlite = true},
       {.folder = "grid/sheet", .mayInclude = {"routine"}, .coreOnly = true},
-      {.folder = "grid/files", .mayInclude = {"routine", "grid/sheet"}},
-      {.folder = "grid/surface", .mayInclude = {"routine", "grid/sheet", "grid/files"}},
+      {.folder = "grid/files", .mayInclude = {"routine", "grid/sheet"}, .coreOnly = true},
+      {.folder = "grid/print", .mayInclude = {"routine", "grid/sheet", "grid/files"}},
+      {.folder = "grid/surface",
+       .mayInclude = {"routine", "grid/sheet", "grid/files", "grid/print"}},
       {.folder = "shell", .mayInclude = kBelowShell},
       {.folder = "board", .mayInclude = kBelowWindows},
       {.folder = "editors", .mayInclude = kBelowWindows},

@@ -113,7 +113,7 @@ Shown activityPlan(const PlannerWindow& window, const Tables& tables) {
     const QString code = codeOf(codes, grid, 1, row);
     const Row texts = textsFrom(grid, 2, row);
     const QString cell = lines(grid.GetCellText(0, row));
-    if (code.isEmpty() || texts[0] != activity || cell.isEmpty()) continue;
+    if (code.isEmpty() || texts[0] != activity || cell.trimmed().isEmpty()) continue;
     auto date = dateRead(cell.section(u'\n', 0, 0));
     if (!date) date = dateRead(cell.trimmed().left(10));
     if (!date) all.canBeSaved = false;

@@ -111,7 +111,7 @@ void Witness::lookAtTables(const Tables& before) {
       break;
     }
     if (table == u"HD"_qs && before_.shown.table == table) lookAtItems(gone, added);
-    if (table != before_.shown.table || gone.isEmpty()) continue;
+    if (table != before_.shown.table || gone.isEmpty() || before_.asksToDelete) continue;
     if (desk_.isFresh) fault(u"what was never read is replaced"_qs, written(gone));
   }
 }

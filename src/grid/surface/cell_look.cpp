@@ -1,6 +1,6 @@
 #include "grid/surface/cell_look.h"
 
-#include "grid/files/drawn_style.h"
+#include "grid/print/drawn_style.h"
 
 namespace vellora {
 

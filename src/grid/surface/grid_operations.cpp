@@ -1,7 +1,7 @@
 // The operations of a GridSurface on its workbook.
 
-#include "grid/files/print_preview.h"
 #include "grid/files/workbook_file.h"
+#include "grid/print/print_preview.h"
 #include "grid/surface/grid_surface_parts.h"
 #include "grid/surface/range_edit.h"
 

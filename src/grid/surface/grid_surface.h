@@ -1,6 +1,6 @@
 #pragma once
 
-#include "grid/files/print_preview.h"
+#include "grid/print/print_preview.h"
 #include "grid/sheet/workbook.h"
 #include "grid/surface/cell_entry.h"
 #include "grid/surface/grid_colours.h"

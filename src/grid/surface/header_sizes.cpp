@@ -1,7 +1,6 @@
 #include "grid/surface/header_sizes.h"
 
-#include "grid/files/drawn_style.h"
-#include "grid/files/plain_font.h"
+#include "grid/print/drawn_style.h"
 
 #include <QFontMetrics>
 #include <QHeaderView>

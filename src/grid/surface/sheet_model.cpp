@@ -1,6 +1,6 @@
 #include "grid/surface/sheet_model.h"
 
-#include "grid/files/drawn_style.h"
+#include "grid/print/drawn_style.h"
 #include "routine/calendar_text.h"
 
 namespace vellora {

@@ -1,7 +1,6 @@
 #include "grid/surface/text_layouts.h"
 
-#include "grid/files/drawn_style.h"
-#include "grid/files/plain_font.h"
+#include "grid/print/drawn_style.h"
 #include "grid/surface/line_breaker.h"
 #include "routine/calendar_text.h"
 

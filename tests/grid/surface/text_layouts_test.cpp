@@ -1,6 +1,6 @@
 #include "grid/surface/text_layouts.h"
 
-#include "grid/files/plain_font.h"
+#include "grid/print/drawn_style.h"
 #include "grid_hands.h"
 
 #include <QPainter>

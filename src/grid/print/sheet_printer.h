@@ -1,7 +1,7 @@
 #pragma once
 
 #include "grid/files/file_error.h"
-#include "grid/files/print_headings.h"
+#include "grid/print/page_layout.h"
 #include "grid/sheet/workbook.h"
 #include "routine/work_step.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "grid/files/sheet_printer.h"
+#include "grid/print/sheet_printer.h"
 
 #include <functional>
 

@@ -1,8 +1,8 @@
-#include "grid/files/sheet_printer.h"
+#include "grid/print/sheet_printer.h"
 
-#include "file_messages.h"
-#include "grid/files/pdf_text.h"
-#include "grid/files/print_preview.h"
+#include "grid/files/file_messages.h"
+#include "grid/print/pdf_text.h"
+#include "grid/print/print_preview.h"
 #include "support/file_size_limit.h"
 #include "support/temporary_folder.h"
 #include "support/text_output.h"

@@ -5,6 +5,9 @@
 
 namespace vellora {
 
+// What repeats on every page: the heading strip of a list, or row 0 of the board.
+enum class PrintHeadings { HeadingStrip, FirstRow };
+
 // Which rows and columns go on which page of paper: plain calculation, in any one unit of length.
 // Nothing is ever left out. Every page takes at least one column and one piece of a row, also where
 // that is larger than the room.

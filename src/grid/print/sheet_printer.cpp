@@ -1,7 +1,7 @@
-#include "grid/files/sheet_printer.h"
+#include "grid/print/sheet_printer.h"
 
-#include "grid/files/drawn_style.h"
-#include "grid/files/sheet_pages.h"
+#include "grid/print/drawn_style.h"
+#include "grid/print/sheet_pages.h"
 
 #include <QPageLayout>
 #include <QPagedPaintDevice>

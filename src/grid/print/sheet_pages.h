@@ -1,14 +1,31 @@
 #pragma once
 
-#include "grid/files/page_layout.h"
-#include "grid/files/print_headings.h"
-#include "grid/files/printed_text.h"
+#include "grid/print/page_layout.h"
 #include "grid/sheet/sheet.h"
 #include "routine/work_step.h"
 
+#include <QTextLayout>
+
 #include <memory>
 
+class QPaintDevice;
+class QPainter;
+
 namespace vellora {
+
+// A cell's text wrapped to a width of paper, character by character where a word does not fit.
+// Lengths are in the device's pixels.
+class PrintedText {
+ public:
+  PrintedText(const QString& text, const CellStyle& style, double width, QPaintDevice* device);
+
+  // The lines by pages with this much room; one run when they all fit.
+  std::vector<LineRun> runs(double room) const;
+  void draw(QPainter& painter, const LineRun& run, QPointF topLeft) const;
+
+ private:
+  QTextLayout layout_;
+};
 
 // A sheet measured for the paper of one device: which part of it goes on which page. Lengths are in
 // device pixels before scale() is applied.

@@ -1,4 +1,4 @@
-#include "grid/files/page_layout.h"
+#include "grid/print/page_layout.h"
 
 #include <algorithm>
 

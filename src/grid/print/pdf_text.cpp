@@ -1,4 +1,4 @@
-#include "grid/files/pdf_text.h"
+#include "grid/print/pdf_text.h"
 
 #include <QRegularExpression>
 #include <QString>

@@ -1,8 +1,8 @@
-#include "grid/files/print_preview.h"
+#include "grid/print/print_preview.h"
 
 #include "grid/files/file_name.h"
-#include "grid/files/pdf_text.h"
 #include "grid/files/safe_file.h"
+#include "grid/print/pdf_text.h"
 
 #include <QAction>
 #include <QBuffer>

@@ -1,4 +1,4 @@
-#include "grid/files/print_preview.h"
+#include "grid/print/print_preview.h"
 
 #include "support/temporary_folder.h"
 #include "support/text_output.h"
