@@ -55,14 +55,16 @@ class DatePickerTest : public testing::Test {
 }  // namespace
 
 TEST_F(DatePickerTest, MovesToADateThatIsEnteredOrLeftAndMarksWhatIsNone) {
-  const std::pair<QString, QDate> kTexts[]{{u"2027年6月7日"_qs, {2027, 6, 7}},
-                                           {u" ２０２９－１２－３１ "_qs, {2029, 12, 31}},
-                                           {u"9999-12-24"_qs, {9999, 12, 24}},
-                                           {u"1752-9-14"_qs, {1752, 9, 14}},
-                                           {u"9999-12-25"_qs, {}},
-                                           {u"1752-09-13"_qs, {}},
-                                           {u"2027-13-01"_qs, {}},
-                                           {u""_qs, {}}};
+  const std::pair<QString, QDate> kTexts[]{
+      {u"2027年6月7日"_qs, {2027, 6, 7}},
+      {u" ２０２９－１２－３１ "_qs, {2029, 12, 31}},
+      {u"9999-12-24"_qs, {9999, 12, 24}},
+      {u"1752-9-14"_qs, {1752, 9, 14}},
+      {u"9999-12-25"_qs, {}},
+      {u"1752-09-13"_qs, {}},
+      {u"2027-13-01"_qs, {}},
+      {u""_qs, {}},
+  };
   for (const auto& [text, date] : kTexts) {
     for (const auto end : {Qt::Key_Return, Qt::Key_Tab}) {
       SCOPED_TRACE(text.toStdString());

@@ -28,6 +28,7 @@ class StoreWaitTest : public testing::Test {
       auto* dialog = qobject_cast<WorkDialog*>(QApplication::activeModalWidget());
       if (!dialog) return;
       user.stop();
+      ++told_;
       EXPECT_EQ(dialog->labelText(), u"另一个程序正在使用日程文件，正在等待……"_qs);
       act(*dialog);
     });
@@ -41,6 +42,7 @@ class StoreWaitTest : public testing::Test {
   ScheduleStore store_{schedule_.path(), std::chrono::minutes(1),
                        [this] { return wait_.goesOn(); }};
   std::optional<ScheduleStore::Transaction> save_;
+  int told_ = 0;
 };
 
 }  // namespace
@@ -60,6 +62,7 @@ TEST_F(StoreWaitTest, EndsEachTimeTheUserGivesUp) {
     EXPECT_EQ(test::faultOf([&] { deleteBlocks(giveUp); }), StoreFault::Busy);
     EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
   }
+  EXPECT_EQ(told_, 2);
   save_.reset();
   EXPECT_EQ(deleteBlocks(giveUp), 3);
 }
