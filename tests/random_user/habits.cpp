@@ -171,17 +171,9 @@ class Author {
   Checks checks_{step_.script, step_.tell};
   bool twice_ = false;
   const QMap<QString, std::function<void()>> methods_{
-      {u"cell"_qs,
-       [this] {
-         const Spot spot = anyCell(5);
-         point(spot, dice_.oneIn(8));
-       }},
+      {u"cell"_qs, [this] { point(anyCell(5), dice_.oneIn(8)); }},
       {u"cell0"_qs, [this] { point(anyCell(1)); }},
-      {u"headings"_qs,
-       [this] {
-         const Spot spot = cell(1 + dice_.below(7), dice_.below(5));
-         point(spot, dice_.oneIn(2));
-       }},
+      {u"headings"_qs, [this] { point(cell(1 + dice_.below(7), dice_.below(5)), dice_.oneIn(2)); }},
       {u"button"_qs, [this] { point(anyControl(true)); }},
       {u"twice"_qs, [this] { twice_ = true; }},
       {u"anything"_qs, [this] { pointAnyhow(); }},
