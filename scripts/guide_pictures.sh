@@ -7,4 +7,4 @@ source scripts/lib.sh
 need_packages "${build_packages[@]}" "${font_packages[@]}" "${test_packages[@]}"
 cmake --preset dev
 cmake --build --preset dev --target guide_pictures
-build/dev/tests/guide/guide_pictures docs/guide
+build/dev/tools/guide_pictures/guide_pictures docs/guide

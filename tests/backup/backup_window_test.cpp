@@ -1,9 +1,9 @@
 #include "backup/backup_window.h"
 
-#include "schedule/backup_records.h"
 #include "backup/backup_path.h"
 #include "grid/files/file_error.h"
 #include "grid/surface/grid_surface.h"
+#include "schedule/backup_records.h"
 #include "support/planner_test.h"
 #include "support/schedule_dump.h"
 #include "support/temporary_folder.h"

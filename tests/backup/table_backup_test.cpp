@@ -1,6 +1,5 @@
-#include "schedule/backup.h"
-
 #include "grid/files/workbook_file.h"
+#include "schedule/backup.h"
 #include "schedule/backup_records.h"
 #include "store/statements.h"
 #include "support/schedule_builder.h"
@@ -135,7 +134,7 @@ TEST_F(TableBackupTest, KeepsTheOldFileWhenAValueCouldNotBeRestored) {
       {u"HD SET FRGB='红'"_qs, u"表“活动项目”第 1 条记录的“颜色”不是整数：“红”。"_qs},
       {u"HD SET SFWC=40000"_qs, u"表“活动项目”第 1 条记录的“状态”超出了范围：“40000”。"_qs},
       {u"SJ SET SJKM=printf('%.256c','0')"_qs,
-       u"表“时间划分”第 1 条记录的“时间块名称”太长：“"_qs + QString(30, u'0') + u"”。"_qs},
+       u"表“时间划分”第 1 条记录的“时间块名称”太长：“"_qs + QString(30, u'0') + u"…”。"_qs},
   };
   for (const auto& [change, reason] : kChanges) {
     schedule_.sql(u"UPDATE "_qs + change);

@@ -1,23 +1,19 @@
 #include "faults/saving_jobs.h"
 
-#include "app/skin_setting.h"
-#include "schedule/backup.h"
-#include "schedule/memos.h"
-#include "schedule/items.h"
-#include "schedule/time_blocks.h"
-#include "schedule/week_names.h"
-#include "faults/read_everything.h"
+#include "faults/child.h"
 #include "grid/files/excel_writer.h"
-#include "grid/files/html_writer.h"
 #include "grid/files/workbook_file.h"
-#include "schedule/day_plan.h"
-#include "schedule/plan_rows.h"
-#include "schedule/plan_saving.h"
 #include "routine/calendar_text.h"
 #include "routine/category.h"
-#include "support/text_output.h"
-
-#include <functional>
+#include "schedule/backup.h"
+#include "schedule/day_plan.h"
+#include "schedule/items.h"
+#include "schedule/memos.h"
+#include "schedule/plan_rows.h"
+#include "schedule/plan_saving.h"
+#include "schedule/time_blocks.h"
+#include "schedule/week_names.h"
+#include "store/statements.h"
 
 namespace vellora::test {
 namespace {
@@ -59,41 +55,18 @@ void saveWeekNames(const QString& folder) {
   SaveWeekNames(store, sheet);
 }
 
-void saveNewMemo(const QString& folder) {
+void saveMemo(const QString& folder) {
   ScheduleStore store = storeIn(folder);
-  storeMemo(store, kMonday.addDays(3), QString(9'000, u'新'));
+  storeMemo(store, kMonday, QString(9'000, u'新'));
 }
 
-void saveOldMemo(const QString& folder) {
-  ScheduleStore store = storeIn(folder);
-  storeMemo(store, kMonday, u"改"_qs);
-}
-
-void withCatalogue(const QString& folder, const std::function<void(ItemCatalogue&)>& work) {
+void changeItem(const QString& folder) {
   ScheduleStore store = storeIn(folder);
   Sheet sheet;
   setUpItemSheet(sheet);
   ItemCatalogue catalogue(store);
   catalogue.filter(allCategoriesLabel(), sheet);
-  work(catalogue);
-}
-
-void addItem(const QString& folder) {
-  withCatalogue(folder, [](ItemCatalogue& catalogue) {
-    catalogue.add({u"900"_qs, u"新活动"_qs, u"2-学习"_qs});
-  });
-}
-
-void changeItem(const QString& folder) {
-  withCatalogue(folder, [](ItemCatalogue& catalogue) {
-    if (catalogue.find(u"007"_qs)) catalogue.change({u"007"_qs, u"改名"_qs, u"3-运动"_qs, true});
-  });
-}
-
-void removeItem(const QString& folder) {
-  withCatalogue(folder, [](ItemCatalogue& catalogue) {
-    if (catalogue.find(u"008"_qs)) catalogue.remove();
-  });
+  if (catalogue.find(u"007"_qs)) catalogue.change({u"007"_qs, u"改名"_qs, u"3-运动"_qs, true});
 }
 
 // Some entries change, the first goes, two are new.
@@ -127,14 +100,8 @@ void saveDay(const QString& folder) {
   throwIfRefused(saveDayPlan(store, sheet, kMonday, saved, false).failure);
 }
 
-void saveSkin(const QString& folder) {
-  ScheduleStore store = storeIn(folder);
-  storeSkinPath(store, u"/皮肤/夜.skn"_qs);
-}
-
 void addIndices(const QString& folder) {
-  ScheduleStore store = storeIn(folder);
-  readEverything(store);
+  storeIn(folder).open(statements::itemNamed(kActivity));
 }
 
 void restore(const QString& folder) {
@@ -143,18 +110,10 @@ void restore(const QString& folder) {
   RestoreTables(store, workbook, pathIn(folder, u"别的.KTZ"));
 }
 
-void backUpTo(const QString& folder, const char16_t* name) {
+void replaceBackup(const QString& folder) {
   ScheduleStore store = storeIn(folder);
   Workbook workbook;
-  BackupTables(store, workbook, pathIn(folder, name), folder);
-}
-
-void replaceBackup(const QString& folder) {
-  backUpTo(folder, u"旧.KTZ");
-}
-
-void makeBackup(const QString& folder) {
-  backUpTo(folder, u"新.KTZ");
+  BackupTables(store, workbook, pathIn(folder, u"旧.KTZ"), folder);
 }
 
 Sheet listed(const QString& folder) {
@@ -163,10 +122,6 @@ Sheet listed(const QString& folder) {
   setUpPlanRows(sheet);
   listPlan(store, sheet, TimeBlockList(store), kActivity);
   return sheet;
-}
-
-void exportHtml(const QString& folder) {
-  writeHtmlFile(listed(folder), {}, u"表"_qs, pathIn(folder, u"表.HTM"));
 }
 
 void exportExcel(const QString& folder) {
@@ -179,25 +134,17 @@ void saveTemplate(const QString& folder) {
   writeWorkbookFile(workbook, pathIn(folder, u"JH.ZRT"));
 }
 
-constexpr SavingJob kJobs[]{
-    {"time blocks", saveBlocks},
-    {"week names", saveWeekNames},
-    {"a new memo", saveNewMemo},
-    {"an old memo", saveOldMemo},
-    {"adding an item", addItem},
-    {"changing an item", changeItem},
-    {"removing an item", removeItem},
-    {"an activity's plan", savePlan, true},
-    {"a day's plan", saveDay, true},
-    {"the skin setting", saveSkin},
-    {"start-up that adds indices", addIndices},
-    {"restore", restore},
-    {"a backup over an old one", replaceBackup},
-    {"a new backup", makeBackup},
-    {"HTML export", exportHtml},
-    {"Excel export", exportExcel},
-    {"board template", saveTemplate},
-};
+constexpr SavingJob kJobs[]{{"time_blocks", saveBlocks},
+                            {"week_names", saveWeekNames},
+                            {"memo", saveMemo},
+                            {"item", changeItem},
+                            {"activity_plan", savePlan, true},
+                            {"day_plan", saveDay, true},
+                            {"start_that_adds_indices", addIndices},
+                            {"restore", restore},
+                            {"backup", replaceBackup},
+                            {"excel_export", exportExcel},
+                            {"board_template", saveTemplate}};
 
 }  // namespace
 
@@ -216,7 +163,7 @@ void fillSchedule(ScheduleBuilder& schedule) {
   Workbook workbook;
   ScheduleStore store = other.store();
   BackupTables(store, workbook, pathIn(schedule.folder(), u"别的.KTZ"), schedule.folder());
-  for (const char16_t* name : {u"旧.KTZ", u"表.HTM", u"表.xls", u"JH.ZRT"}) {
+  for (const char16_t* name : {u"旧.KTZ", u"表.xls", u"JH.ZRT"}) {
     writeWorkbookFile(workbook, pathIn(schedule.folder(), name));
   }
 }

@@ -5,7 +5,6 @@
 #include <QString>
 
 #include <span>
-#include <stdexcept>
 
 namespace vellora::test {
 
@@ -16,12 +15,6 @@ struct SavingJob {
   // Throws StoreError, FileError, BackupError or Refusal when it says that it could not be done.
   void (*run)(const QString& folder);
   bool keepsEntriesBeforeAFailure = false;  // which are then saved one by one
-};
-
-// What a save reports that tells its failure instead of throwing it.
-class Refusal : public std::runtime_error {
- public:
-  using std::runtime_error::runtime_error;
 };
 
 std::span<const SavingJob> savingJobs();

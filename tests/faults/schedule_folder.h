@@ -1,8 +1,6 @@
 #pragma once
 
-#include <QByteArray>
 #include <QMap>
-#include <QString>
 #include <QStringList>
 
 namespace vellora::test {
@@ -10,7 +8,7 @@ namespace vellora::test {
 // What a schedule's folder holds: the rows of every table in a fixed order, and the bytes of every
 // other file. The schedule's own journals are none of its content.
 struct FolderContent {
-  QMap<QString, QStringList> tables;
+  QStringList rows;
   QMap<QString, QByteArray> files;
 
   friend bool operator==(const FolderContent&, const FolderContent&) = default;
@@ -23,11 +21,9 @@ FolderContent contentOf(const QString& folder);
 // Copies the files of one folder over those of another and removes all others there.
 void copyFolder(const QString& from, const QString& to);
 
-// All tables as they were or all as they should become, and so each file for itself.
-bool isOldOrNew(const FolderContent& now, const FolderContent& before, const FolderContent& after);
-
-// The same where each plan entry may be either for itself; none is missing that both have.
-bool isOldOrNewByEntry(const FolderContent& now, const FolderContent& before,
-                       const FolderContent& after);
+// All rows as they were or all as they should become, and so each file for itself. `byEntry`: each
+// plan entry may be either for itself; none is missing that both have.
+bool isOldOrNew(const FolderContent& now, const FolderContent& before, const FolderContent& after,
+                bool byEntry);
 
 }  // namespace vellora::test

@@ -1,53 +1,43 @@
 #pragma once
 
-#include <QByteArray>
-#include <QString>
+#include <QFile>
+#include <QStringList>
 
-#include <cstdint>
-#include <span>
-#include <vector>
+#include <stdexcept>
 
 namespace vellora::test {
-
-using Bytes = std::span<const std::uint8_t>;
 
 // One reader of texts or files that come from outside, with what must hold whatever it is given.
 struct FuzzTarget {
   const char* name;
-  // Throws std::logic_error for a property that does not hold, and whatever the reader let out.
-  void (*run)(Bytes input);
-  // Good inputs to start from.
-  std::vector<QByteArray> (*seeds)();
+  // Throws std::logic_error for a promise that is broken, and whatever the reader let out.
+  void (*run)(const QByteArray& input);
+  QByteArrayList seeds;  // good inputs to start from
 };
 
-// Throws std::logic_error with the sentence when the property does not hold.
-void require(bool holds, const char* property);
+QList<FuzzTarget> workbookTargets();
+QList<FuzzTarget> statementTargets();
+QList<FuzzTarget> textTargets();
+
+inline void require(bool holds, const char* promise) {
+  if (!holds) throw std::logic_error(promise);
+}
+
+inline void writeFile(const QString& path, const QByteArray& bytes) {
+  QFile file(path);
+  require(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size(),
+          "the disk has room");
+}
 
 // UTF-8; a byte that is no part of it becomes half a surrogate pair, which texts can hold as well.
-QString textOf(Bytes bytes);
-QByteArray bytesOf(Bytes bytes);
+inline QString textOf(const QByteArray& bytes) {
+  return QString::fromUtf8(bytes).replace(QChar::ReplacementCharacter, QChar(0xD800));
+}
 
-void fuzzWorkbook(Bytes bytes);
-void fuzzSkin(Bytes bytes);
-void fuzzStatement(Bytes bytes);
-void fuzzLiteral(Bytes bytes);
-void fuzzMoment(Bytes bytes);
-void fuzzClipboard(Bytes bytes);
-void fuzzNumber(Bytes bytes);
-
-std::vector<QByteArray> workbookSeeds();
-std::vector<QByteArray> skinSeeds();
-std::vector<QByteArray> statementSeeds();
-std::vector<QByteArray> literalSeeds();
-std::vector<QByteArray> momentSeeds();
-std::vector<QByteArray> clipboardSeeds();
-std::vector<QByteArray> numberSeeds();
-
-inline constexpr FuzzTarget kFuzzTargets[]{
-    {"workbook", fuzzWorkbook, workbookSeeds},    {"skin", fuzzSkin, skinSeeds},
-    {"statement", fuzzStatement, statementSeeds}, {"literal", fuzzLiteral, literalSeeds},
-    {"moment", fuzzMoment, momentSeeds},          {"clipboard", fuzzClipboard, clipboardSeeds},
-    {"number", fuzzNumber, numberSeeds},
-};
+inline QByteArrayList inUtf8(const QStringList& texts) {
+  QByteArrayList bytes;
+  for (const QString& text : texts) bytes << text.toUtf8();
+  return bytes;
+}
 
 }  // namespace vellora::test

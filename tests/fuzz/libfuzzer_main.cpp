@@ -1,46 +1,35 @@
-// One target under libFuzzer: TARGET names it. The first argument that is a folder is the corpus
-// and receives the target's seeds.
+// One target under libFuzzer: TARGET names it. The first argument is the corpus, which receives the
+// target's seeds.
 
 #include "fuzz/fuzz_target.h"
 
 #include <QDir>
-#include <QFile>
 
 #include <algorithm>
 #include <string_view>
 
 namespace {
 
-using vellora::test::FuzzTarget;
-using vellora::test::kFuzzTargets;
+using namespace vellora::test;
 
 const FuzzTarget& target() {
-  return *std::find_if(std::begin(kFuzzTargets), std::end(kFuzzTargets),
-                       [](const FuzzTarget& t) { return std::string_view(t.name) == TARGET; });
-}
-
-void laySeeds(const QDir& corpus) {
-  int number = 0;
-  for (const QByteArray& seed : target().seeds()) {
-    QFile file(corpus.filePath(u"seed%1"_qs.arg(++number)));
-    const bool isWritten = file.open(QIODevice::WriteOnly) && file.write(seed) == seed.size();
-    vellora::test::require(isWritten, "the corpus can be written");
-  }
+  static const auto targets = workbookTargets() + statementTargets() + textTargets();
+  return *std::find_if(targets.begin(), targets.end(),
+                       [](const auto& t) { return std::string_view(t.name) == TARGET; });
 }
 
 }  // namespace
 
-extern "C" int LLVMFuzzerInitialize(int* argc, char*** argv) {
-  for (int i = 1; i < *argc; ++i) {
-    const QDir corpus(QFile::decodeName((*argv)[i]));
-    if (!corpus.exists()) continue;
-    laySeeds(corpus);
-    break;
+extern "C" int LLVMFuzzerInitialize(int*, char*** argv) {
+  const QDir corpus(QFile::decodeName((*argv)[1]));
+  int number = 0;
+  for (const QByteArray& seed : target().seeds) {
+    writeFile(corpus.filePath(QStringLiteral("seed%1").arg(++number)), seed);
   }
   return 0;
 }
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  target().run({data, size});
+extern "C" int LLVMFuzzerTestOneInput(const char* data, std::size_t size) {
+  target().run({data, static_cast<qsizetype>(size)});
   return 0;
 }

@@ -1,17 +1,35 @@
+// Statements, and values within them.
+
 #include "fuzz/fuzz_target.h"
-#include "fuzz/small_schedule.h"
 #include "store/literals.h"
 #include "store/statement_shape.h"
 #include "store/statements.h"
-#include "store/store_error.h"
-#include "store/tokens.h"
 #include "store/translation.h"
+#include "support/schedule_builder.h"
 #include "support/store_fault.h"
+
+#include <optional>
 
 namespace vellora::test {
 namespace {
 
-constexpr qsizetype kRows = 6;  // of a small schedule
+constexpr qsizetype kLongestName = 255;
+const QDate kMonday(2007, 3, 5);
+
+// Of a schedule with one row in every table, so that a statement over many tables ends soon.
+// Opened anew now and then, because a store remembers every kind of statement it was given.
+ScheduleStore& smallStore() {
+  static ScheduleBuilder builder;
+  static std::optional<ScheduleStore> store;
+  static unsigned uses = 0;
+  if (uses == 0) {
+    builder.block(u"A"_qs, u"08:10:00"_qs, u"09:40:00"_qs).item(u"001"_qs, u"晨跑"_qs);
+    builder.plan(kMonday, u"A"_qs, u"晨跑"_qs).memo(kMonday, u"备忘"_qs).skin(u"x.skn"_qs);
+    builder.weekName(kMonday, kMonday.addDays(6), u"开学周"_qs);
+  }
+  if (uses++ % 200 == 0) store.emplace(builder.path());
+  return *store;
+}
 
 // A statement as the engine would get it, or why it is refused.
 struct Reading {
@@ -43,32 +61,20 @@ void requireShapeToTellAll(const QString& statement) {
   require(isTaken || fault == StoreFault::NotADateOrTime, "a statement has its own shape");
 }
 
-// WITH RECURSIVE may never end, which is its writer's business.
-bool mayBeEndless(const QString& statement) {
-  return statement.contains(u"WITH"_qs, Qt::CaseInsensitive);
-}
-
-qsizetype rowCount(ScheduleStore& store) {
-  qsizetype rows = 0;
+void requireEveryRow(ScheduleStore& store, const char* promise) {
   for (const QString& table : {u"HD"_qs, u"SJ"_qs, u"JH"_qs, u"BW"_qs, u"MM"_qs, u"JM"_qs}) {
-    rows += store.open(table).count();
-  }
-  return rows;
-}
-
-void readAll(Recordset& rows) {
-  for (; !rows.atEnd(); rows.moveNext()) {
-    for (int column = 0; column < rows.columnCount(); ++column) rows.text(column);
+    require(store.open(table).count() == 1, promise);
   }
 }
 
 void runOn(ScheduleStore& store, const QString& statement) {
   ScheduleStore::Transaction neverCommitted(store);
   faultOf([&] {
-    Recordset rows = store.open(statement);
-    readAll(rows);
+    for (Recordset rows = store.open(statement); !rows.atEnd(); rows.moveNext()) {
+      for (int column = 0; column < rows.columnCount(); ++column) rows.text(column);
+    }
   });
-  require(rowCount(store) == kRows, "reading changes nothing");
+  requireEveryRow(store, "reading changes nothing");
   faultOf([&] {
     Recordset items = store.open(u"HD"_qs);
     require(items.findFirst(statement) != items.noMatch(), "a find tells whether it found");
@@ -76,39 +82,64 @@ void runOn(ScheduleStore& store, const QString& statement) {
   faultOf([&] { store.execute(statement); });
 }
 
-}  // namespace
-
-// A statement or a condition: refused with a StoreError or carried out, and gone when rolled back.
-void fuzzStatement(Bytes bytes) {
-  static SmallSchedule schedule;
-  const QString statement = textOf(bytes);
-  requireShapeToTellAll(statement);
-  if (mayBeEndless(statement)) return;
-  ScheduleStore& store = schedule.store();
-  runOn(store, statement);
-  require(rowCount(store) == kRows, "a change that was not committed is gone");
+// An item is found by its name among others that are named nearly so.
+void requireFound(ScheduleStore& store, const QString& name) {
+  ScheduleStore::Transaction neverCommitted(store);
+  store.execute(statements::deleteAllFrom(u"HD"_qs));
+  Recordset items = store.open(statements::allItems());
+  for (const auto& other : QStringList{name + u'x', u'\'' + name, name}) {
+    items.addNew();
+    items.set(u"HDMC", other);
+    items.update();
+  }
+  Recordset found = store.open(statements::itemNamed(name));
+  require(found.count() == 1 && found.text(u"HDMC") == name, "a name finds its own item alone");
+  require(items.findFirst(statements::itemNameIs(name)) && items.text(u"HDMC") == name,
+          "a condition finds the item of its name");
 }
 
-std::vector<QByteArray> statementSeeds() {
-  const QDate day(2007, 3, 5);
-  const QString statements[]{
-      statements::itemsOfCategory(u"1-工作"_qs),
-      statements::openItems(),
-      statements::itemNumberIs(u"001"_qs) + u" AND [HDMC]='晨跑' and sfwc=0"_qs,
-      statements::planOfActivityInBlock(u"O'Neil"_qs, day, u"A"_qs),
-      statements::deletePlanOfBlock(day, u"A"_qs),
-      statements::weekNamesAt(day),
-      statements::minutesByCategory(day, day.addDays(6)),
-      statements::minutesByActivity(day, day.addDays(6)),
-      statements::deleteAllFrom(u"HD"_qs),
-      u"INSERT INTO HD (HDBH,HDMC) VALUES ('002','x')"_qs,
-      u"UPDATE SJ SET SJ0=#8:30#, SJ1=#２００７年3月5日 8:05# WHERE SJKH<>'a';"_qs,
-      u"JM"_qs,
-      u"HDBH='001'"_qs,
+// A statement or a condition: refused with a StoreError or carried out, and gone when rolled back.
+void fuzzStatement(const QByteArray& input) {
+  const QString statement = textOf(input);
+  requireShapeToTellAll(statement);
+  // WITH RECURSIVE may never end, which is its writer's business.
+  if (statement.contains(u"WITH"_qs, Qt::CaseInsensitive)) return;
+  ScheduleStore& store = smallStore();
+  runOn(store, statement);
+  requireEveryRow(store, "a change that was not committed is gone");
+}
+
+QByteArrayList statementSeeds() {
+  const QDate last = kMonday.addDays(6);
+  return inUtf8({statements::itemsOfCategory(u"1-工作"_qs), statements::openItems(),
+                 statements::itemNumberIs(u"001"_qs) + u" AND [HDMC]='晨跑' and sfwc=0"_qs,
+                 statements::planOfActivityInBlock(u"O'Neil"_qs, kMonday, u"A"_qs),
+                 statements::deletePlanOfBlock(kMonday, u"A"_qs), statements::weekNamesAt(kMonday),
+                 statements::minutesByCategory(kMonday, last),
+                 statements::minutesByActivity(kMonday, last), statements::deleteAllFrom(u"HD"_qs),
+                 u"INSERT INTO HD (HDBH,HDMC) VALUES ('002','x')"_qs,
+                 u"UPDATE SJ SET SJ0=#8:30#, SJ1=#２００７年3月5日 8:05# WHERE SJKH<>'a';"_qs,
+                 u"JM"_qs, u"HDBH='001'"_qs});
+}
+
+// A name stands for itself in a statement, whatever it is.
+void fuzzLiteral(const QByteArray& input) {
+  const auto shape = [](const QString& name) {
+    return StatementShape(statements::planOfActivityInBlock(name, kMonday, name)).text();
   };
-  std::vector<QByteArray> seeds;
-  for (const QString& statement : statements) seeds.push_back(statement.toUtf8());
-  return seeds;
+  const QString text = textOf(input);
+  require(shape(text) == shape(u"x"_qs), "no value changes a statement");
+  // As UTF-8 can hold it, because that is what the store keeps.
+  requireFound(smallStore(), QString::fromUtf8(text.left(kLongestName - 2).toUtf8()));
+}
+
+}  // namespace
+
+QList<FuzzTarget> statementTargets() {
+  return {{"statement", fuzzStatement, statementSeeds()},
+          {"literal", fuzzLiteral,
+           inUtf8({u"晨跑"_qs, u"O'Neil's"_qs, u"' OR '1'='1"_qs, u"#2007-03-05#"_qs, u"[HDBH]"_qs,
+                   u"两行\r\n\"文字\" \\ -- /* ?1 */"_qs, u"😀"_qs, QString(300, u'\'')})}};
 }
 
 }  // namespace vellora::test

@@ -6,7 +6,6 @@
 
 #include <QCborStreamWriter>
 #include <QCryptographicHash>
-#include <QFile>
 #include <QTemporaryDir>
 
 #include <optional>
@@ -47,9 +46,7 @@ class WorkbookFolder {
 
   // None when the file is refused with a sentence for the user.
   std::optional<Workbook> read(const QByteArray& bytes) const {
-    QFile file(path_);
-    require(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size(), "disk is full");
-    file.close();
+    writeFile(path_, bytes);
     try {
       Workbook workbook = readWorkbookFile(path_);
       require(!isSmall(workbook) || holdsWorkbook(path_, workbook), "a file holds what it says");
@@ -73,13 +70,10 @@ class WorkbookFolder {
   const QByteArray head_ = writtenHead();
 };
 
-}  // namespace
-
 // A whole file, or what stands between the head and the hash of one: a change there would hardly
 // ever come past the hash.
-void fuzzWorkbook(Bytes bytes) {
+void fuzzWorkbook(const QByteArray& input) {
   static const WorkbookFolder folder;
-  const QByteArray input = bytesOf(bytes);
   const auto read = folder.read(folder.startsLikeAFile(input) ? input : folder.fileWith(input));
   if (!read) return;
   const QByteArray written = contentOf(*read);
@@ -89,7 +83,7 @@ void fuzzWorkbook(Bytes bytes) {
   require(!isSmall(*read) || difference(*read, *again).isEmpty(), "nothing of a workbook is lost");
 }
 
-std::vector<QByteArray> workbookSeeds() {
+QByteArrayList workbookSeeds() {
   const WorkbookFolder folder;
   Workbook texts;
   texts.sheet().SetCols(2);
@@ -98,6 +92,12 @@ std::vector<QByteArray> workbookSeeds() {
   texts.sheet().SetCellText(0, kMaxRows - 1, QString(300, u'x'));
   const QByteArray sample = contentOf(sampleWorkbook());
   return {sample, contentOf(texts), contentOf(Workbook()), folder.fileWith(sample)};
+}
+
+}  // namespace
+
+QList<FuzzTarget> workbookTargets() {
+  return {{"workbook", fuzzWorkbook, workbookSeeds()}};
 }
 
 }  // namespace vellora::test

@@ -1,7 +1,6 @@
-#include "schedule/plan_saving.h"
-
-#include "schedule/plan_rows.h"
 #include "planning_fixture.h"
+#include "schedule/plan_rows.h"
+#include "schedule/plan_saving.h"
 
 namespace vellora {
 

@@ -1,6 +1,5 @@
-#include "schedule/plan_rows.h"
-
 #include "planning_fixture.h"
+#include "schedule/plan_rows.h"
 
 namespace vellora {
 

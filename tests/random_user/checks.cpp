@@ -1,7 +1,7 @@
 #include "random_user/checks.h"
 
 #include "grid/surface/grid_surface.h"
-#include "random_user/eyes.h"
+#include "random_user/screen.h"
 #include "random_user/shown.h"
 
 namespace vellora::test {
@@ -33,8 +33,6 @@ bool isCarriedName(const QString& before, const QString& after) {
 
 }  // namespace
 
-Checks::Checks(Script& script, Tell tell) : script_(script), tell_(std::move(tell)) {}
-
 QStringList Checks::Notes::changes() const {
   QStringList changed;
   if (!window || window != windowInHand()) return changed;
@@ -48,14 +46,14 @@ QStringList Checks::Notes::changes() const {
 }
 
 void Checks::noteCells() {
-  script_.add(u"note the cells"_qs, [notes = notes_] {
+  script_.add(u"note the cells"_qs, false, [notes = notes_] {
     notes->window = windowAtRest();
     if (notes->window) notes->rows = rowsOf(*gridOf(*notes->window));
   });
 }
 
 void Checks::undo() {
-  script_.add(u"key Ctrl+Z"_qs, [notes = notes_, &hands = script_.hands()] {
+  script_.add(u"key Ctrl+Z"_qs, false, [notes = notes_, &hands = script_.hands] {
     notes->edit = notes->changes();
     if (notes->edit.size() != 1) return;
     hands.pressKey(Qt::Key_Z, Qt::ControlModifier);
@@ -63,20 +61,12 @@ void Checks::undo() {
   });
 }
 
-void Checks::compare(const QString& fault, bool afterUndo) {
-  script_.add(u"compare the cells"_qs, [=, notes = notes_, tell = tell_] {
+void Checks::compareCells(const QString& fault, bool afterUndo) {
+  script_.add(u"compare the cells"_qs, false, [=, notes = notes_, tell = tell_] {
     const QStringList changed = notes->changes();
     if (changed.isEmpty() || (afterUndo && notes->edit.size() != 1)) return;
     tell(kindInHand() + fault, notes->edit.join(u' ') + u" left "_qs + changed.join(u"; "_qs));
   });
-}
-
-void Checks::sameAfterUndo() {
-  compare(u": undoing an edit leaves other texts"_qs, true);
-}
-
-void Checks::sameAfterEscape() {
-  compare(u": Escape keeps what was typed into a cell"_qs, false);
 }
 
 QString Checks::noteDate() {
@@ -89,35 +79,28 @@ QString Checks::noteDate() {
 }
 
 void Checks::noteHand() {
-  script_.add(u"see whether a box has come up"_qs,
+  script_.add(u"see whether a box has come up"_qs, false,
               [notes = notes_] { notes->isInHand = windowInHand() && windowInHand() == front(); });
 }
 
 // What is no date moves nothing, and may stay there marked. Blanks may make it one.
 void Checks::compareDate(const QString& fault, bool isTaken) {
-  script_.add(u"look at the date"_qs, [=, notes = notes_, tell = tell_, kind = kindInHand()] {
-    const auto* window = windowInHand();
-    if (!window || window != front() || kindOf(*window) != kind || !notes->isInHand) return;
-    const QString shown = textIn(*window, notes->picker);
-    const auto typed = isTaken ? dateRead(notes->typed) : std::nullopt;
-    // What Escape takes back may have been begun before.
-    const auto left = dateRead(notes->typed);
-    const auto before = dateRead(notes->date);
-    const bool isKept = before && left && dateRead(shown) == left && before != left;
-    const bool isRight = typed ? dateRead(shown) == typed : dateRead(shown) && !isKept;
-    const bool hasBlanks = notes->typed != notes->typed.trimmed();
-    if (isRight || (isTaken && !typed && !dateRead(shown))) return;
-    if (hasBlanks && shown == notes->date) return;
-    tell(kind + fault, u"%1, typed “%2”, shows %3"_qs.arg(notes->date, notes->typed, shown));
-  });
-}
-
-void Checks::showsTypedDate() {
-  compareDate(u": a typed date is another"_qs, true);
-}
-
-void Checks::showsOldDate() {
-  compareDate(u": Escape leaves another date"_qs, false);
+  script_.add(
+      u"look at the date"_qs, false, [=, notes = notes_, tell = tell_, kind = kindInHand()] {
+        const auto* window = windowInHand();
+        if (!window || window != front() || kindOf(*window) != kind || !notes->isInHand) return;
+        const QString shown = textIn(*window, notes->picker);
+        const auto typed = isTaken ? dateRead(notes->typed) : std::nullopt;
+        // What Escape takes back may have been begun before.
+        const auto left = dateRead(notes->typed);
+        const auto before = dateRead(notes->date);
+        const bool isKept = before && left && dateRead(shown) == left && before != left;
+        const bool isRight = typed ? dateRead(shown) == typed : dateRead(shown) && !isKept;
+        const bool hasBlanks = notes->typed != notes->typed.trimmed();
+        if (isRight || (isTaken && !typed && !dateRead(shown))) return;
+        if (hasBlanks && shown == notes->date) return;
+        tell(kind + fault, u"%1, typed “%2”, shows %3"_qs.arg(notes->date, notes->typed, shown));
+      });
 }
 
 }  // namespace vellora::test

@@ -1,8 +1,7 @@
 #include "random_user/habits.h"
 
 #include "grid/surface/grid_surface.h"
-#include "random_user/checks.h"
-#include "random_user/eyes.h"
+#include "random_user/screen.h"
 #include "shell/planner_window.h"
 
 #include <QClipboard>
@@ -138,7 +137,11 @@ class Author {
       if (isDoubtful && dice_.oneIn(2)) continue;
       if (abbreviations().contains(chosen)) {
         write(abbreviations()[chosen]);
-      } else if (!writePointing(chosen) && !writeTyping(chosen) && !writeOther(chosen)) {
+      } else if (pools().contains(chosen)) {
+        enter(chosen, dice_.pick(pools()[chosen]));
+      } else if (methods_.contains(chosen)) {
+        methods_[chosen]();
+      } else if (!pointAt(chosen)) {
         const auto keys = QKeySequence::fromString(chosen);
         script_.key(keys[0].key(), keys[0].keyboardModifiers());
       }
@@ -148,11 +151,18 @@ class Author {
  private:
   Spot anyCell(int cols) { return cell(dice_.below(cols), dice_.below(8)); }
   Spot anyControl(bool centre);
-  bool writePointing(const QString& word);
-  bool writeTyping(const QString& word);
-  bool writeOther(const QString& word);
+  void point(const Spot& spot, bool twice = false) {
+    script_.click(spot, twice || std::exchange(twice_, false) ? 2 : 1);
+  }
+  bool pointAt(const QString& word);
+  void pointAnyhow();
+  void pickDate();
+  void selectRow();
+  void enter(const QString& pool, const QString& text);
   void clip(const QString& text);
-  void elsewhere(const QString& sql);
+  void elsewhere(const QString& sql) {
+    script_.add(u"elsewhere: "_qs + sql, false, [act = step_.elsewhere, sql] { act(sql); });
+  }
   void giveUp();
 
   const Step& step_;
@@ -160,6 +170,38 @@ class Author {
   Dice& dice_;
   Checks checks_{step_.script, step_.tell};
   bool twice_ = false;
+  const QMap<QString, std::function<void()>> methods_{
+      {u"cell"_qs, [this] { point(anyCell(5), dice_.oneIn(8)); }},
+      {u"cell0"_qs, [this] { point(anyCell(1)); }},
+      {u"headings"_qs, [this] { point(cell(1 + dice_.below(7), dice_.below(5)), dice_.oneIn(2)); }},
+      {u"button"_qs, [this] { point(anyControl(true)); }},
+      {u"twice"_qs, [this] { twice_ = true; }},
+      {u"anything"_qs, [this] { pointAnyhow(); }},
+      {u"picker"_qs, [this] { pickDate(); }},
+      {u"drag"_qs, [this] { script_.drag(anyCell(5), anyCell(5)); }},
+      {u"row"_qs, [this] { selectRow(); }},
+      {u"lone"_qs,
+       [this] {
+         script_.key(
+             dice_.pick(std::array{Qt::Key_Shift, Qt::Key_Control, Qt::Key_Alt, Qt::Key_CapsLock}));
+       }},
+      {u"note"_qs, [this] { checks_.noteCells(); }},
+      {u"undo"_qs, [this] { checks_.undo(); }},
+      {u"undone"_qs,
+       [this] { checks_.compareCells(u": undoing an edit leaves other texts"_qs, true); }},
+      {u"kept"_qs,
+       [this] { checks_.compareCells(u": Escape keeps what was typed into a cell"_qs, false); }},
+      {u"dated"_qs, [this] { checks_.compareDate(u": a typed date is another"_qs, true); }},
+      {u"undated"_qs, [this] { checks_.compareDate(u": Escape leaves another date"_qs, false); }},
+      {u"lock"_qs, [this] { elsewhere(u"BEGIN EXCLUSIVE"_qs); }},
+      {u"unlock"_qs, [this] { elsewhere(u"ROLLBACK"_qs); }},
+      {u"giveup"_qs, [this] { giveUp(); }},
+      {u"frame"_qs, [this] {
+         script_.add(u"close by its frame"_qs, true, [] {
+           auto* window = windowInHand();
+           if (window && window == front()) window->close();
+         });
+       }}};
 };
 
 Spot Author::anyControl(bool centre) {
@@ -170,66 +212,44 @@ Spot Author::anyControl(bool centre) {
   return inside(control, dice_.below(100) / 99.0, dice_.below(100) / 99.0);
 }
 
-bool Author::writePointing(const QString& word) {
-  const auto point = [&](const Spot& spot, bool twice) {
-    script_.click(spot, twice || std::exchange(twice_, false) ? 2 : 1);
-    return true;
-  };
+bool Author::pointAt(const QString& word) {
   const bool isDouble = word.size() > 2 && word[0] == word[1];
   const QString name = word.mid(isDouble ? 2 : 1);
-  if (word[0] == u'@') return point(control(name), isDouble);
-  if (word[0] == u'!') return point(caption(name), isDouble);
-  if (word[0] == u'=') return point(line(name, dice_.below(6)), isDouble);
-  if (word == u"cell"_qs) return point(anyCell(5), dice_.oneIn(8));
-  if (word == u"cell0"_qs) return point(anyCell(1), false);
-  if (word == u"headings"_qs)
-    return point(cell(1 + dice_.below(7), dice_.below(5)), dice_.oneIn(2));
-  if (word == u"button"_qs) return point(anyControl(true), false);
-  if (word == u"twice"_qs) return twice_ = true;
-  if (word == u"picker"_qs) {
-    point(control(checks_.noteDate()), false);
-    checks_.noteHand();
-    return true;
-  }
-  if (word == u"drag"_qs) return script_.drag(anyCell(5), anyCell(5)), true;
-  if (word == u"row"_qs) {
-    const int row = dice_.below(6);
-    script_.click(cell(0, row));
-    script_.click(cell(4, row), 1, Qt::LeftButton, Qt::ShiftModifier);
-    return true;
-  }
-  if (word != u"anything"_qs) return false;
+  if (word[0] == u'@') return point(control(name), isDouble), true;
+  if (word[0] == u'!') return point(caption(name), isDouble), true;
+  if (word[0] == u'=') return point(line(name, dice_.below(6)), isDouble), true;
+  return false;
+}
+
+void Author::pointAnyhow() {
   const auto button = dice_.oneIn(5) ? Qt::RightButton : Qt::LeftButton;
   script_.click(anyControl(false), dice_.oneIn(5) ? 2 : 1, button,
                 dice_.oneIn(5) ? Qt::ShiftModifier : Qt::NoModifier);
-  return true;
 }
 
-bool Author::writeTyping(const QString& word) {
-  if (word == u"lone"_qs) {
-    script_.key(
-        dice_.pick(std::array{Qt::Key_Shift, Qt::Key_Control, Qt::Key_Alt, Qt::Key_CapsLock}));
-    return true;
-  }
-  const auto pool = pools().constFind(word);
-  if (pool == pools().cend()) return false;
-  const QString text = dice_.pick(*pool);
-  if (word == u"clip"_qs) {
-    clip(text);
-  } else if (word == u"other"_qs) {
-    elsewhere(text);
-  } else {
-    checks_.noteTyped(text);
-    script_.type(text);
-  }
-  return true;
+void Author::pickDate() {
+  point(control(checks_.noteDate()));
+  checks_.noteHand();
+}
+
+void Author::selectRow() {
+  const int row = dice_.below(6);
+  script_.click(cell(0, row));
+  script_.click(cell(4, row), 1, Qt::LeftButton, Qt::ShiftModifier);
+}
+
+void Author::enter(const QString& pool, const QString& text) {
+  if (pool == u"clip"_qs) return clip(text);
+  if (pool == u"other"_qs) return elsewhere(text);
+  checks_.noteTyped(text);
+  script_.type(text);
 }
 
 // What lies in the clipboard comes from any program, or there is nothing in it.
 void Author::clip(const QString& text) {
   const bool isPicture = dice_.oneIn(6);
   const QString shown = QString(text).replace(u'\n', u'/');
-  script_.add(u"clipboard “"_qs + shown + u'”', [text, isPicture] {
+  script_.add(u"clipboard “"_qs + shown + u'”', false, [text, isPicture] {
     auto* clipboard = QGuiApplication::clipboard();
     if (!isPicture) return text.isEmpty() ? clipboard->clear() : clipboard->setText(text);
     auto* data = new QMimeData;
@@ -238,14 +258,10 @@ void Author::clip(const QString& text) {
   });
 }
 
-void Author::elsewhere(const QString& sql) {
-  script_.add(u"elsewhere: "_qs + sql, [act = step_.elsewhere, sql] { act(sql); });
-}
-
 // Ends the waiting for the other program by hand, and tells away what is said about it.
 void Author::giveUp() {
   const int key = dice_.oneIn(4) ? Qt::Key_Escape : Qt::Key_Return;
-  const auto press = [&hands = script_.hands(), key, tell = step_.tell] {
+  const auto press = [&hands = script_.hands, key, tell = step_.tell] {
     const QPointer dialog = isWaiting() ? front() : nullptr;
     if (!dialog && boxText(front()).isEmpty()) return;
     hands.pressKey(key, {});
@@ -253,33 +269,7 @@ void Author::giveUp() {
     if (!dialog || dialog->property("wasCanceled").toBool()) return;
     tell(u"WorkDialog: a key does not give the work up"_qs, {});
   };
-  for (int i = 0; i < 6; ++i) script_.add(u"give up waiting"_qs, press);
-}
-
-bool Author::writeOther(const QString& word) {
-  const QMap<QString, std::function<void()>> kWords{
-      {u"note"_qs, [this] { checks_.noteCells(); }},
-      {u"undo"_qs, [this] { checks_.undo(); }},
-      {u"undone"_qs, [this] { checks_.sameAfterUndo(); }},
-      {u"kept"_qs, [this] { checks_.sameAfterEscape(); }},
-      {u"dated"_qs, [this] { checks_.showsTypedDate(); }},
-      {u"undated"_qs, [this] { checks_.showsOldDate(); }},
-      {u"lock"_qs, [this] { elsewhere(u"BEGIN EXCLUSIVE"_qs); }},
-      {u"unlock"_qs, [this] { elsewhere(u"ROLLBACK"_qs); }},
-      {u"giveup"_qs, [this] { giveUp(); }},
-      {u"frame"_qs, [this] {
-         script_.add(
-             u"close by its frame"_qs,
-             [] {
-               auto* window = windowInHand();
-               if (window && window == front()) window->close();
-             },
-             true);
-       }}};
-  const auto found = kWords.constFind(word);
-  if (found == kWords.cend()) return false;
-  (*found)();
-  return true;
+  for (int i = 0; i < 6; ++i) script_.add(u"give up waiting"_qs, false, press);
 }
 
 QChar kindLetter(const QWidget& window) {

@@ -2,9 +2,8 @@
 
 #include "app/platform.h"
 #include "app/start_up.h"
-#include "random_user/eyes.h"
 #include "random_user/habits.h"
-#include "random_user/last_words.h"
+#include "random_user/screen.h"
 #include "random_user/witness.h"
 #include "shell/box_prompts.h"
 #include "shell/planner_window.h"
@@ -19,10 +18,65 @@
 #include <QTimer>
 
 #include <SQLiteCpp/Exception.h>
+#include <array>
+#include <atomic>
+#include <chrono>
+#include <csignal>
 #include <cstdio>
+#include <execinfo.h>
+#include <thread>
+#include <unistd.h>
 
 namespace vellora::test {
 namespace {
+
+#ifdef __SANITIZE_ADDRESS__
+constexpr auto kStall = std::chrono::seconds(60);
+#else
+constexpr auto kStall = std::chrono::seconds(10);
+#endif
+
+std::atomic<int> beats = 0;
+pthread_t user;
+
+// One line for each function that the program was in, after a word for what happened.
+void tellWhere(int signal) {
+  std::array<void*, 60> places{};
+  const int count = backtrace(places.data(), static_cast<int>(places.size()));
+  const char* word = signal == SIGUSR1 ? "STALL\n" : "CRASH\n";
+  if (write(STDOUT_FILENO, word, 6) == 6) backtrace_symbols_fd(places.data(), count, STDOUT_FILENO);
+  std::signal(SIGABRT, SIG_DFL);
+  std::signal(signal, SIG_DFL);
+  signal == SIGUSR1 ? _exit(3) : void(raise(signal));
+}
+
+[[noreturn]] void watch() {
+  int last = 0;
+  auto since = std::chrono::steady_clock::now();
+  while (true) {
+    std::this_thread::sleep_for(std::chrono::milliseconds(200));
+    const auto now = std::chrono::steady_clock::now();
+    if (beats != last) {
+      last = beats;
+      since = now;
+    } else if (now - since > kStall) {
+      pthread_kill(user, SIGUSR1);
+      since = now;
+    }
+  }
+}
+
+// From now on a crash tells on standard output where it happened, and so does a stall: ten seconds
+// without a beat. The sanitizers tell crashes themselves, and are given a minute.
+void tellLastWords() {
+  user = pthread_self();
+  std::signal(SIGUSR1, tellWhere);
+#ifndef __SANITIZE_ADDRESS__
+  for (const int signal : {SIGSEGV, SIGABRT, SIGFPE, SIGBUS, SIGILL})
+    std::signal(signal, tellWhere);
+#endif
+  std::thread(watch).detach();
+}
 
 constexpr qint64 kButtonTime = 500;  // milliseconds; a button that is down for longer stays so
 
@@ -57,7 +111,7 @@ class RandomUser {
   ScheduleBuilder schedule_;
   Witness witness_;
   Hands hands_;
-  Script script_{hands_};
+  Script script_{hands_, {}};
   QTimer next_;
   int step_ = -1;
   int deed_ = 0;
@@ -67,7 +121,6 @@ class RandomUser {
   int acting_at_ = 0;
   int patience_ = 0;  // rounds that the front window was waited for to be active
   bool has_acted_ = false;
-  std::map<QString, int> deeds_in_;  // by kind of window
 };
 
 void say(const char* what, const QString& text) {
@@ -100,14 +153,14 @@ void RandomUser::live() {
     next_.stop();
     elsewhere(u"ROLLBACK"_qs);
     witness_.forget();
-    script_.deeds().clear();
+    script_.deeds.clear();
   }
 }
 
 // The timer is set again first: what is done now may last until later deeds have been done.
 void RandomUser::goOn() {
   next_.start();
-  beat();
+  ++beats;
   if (acting_at_ == QThread::currentThread()->loopLevel() && !isWaiting()) return;
   if (!hands_.isHolding() && isButtonDown() && !since_.hasExpired(kButtonTime)) return;
   QWidget* window = front();
@@ -118,9 +171,9 @@ void RandomUser::goOn() {
   }
   patience_ = 0;
   if (std::exchange(has_acted_, false)) witness_.lookAfter();
-  if (script_.deeds().empty()) return makeNext();
-  const Deed deed = script_.deeds().front();
-  script_.deeds().pop_front();
+  if (script_.deeds.empty()) return makeNext();
+  const Deed deed = script_.deeds.front();
+  script_.deeds.pop_front();
   perform(deed);
 }
 
@@ -150,7 +203,6 @@ void RandomUser::tell(const QString& fault, const QString& details) const {
 
 void RandomUser::perform(const Deed& deed) {
   const QString kind = windowInHand() ? kindOf(*windowInHand()) : u"?"_qs;
-  ++deeds_in_[kind];
   const QString where = front() == windowInHand() ? kind : kind + u'/' + kindOf(*front());
   say("DEED", u"%1.%2\t%3\t%4"_qs.arg(step_).arg(deed_++).arg(where, deed.what));
   witness_.lookBefore(deed.mayWrite);
@@ -162,7 +214,6 @@ void RandomUser::perform(const Deed& deed) {
 }
 
 void RandomUser::leave() const {
-  for (const auto& [kind, deeds] : deeds_in_) say("COUNT", u"%1\t%2"_qs.arg(kind).arg(deeds));
   say("DONE", QString::number(step_));
   QDir(schedule_.folder()).removeRecursively();
   std::_Exit(EXIT_SUCCESS);

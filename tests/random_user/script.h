@@ -1,9 +1,6 @@
 #pragma once
 
-#include "random_user/hands.h"
-#include "random_user/tables.h"
-
-#include <QWidget>
+#include "random_user/screen.h"
 
 #include <deque>
 #include <functional>
@@ -14,8 +11,8 @@ namespace vellora::test {
 // One thing that happens between two looks at the screen.
 struct Deed {
   QString what;
-  std::function<void()> act;
   bool mayWrite;  // whether the program may store something because of it
+  std::function<void()> act;
 };
 
 // A place on the screen, found at the moment when it is needed; none when it is not there any more.
@@ -31,25 +28,19 @@ Spot inside(QWidget* widget, double x, double y);  // 0 to 1 from edge to edge
 
 // What a step consists of. Every event is a deed of its own, so that windows, boxes and menus that
 // an event opens take the next one.
-class Script {
- public:
-  explicit Script(Hands& hands) : hands_(hands) {}
+struct Script {
+  Hands& hands;
+  std::deque<Deed> deeds;
 
+  void add(const QString& what, bool mayWrite, std::function<void()> act) {
+    deeds.push_back({what, mayWrite, std::move(act)});
+  }
   // All at the place where the spot was at the first press.
   void click(const Spot& spot, int times = 1, Qt::MouseButton button = Qt::LeftButton,
              Qt::KeyboardModifiers modifiers = {});
   void drag(const Spot& from, const Spot& to);
   void key(int key, Qt::KeyboardModifiers modifiers = {});
   void type(const QString& text);
-  // Anything else; it has `mayWrite` of the planner's own doing.
-  void add(const QString& what, std::function<void()> act, bool mayWrite = false);
-
-  std::deque<Deed>& deeds() { return deeds_; }
-  Hands& hands() { return hands_; }
-
- private:
-  Hands& hands_;
-  std::deque<Deed> deeds_;
 };
 
 }  // namespace vellora::test

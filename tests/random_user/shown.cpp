@@ -1,7 +1,7 @@
 #include "random_user/shown.h"
 
 #include "grid/surface/grid_surface.h"
-#include "random_user/eyes.h"
+#include "random_user/screen.h"
 #include "routine/calendar_text.h"
 #include "routine/number_text.h"
 #include "shell/planner_window.h"

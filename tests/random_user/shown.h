@@ -1,9 +1,9 @@
 #pragma once
 
-#include "random_user/tables.h"
-
 #include <QDate>
+#include <QStringList>
 
+#include <map>
 #include <optional>
 
 namespace vellora {
@@ -11,6 +11,12 @@ class PlannerWindow;
 }
 
 namespace vellora::test {
+
+// The columns of one stored row as texts.
+using Row = QStringList;
+using Rows = QList<Row>;
+// By table name, each in the order of its rows.
+using Tables = std::map<QString, Rows>;
 
 // What stands in a window, read as a person reads it: by texts, not by what is hidden behind them.
 struct Shown {

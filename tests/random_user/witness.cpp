@@ -1,14 +1,27 @@
 #include "random_user/witness.h"
 
 #include "grid/surface/grid_surface.h"
-#include "random_user/eyes.h"
+#include "random_user/screen.h"
 #include "shell/planner_window.h"
 
 #include <QMessageBox>
 
+#include <SQLiteCpp/Exception.h>
+#include <SQLiteCpp/Statement.h>
+
 namespace vellora::test {
 namespace {
 
+// The rows of one list that are not in the other one, each as often as it is missing.
+Rows missingFrom(const Rows& list, const Rows& other) {
+  std::map<Row, int> left;
+  for (const Row& row : other) ++left[row];
+  Rows missing;
+  for (const Row& row : list) {
+    if (left[row]-- <= 0) missing << row;
+  }
+  return missing;
+}
 QString written(const Rows& rows) {
   QStringList texts;
   for (const Row& row : rows.first(std::min<qsizetype>(rows.size(), 3))) texts << row.join(u',');
@@ -47,6 +60,40 @@ bool hasEveryTime(const GridSurface& grid) {
 }
 
 }  // namespace
+
+TableReader::TableReader(const QString& path)
+    : database_(path.toStdString(), SQLite::OPEN_READONLY) {
+  readChanges();
+}
+
+bool TableReader::readChanges() {
+  try {
+    const int version = database_.execAndGet("PRAGMA data_version").getInt();
+    if (version == version_) return false;
+    Tables read;
+    for (const auto& table : {u"HD"_qs, u"SJ"_qs, u"JH"_qs, u"BW"_qs, u"MM"_qs, u"JM"_qs}) {
+      read[table] = rowsOf(table);
+    }
+    version_ = version;
+    tables_ = read;
+    return true;
+  } catch (const SQLite::Exception&) {
+    return false;  // locked: what is written meanwhile is seen afterwards
+  }
+}
+
+Rows TableReader::rowsOf(const QString& table) {
+  Rows rows;
+  SQLite::Statement all(database_, "SELECT * FROM " + table.toStdString() + " ORDER BY rowid");
+  while (all.executeStep()) {
+    Row row;
+    for (int col = 0; col < all.getColumnCount(); ++col) {
+      row << QString::fromStdString(all.getColumn(col).getString());
+    }
+    rows << row;
+  }
+  return rows;
+}
 
 Witness::Witness(const QString& schedule, Tell tell) : reader_(schedule), tell_(std::move(tell)) {}
 

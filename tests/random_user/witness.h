@@ -1,14 +1,32 @@
 #pragma once
 
 #include "random_user/shown.h"
-#include "random_user/tables.h"
 
 #include <QPointer>
 #include <QWidget>
 
+#include <SQLiteCpp/Database.h>
 #include <functional>
 
 namespace vellora::test {
+
+// Reads a schedule past the program, on a connection of its own.
+class TableReader {
+ public:
+  explicit TableReader(const QString& path);
+
+  const Tables& tables() const { return tables_; }
+  // Reads again; true when anything was written since the last time. Does nothing while another
+  // program keeps the file locked.
+  bool readChanges();
+
+ private:
+  Rows rowsOf(const QString& table);
+
+  SQLite::Database database_;
+  int version_ = -1;
+  Tables tables_;
+};
 
 // Looks at windows and tables before and after everything that the user does, and tells what must
 // not be.
