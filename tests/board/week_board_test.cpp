@@ -96,11 +96,6 @@ TEST_F(WeekBoardTest, StepsByDayAndByWeek) {
   EXPECT_EQ(shown(7, 1), u"跑步\r要求"_qs);
 }
 
-TEST_F(WeekBoardTest, DisablesCommandsThatNothingIsAttachedTo) {
-  EXPECT_FALSE(board_.findChild<QPushButton*>(u"Command1"_qs)->isEnabled());
-  EXPECT_TRUE(board_.findChild<QPushButton*>(u"Command99"_qs)->isEnabled());
-}
-
 TEST_F(WeekBoardTest, RebuildsAfterAWindowOnlyWhenTheFlagIsSet) {
   open();
   board_.attachCommand(BoardCommand::Statistics, [&] { store_.execute(u"DELETE * FROM JH"_qs); });
@@ -152,13 +147,6 @@ TEST_F(WeekBoardTest, TheKeyboardOpensWhatAClickOpens) {
   EXPECT_EQ(activities, QStringList{u"读书"_qs});
 }
 
-TEST_F(WeekBoardTest, ClicksDoNothingWhileNothingIsAttached) {
-  open();
-  clickCell(1, 0);
-  clickCell(1, 1);
-  EXPECT_TRUE(prompts_.warnings.isEmpty());
-}
-
 TEST_F(WeekBoardTest, ClearsPlansMemosWeekNamesAndSkinOnlyAfterYes) {
   open();
   click(u"Command9"_qs);
@@ -173,30 +161,6 @@ TEST_F(WeekBoardTest, ClearsPlansMemosWeekNamesAndSkinOnlyAfterYes) {
   EXPECT_EQ(shown(1, 1), QString());
   EXPECT_EQ(label(u"Lmm"_qs), QString());
   EXPECT_EQ(board_.windowTitle(), u"   Vellora日程表2.8版   2007-03-05"_qs);
-}
-
-TEST_F(WeekBoardTest, ClearsNothingWhileAnotherProgramIsSaving) {
-  open();
-  {
-    ScheduleStore other(schedule_.path());
-    const ScheduleStore::Transaction saving(other);
-    prompts_.answers << true;
-    click(u"Command9"_qs);
-  }
-  EXPECT_EQ(prompts_.warnings.size(), 1);
-  EXPECT_EQ(shown(1, 1), u"读书\r要求"_qs);
-  EXPECT_EQ(rowsOf(u"JH"_qs), 2);
-}
-
-TEST_F(WeekBoardTest, WarnsAndKeepsTheRedrawFlagWhenARebuildFails) {
-  schedule_.sql(u"ALTER TABLE SJ RENAME TO SJ_away"_qs);
-  open();
-  ASSERT_EQ(prompts_.warnings.size(), 1);
-  EXPECT_TRUE(prompts_.warnings[0].contains(u"SJ"_qs)) << prompts_.warnings[0].toStdString();
-  EXPECT_TRUE(grid().RedrawSwitch());
-  schedule_.sql(u"ALTER TABLE SJ_away RENAME TO SJ"_qs);
-  board_.Activate();
-  EXPECT_EQ(shown(1, 1), u"读书\r要求"_qs);
 }
 
 TEST_F(WeekBoardTest, StaysAsItWasWhenAStepOrARebuildFailsAndSaysHowToTryAgain) {

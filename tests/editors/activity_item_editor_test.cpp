@@ -189,49 +189,6 @@ TEST_F(ActivityItemEditorTest, KeepsAStoredItemInViewUntilTheFilterRuns) {
   EXPECT_EQ(grid().Rows(), 0);
 }
 
-TEST_F(ActivityItemEditorTest, WalksFromFieldToFieldWithEnter) {
-  open();
-  press("CmdNEW");
-  choose("Combo1", u"1-工作"_qs);
-  type(code(), u"001"_qs);
-  QTest::keyClick(&code(), Qt::Key_Return);
-  EXPECT_EQ(editor_->focusWidget(), &name());
-  type(name(), u"plan"_qs);
-  QTest::keyClick(&name(), Qt::Key_Return);
-  EXPECT_EQ(editor_->focusWidget(), &child<QPushButton>("cmdOK"));
-  QTest::keyClick(&child<QPushButton>("cmdOK"), Qt::Key_Return);
-  EXPECT_EQ(editor_->focusWidget(), &child<QPushButton>("CmdNEW"));
-  EXPECT_EQ(storedItems(), QStringList{u"001 plan 1-工作 0"_qs});
-}
-
-TEST_F(ActivityItemEditorTest, SaysWhyAnItemWasNotStoredAndKeepsWhatWasTyped) {
-  schedule_.items(1);
-  open();
-  type(name(), u"walk"_qs);
-  schedule_.sql(u"BEGIN IMMEDIATE"_qs);
-  press("cmdOK");
-  EXPECT_EQ(prompts_.warnings.size(), 1);
-  EXPECT_EQ(shown(), u"确取 0/1 001 walk"_qs);
-  QTest::keyClick(editor_.get(), Qt::Key_Escape);
-  EXPECT_TRUE(editor_->isVisible()) << "typed text would be lost";
-  schedule_.sql(u"COMMIT"_qs);
-  press("cmdOK");
-  EXPECT_EQ(storedItems().size(), 1);
-  EXPECT_TRUE(storedItems().first().startsWith(u"001 walk"_qs));
-  QTest::keyClick(editor_.get(), Qt::Key_Escape);
-  EXPECT_FALSE(editor_->isVisible());
-}
-
-TEST_F(ActivityItemEditorTest, LeavesAnItemThatCannotBeDeletedInTheList) {
-  schedule_.items(2);
-  open();
-  schedule_.sql(u"BEGIN IMMEDIATE"_qs);
-  press("CmdDEL");
-  schedule_.sql(u"COMMIT"_qs);
-  EXPECT_EQ(shown(), u"添删 0/2 001 活动001"_qs);
-  EXPECT_EQ(storedItems().size(), 2);
-}
-
 TEST_F(ActivityItemEditorTest, SaysWhyAFilterFailsAndKeepsTheList) {
   schedule_.items(2);
   open();

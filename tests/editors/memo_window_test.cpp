@@ -23,16 +23,6 @@ class MemoWindowTest : public test::EditorTest {
 
 }  // namespace
 
-TEST_F(MemoWindowTest, ShowsTheMemoOfThePickedDate) {
-  EXPECT_EQ(memo_.windowTitle(), u"备忘录  2007年3月5日 星期一"_qs);
-  EXPECT_EQ(box().toPlainText(), u"交报告\n给'老王'"_qs);
-  click(u"Cm4"_qs);
-  EXPECT_EQ(memo_.windowTitle(), u"备忘录  2007年3月12日 星期一"_qs);
-  EXPECT_EQ(box().toPlainText(), QString());
-  click(u"Cm1"_qs);
-  EXPECT_EQ(box().toPlainText(), u"交报告\n给'老王'"_qs);
-}
-
 TEST_F(MemoWindowTest, StoresTheTextWithoutAMessageAndDropsItWithTheDate) {
   click(u"Cm3"_qs);
   box().setFocus();
@@ -51,17 +41,6 @@ TEST_F(MemoWindowTest, StoresTheTextWithoutAMessageAndDropsItWithTheDate) {
   pressMnemonic(Qt::Key_U);
   press(Qt::Key_Escape);
   EXPECT_FALSE(memo_.isVisible());
-}
-
-TEST_F(MemoWindowTest, AFailedStoreIsToldAndKeepsTheText) {
-  type(u"新"_qs);
-  {
-    const auto saving = otherProgramSaves();
-    click(u"CmdSV"_qs);
-  }
-  EXPECT_EQ(prompts_.warnings.size(), 1);
-  EXPECT_EQ(box().toPlainText(), u"新交报告\n给'老王'"_qs);
-  EXPECT_EQ(memoOf(store_, kMonday), u"交报告\n给'老王'"_qs);
 }
 
 TEST_F(MemoWindowTest, AMemoThatCannotBeReadCannotBeOverwritten) {

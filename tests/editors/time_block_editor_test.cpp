@@ -20,20 +20,6 @@ class TimeBlockEditorTest : public test::EditorTest {
 
 }  // namespace
 
-TEST_F(TimeBlockEditorTest, SavesWhatIsStillBeingTypedWhenTheMnemonicIsPressed) {
-  EXPECT_EQ(grid().CurrentRow(), 0);
-  press(Qt::Key_Down);
-  typeCells({u"9:00"_qs, u"10:00"_qs, u"b"_qs});
-  type(u"二"_qs);
-  pressMnemonic(Qt::Key_S);
-  EXPECT_EQ(prompts_.warnings, QStringList(u"保存完毕!"_qs));
-  auto stored = store_.open(u"select * from sj order by sj0"_qs);
-  ASSERT_EQ(stored.count(), 2);
-  stored.moveLast();
-  EXPECT_EQ(stored.time(u"SJ0"), QTime(9, 0));
-  EXPECT_EQ(stored.text(u"sjkm"), u"二"_qs);
-}
-
 TEST_F(TimeBlockEditorTest, ShowsTheCellThatCannotBeStoredAndKeepsEverythingTyped) {
   press(Qt::Key_Down);
   typeCells({u"9:00"_qs, u"9:60"_qs, u"b"_qs, u"二"_qs});
@@ -51,13 +37,6 @@ TEST_F(TimeBlockEditorTest, ShowsTheCellThatCannotBeStoredAndKeepsEverythingType
   EXPECT_EQ(store_.open(u"SJ"_qs).count(), 2);
 }
 
-TEST_F(TimeBlockEditorTest, TellsWhatAPastedTableHadTooMuch) {
-  QApplication::clipboard()->setText(u"7:00\t7:30\tc\t早\t多\t余\n"_qs);
-  press(Qt::Key_V, Qt::ControlModifier);
-  EXPECT_EQ(shown(3, 0), u"早"_qs);
-  EXPECT_EQ(prompts_.warnings, QStringList(u"粘贴的内容比表格多出 2 列，多出的部分没有粘贴。"_qs));
-}
-
 TEST_F(TimeBlockEditorTest, OpenDropsTypingAndEscapeDoesNot) {
   type(u"7:00"_qs);
   press(Qt::Key_Escape);
@@ -72,20 +51,6 @@ TEST_F(TimeBlockEditorTest, OpenDropsTypingAndEscapeDoesNot) {
   EXPECT_EQ(shown(1, 0), u"09:00"_qs) << "not even what was still being typed";
   press(Qt::Key_Escape);
   EXPECT_FALSE(editor_.isVisible());
-}
-
-TEST_F(TimeBlockEditorTest, AStoreThatFailsIsToldAndNothingTypedIsLost) {
-  typeCells({u"7:00"_qs});
-  {
-    const auto saving = otherProgramSaves();
-    click(u"cmdSV"_qs);
-  }
-  EXPECT_EQ(prompts_.warnings.size(), 1);
-  EXPECT_NE(prompts_.warnings.value(0), u"保存完毕!"_qs);
-  schedule_.sql(u"ALTER TABLE SJ RENAME TO SJ_away"_qs);
-  click(u"cmdOP"_qs);
-  EXPECT_EQ(prompts_.warnings.size(), 2);
-  EXPECT_EQ(shown(0, 0), u"7:00"_qs);
 }
 
 }  // namespace vellora

@@ -47,17 +47,6 @@ TEST_F(WeekNameEditorTest, AnEmptyRowAlwaysFollowsTheList) {
   EXPECT_FALSE(editor_.isVisible()) << "nothing was typed";
 }
 
-TEST_F(WeekNameEditorTest, AddedWeeksAreTakenBackByUndoAndNotByEscape) {
-  open(editor_);
-  editor_.findChild<DatePicker*>(u"DTP1"_qs)->setDate(QDate(2007, 12, 27));
-  click(u"CmdBR"_qs);
-  EXPECT_EQ(shown(1, 0), u"2008-01-02"_qs);
-  press(Qt::Key_Escape);
-  EXPECT_TRUE(editor_.isVisible());
-  press(Qt::Key_Z, Qt::ControlModifier);
-  EXPECT_EQ(shown(1, 0), QString());
-}
-
 TEST_F(WeekNameEditorTest, AWeekThatCannotBeContinuedIsTold) {
   open(editor_);
   type(u"三月"_qs);

@@ -39,24 +39,6 @@ TEST_F(ActivityPlanWindowTest, OpensAtTodayWithTheFirstOpenActivityListed) {
   EXPECT_TRUE(prompts_.warnings.isEmpty());
 }
 
-TEST_F(ActivityPlanWindowTest, ReturnsToTodayEachTimeItIsActivated) {
-  open();
-  click(window_, u"Command3"_qs);
-  EXPECT_TRUE(summary().startsWith(u"2007-02-26 星期一"));
-  schedule_.plan(kToday, u"001"_qs, u"跑步"_qs);
-  window_.Activate();
-  EXPECT_EQ(summary(), u"2007-03-05 星期一\n\n20:00-21:00 晚间\n  跑步\n"_qs);
-}
-
-TEST_F(ActivityPlanWindowTest, WithoutBlocksAndActivitiesItOpensEmpty) {
-  store_.execute(u"DELETE * FROM SJ"_qs);
-  store_.execute(u"DELETE * FROM HD"_qs);
-  open();
-  EXPECT_EQ(window_.chosenActivity(), QString());
-  EXPECT_EQ(grid(window_).Rows(), kSparePlanRows);
-  EXPECT_TRUE(prompts_.warnings.isEmpty());
-}
-
 TEST_F(ActivityPlanWindowTest, ChoosesAnActivityOnlyByItsExactName) {
   window_.Load();
   window_.chooseActivity(u"跑步 "_qs);
@@ -102,16 +84,6 @@ TEST_F(ActivityPlanWindowTest, SavingTellsOfEachTakenBlockAndThenThatItIsDone) {
   EXPECT_FALSE(isMarked(window_, 0));
   EXPECT_TRUE(isMarked(window_, 1));
   EXPECT_TRUE(summary().contains(u"08:00-09:30 早读\n  读书\n"_qs)) << summary().toStdString();
-}
-
-TEST_F(ActivityPlanWindowTest, AFailedSaveKeepsTheGridAndNamesTheRow) {
-  open();
-  doubleClick(window_, u"List2"_qs, 0);
-  type(window_, kPlanLevel, 0, u"99999999999"_qs);
-  click(window_, u"cmdSV"_qs);
-  ASSERT_EQ(prompts_.warnings.size(), 1);
-  EXPECT_TRUE(prompts_.warnings[0].startsWith(u"第 1 行："));
-  EXPECT_EQ(grid(window_).GetCellText(kPlanLevel, 0), u"99999999999"_qs);
 }
 
 TEST_F(ActivityPlanWindowTest, RepeatsTheCurrentRowByDayAndByWeek) {
@@ -170,18 +142,6 @@ TEST_F(ActivityPlanWindowTest, WarnsOfEachEntryWhoseBlockIsGoneAndSavesItAgain) 
   EXPECT_EQ(saved(), QStringList{u"2007-03-05|009|读书|要求|1"_qs});
 }
 
-TEST_F(ActivityPlanWindowTest, ListingAgainDropsWhatWasNotSaved) {
-  open();
-  for (const bool byButton : {true, false}) {
-    doubleClick(window_, u"List2"_qs, 0);
-    EXPECT_TRUE(isMarked(window_, 0));
-    if (byButton) click(window_, u"cmdOP"_qs);
-    if (!byButton) doubleClick(window_, u"List1"_qs, 0);
-    EXPECT_EQ(row(window_, 0), u"||||"_qs);
-    EXPECT_EQ(window_.chosenActivity(), u"读书"_qs);
-  }
-}
-
 TEST_F(ActivityPlanWindowTest, WhatListingDroppedCanBeFetchedBack) {
   open();
   doubleClick(window_, u"List2"_qs, 0);
@@ -214,12 +174,6 @@ TEST_F(ActivityPlanWindowTest, ARowKeepsItsBlockWhereverItIsCutCopiedOrTyped) {
             (QStringList{u"2007-03-05|002|读书|要求|1"_qs, u"2007-03-10|001|读书|要求|1"_qs}));
 }
 
-TEST_F(ActivityPlanWindowTest, TheGridAlwaysHasASpareRow) {
-  open();
-  grid(window_).SetCurrentCell(0, kSparePlanRows - 1);
-  EXPECT_EQ(grid(window_).Rows(), kSparePlanRows + 1);
-}
-
 TEST_F(ActivityPlanWindowTest, ARepetitionIsUndoneInOneStepAndTypingStaysUndoable) {
   open();
   doubleClick(window_, u"List2"_qs, 0);
@@ -238,18 +192,6 @@ TEST_F(ActivityPlanWindowTest, ARepetitionIsUndoneInOneStepAndTypingStaysUndoabl
   EXPECT_EQ(row(window_, 0), u"2007-03-05/星期一|08:00-09:30/早读|读书||"_qs);
 }
 
-TEST_F(ActivityPlanWindowTest, ACopiedColumnOfRequirementsIsPastedIntoTheListedRows) {
-  for (int day = 0; day < 2; ++day) schedule_.plan(kToday.addDays(day), u"002"_qs, u"读书"_qs);
-  open();
-  QGuiApplication::clipboard()->setText(u"第一章\n第二章\n"_qs);
-  grid(window_).SetCurrentCell(kPlanRequirement, 0);
-  grid(window_).Focus();
-  QTest::keyClick(&grid(window_), Qt::Key_V, Qt::ControlModifier);
-  click(window_, u"cmdSV"_qs);
-  EXPECT_EQ(saved(),
-            (QStringList{u"2007-03-05|002|读书|第一章|1"_qs, u"2007-03-06|002|读书|第二章|1"_qs}));
-}
-
 TEST_F(ActivityPlanWindowTest, CtrlDDuplicatesTheCurrentRow) {
   open();
   doubleClick(window_, u"List2"_qs, 0);
@@ -263,43 +205,6 @@ TEST_F(ActivityPlanWindowTest, BeginningADateProposesThePickedOne) {
   pick(kToday.addDays(1));
   QTest::keyClick(edit(window_, kPlanDate, 4), Qt::Key_Return);
   EXPECT_EQ(row(window_, 4), u"2007-03-06||||"_qs);
-}
-
-TEST_F(ActivityPlanWindowTest, PastingMoreThanTheGridHoldsSaysWhatWasLeftOut) {
-  open();
-  QGuiApplication::clipboard()->setText(u"甲\t乙\n"_qs.repeated(2));
-  grid(window_).SetCurrentCell(kPlanLevel, 0);
-  grid(window_).Focus();
-  QTest::keyClick(&grid(window_), Qt::Key_V, Qt::ControlModifier);
-  EXPECT_EQ(prompts_.warnings, QStringList{u"粘贴的内容比表格多出 1 列，多出的部分没有粘贴。"_qs});
-}
-
-TEST_F(ActivityPlanWindowTest, AScheduleThatCannotBeReadIsReportedAndNothingTypedIsLost) {
-  open();
-  doubleClick(window_, u"List2"_qs, 0);
-  const QString typed = row(window_, 0);
-  schedule_.sql(u"DROP TABLE JH"_qs);
-  for (const QString& button : {u"cmdSV"_qs, u"CmdDAY"_qs, u"cmdOP"_qs, u"Command1"_qs}) {
-    prompts_.warnings.clear();
-    click(window_, button);
-    EXPECT_TRUE(prompts_.warnings.contains(u"日程文件中没有表“活动计划”（JH）。"_qs))
-        << button.toStdString();
-    EXPECT_EQ(row(window_, 0), typed);
-  }
-}
-
-TEST_F(ActivityPlanWindowTest, APlanThatCouldNotBeReadIsNotDeletedBySaving) {
-  schedule_.plan(kToday, u"001"_qs, u"跑步"_qs);
-  open();
-  schedule_.sql(u"ALTER TABLE JH RENAME TO HJ"_qs);
-  window_.chooseActivity(u"跑步"_qs);
-  schedule_.sql(u"ALTER TABLE HJ RENAME TO JH"_qs);
-  click(window_, u"cmdSV"_qs);
-  window_.chooseActivity(u"读书"_qs);
-  window_.findChild<QLineEdit*>(u"Text2"_qs)->setText(u"跑步"_qs);
-  click(window_, u"cmdSV"_qs);
-  EXPECT_EQ(prompts_.warnings.last(), u"项目“跑步”的计划没有读出来，不能保存，请先打开。"_qs);
-  EXPECT_EQ(saved(), QStringList{u"2007-03-05|001|跑步|要求|1"_qs});
 }
 
 }  // namespace vellora

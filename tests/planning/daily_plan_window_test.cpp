@@ -54,30 +54,6 @@ TEST_F(DailyPlanWindowTest, ADoubleClickedActivityTakesARequirementAndALevelAndI
   EXPECT_FALSE(isMarked(window_, 1));
 }
 
-TEST_F(DailyPlanWindowTest, EnterOnAnActivityPlacesItToo) {
-  open();
-  list(window_, u"List1"_qs).setFocus();
-  QTest::keyClick(&list(window_, u"List1"_qs), Qt::Key_Return);
-  EXPECT_EQ(grid(window_).GetCellText(1, 0), u"读书"_qs);
-}
-
-TEST_F(DailyPlanWindowTest, MovingTheDateDropsWhatWasNotSaved) {
-  schedule_.plan(kToday.addDays(7), u"002"_qs, u"读书"_qs);
-  open();
-  const struct {
-    QString button;
-    int days;
-  } moves[]{{u"Command1"_qs, -1}, {u"Command2"_qs, 1}, {u"Command3"_qs, -7}, {u"Command4"_qs, 7}};
-  for (const auto& [button, days] : moves) {
-    window_.setDate(kToday);
-    doubleClick(window_, u"List1"_qs, 1);
-    click(window_, button);
-    EXPECT_EQ(window_.date(), kToday.addDays(days));
-    EXPECT_EQ(grid(window_).GetCellText(1, 0), days == 7 ? u"读书"_qs : QString());
-    EXPECT_FALSE(isMarked(window_, 0));
-  }
-}
-
 TEST_F(DailyPlanWindowTest, ASaveRightAfterTypingADateIsOfTheShownDayAndThenTurnsToTheTypedOne) {
   open();
   auto* picker = window_.findChild<DatePicker*>(u"DTP1"_qs);
@@ -106,75 +82,12 @@ TEST_F(DailyPlanWindowTest, AnUnfinishedCellIsSavedWithTheRest) {
   EXPECT_EQ(saved(), QStringList{u"2007-03-05|002|读书|第一章|0"_qs});
 }
 
-TEST_F(DailyPlanWindowTest, AFailedSaveSaysWhereAndKeepsWhatWasTyped) {
-  open();
-  doubleClick(window_, u"List1"_qs, 0);
-  type(window_, 3, 0, u"99999999999"_qs);
-  click(window_, u"cmdSV"_qs);
-  ASSERT_EQ(prompts_.warnings.size(), 1);
-  EXPECT_TRUE(prompts_.warnings[0].startsWith(u"08:00-09:30 早读："));
-  EXPECT_EQ(row(window_, 0), u"08:00-09:30/早读|读书||99999999999"_qs);
-  EXPECT_TRUE(isMarked(window_, 0));
-}
-
-TEST_F(DailyPlanWindowTest, EscapeDoesNotThrowAwayAPlan) {
-  open();
-  doubleClick(window_, u"List1"_qs, 0);
-  QTest::keyClick(&window_, Qt::Key_Escape);
-  EXPECT_TRUE(window_.isVisible());
-  click(window_, u"cmdSV"_qs);
-  QTest::keyClick(&window_, Qt::Key_Escape);
-  EXPECT_FALSE(window_.isVisible());
-}
-
-TEST_F(DailyPlanWindowTest, WithoutBlocksNothingCanBePlacedAndSavingSaysDone) {
-  store_.execute(u"DELETE * FROM SJ"_qs);
-  open();
-  doubleClick(window_, u"List1"_qs, 0);
-  click(window_, u"cmdSV"_qs);
-  EXPECT_EQ(prompts_.warnings, QStringList{u"保存完毕!"_qs});
-  EXPECT_EQ(saved(), QStringList());
-}
-
-TEST_F(DailyPlanWindowTest, AScheduleThatCannotBeReadIsReportedOnce) {
-  schedule_.sql(u"DROP TABLE SJ"_qs);
-  open();
-  EXPECT_EQ(prompts_.warnings, QStringList{u"日程文件中没有表“时间划分”（SJ）。"_qs});
-}
-
 TEST_F(DailyPlanWindowTest, BlocksChangedMeanwhileAppearWhenItIsActivatedAgain) {
   open();
   schedule_.block(u"003"_qs, u"06:00:00"_qs, u"07:00:00"_qs, u"晨练"_qs);
   window_.Activate();
   EXPECT_EQ(row(window_, 0), u"06:00-07:00/晨练|||"_qs);
   EXPECT_EQ(grid(window_).Rows(), 3);
-}
-
-TEST_F(DailyPlanWindowTest, ADayThatCouldNotBeReadIsNotOverwritten) {
-  schedule_.plan(kToday.addDays(1), u"002"_qs, u"读书"_qs);
-  open();
-  doubleClick(window_, u"List1"_qs, 1);
-  schedule_.sql(u"ALTER TABLE JH RENAME TO HJ"_qs);
-  click(window_, u"Command2"_qs);
-  schedule_.sql(u"ALTER TABLE HJ RENAME TO JH"_qs);
-  click(window_, u"cmdSV"_qs);
-  EXPECT_EQ(prompts_.warnings, QStringList{u"日程文件中没有表“活动计划”（JH）。"_qs})
-      << "cannot be saved";
-  EXPECT_EQ(saved(), QStringList{u"2007-03-06|002|读书|要求|1"_qs});
-  click(window_, u"cmdOP"_qs);
-  EXPECT_EQ(row(window_, 0), u"08:00-09:30/早读|读书|要求|1"_qs);
-  click(window_, u"CmdFetch"_qs);
-  EXPECT_EQ(window_.date(), kToday);
-  EXPECT_EQ(row(window_, 0), u"08:00-09:30/早读|跑步||"_qs) << "typed before the step";
-}
-
-TEST_F(DailyPlanWindowTest, TheTimesCannotBeEmptied) {
-  open();
-  grid(window_).Focus();
-  QTest::keyClick(&grid(window_), Qt::Key_A, Qt::ControlModifier);
-  QTest::keyClick(&grid(window_), Qt::Key_Delete);
-  EXPECT_EQ(row(window_, 0), u"08:00-09:30/早读|||"_qs);
-  EXPECT_EQ(grid(window_).CellTag(0, 1), u"001"_qs);
 }
 
 }  // namespace vellora

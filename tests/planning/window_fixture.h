@@ -1,11 +1,10 @@
 #pragma once
 
 #include "grid/surface/grid_surface.h"
-#include "saved_plans.h"
 #include "shell/date_picker.h"
 #include "shell/planner_window.h"
-#include "support/failing_disk.h"
 #include "support/planner_test.h"
+#include "support/saved_plans.h"
 
 #include <QApplication>
 #include <QInputMethodEvent>
@@ -93,8 +92,6 @@ class WindowTest : public PlannerTest {
     QCoreApplication::sendEvent(&editor, &event);
   }
   QStringList saved() { return savedPlans(store_); }
-
-  FailingDisk disk_;
 };
 
 }  // namespace vellora::test

@@ -110,12 +110,4 @@ TEST_F(TimeBlocksTest, ARefusedCellIsNamedAndTheOldBlocksStay) {
   }
 }
 
-TEST_F(TimeBlocksTest, AStoredTimeThatCannotBeReadIsShownAndNotLost) {
-  schedule_.block(u"x"_qs, u"上午"_qs, u"09:00:00"_qs, u"外来"_qs);
-  LoadTimeBlocks(store_, sheet_);
-  EXPECT_EQ(filledRows(sheet_), QStringList(u"上午|09:00|x|外来"_qs));
-  EXPECT_THROW(SaveTimeBlocks(store_, sheet_), CellRefused);
-  EXPECT_EQ(stored(), QStringList(u"上午|09:00|x|外来"_qs));
-}
-
 }  // namespace vellora

@@ -1,5 +1,6 @@
 #include "schedule/week.h"
-#include "support/schedule_builder.h"
+
+#include "schedule_fixture.h"
 #include "support/text_output.h"
 
 #include <gtest/gtest.h>
@@ -7,7 +8,7 @@
 namespace vellora {
 namespace {
 
-const QDate kMonday(2007, 3, 5);
+using test::kMonday;
 
 class BoardFillerTest : public testing::Test {
  protected:
@@ -63,13 +64,6 @@ TEST_F(BoardFillerTest, ShowsAPlanInItsActivitysColour) {
   expectColours(3, 1, kBlack, kWhite);
 }
 
-TEST_F(BoardFillerTest, ShowsAnUnknownActivityInBlackOnWhite) {
-  schedule_.plan(kMonday, u"001"_qs, u"读书 "_qs);
-  fill();
-  EXPECT_EQ(sheet_.CellTag(1, 1), u"读书 "_qs);
-  expectColours(1, 1, kBlack, kWhite);
-}
-
 TEST_F(BoardFillerTest, ShowsTheFirstOfTwoPlansForOneBlock) {
   schedule_.plan(kMonday, u"001"_qs, u"甲"_qs).plan(kMonday, u"001"_qs, u"乙"_qs);
   fill();
@@ -85,17 +79,6 @@ TEST_F(BoardFillerTest, EmptiesWhatAnEarlierWeekHeld) {
   expectColours(1, 1, kBlack, kWhite);
 }
 
-TEST_F(BoardFillerTest, KeepsQuotesAndSignsInCodesAndNamesAsData) {
-  const QString code = u"a'#[%]\""_qs;
-  const QString name = u"it's #1 [x] -- %\n"_qs;
-  schedule_.block(code, u"10:00:00"_qs, u"11:00:00"_qs)
-      .item(u"002"_qs, name, u"1-工作"_qs, 0, 255)
-      .plan(kMonday, code, name);
-  fill();
-  EXPECT_EQ(sheet_.CellTag(1, 3), name);
-  expectColours(1, 3, kRed, kPlanPaper);
-}
-
 TEST_F(BoardFillerTest, FindsMemoAndWeekNameOfTheFirstDay) {
   schedule_.memo(kMonday, u"第一行\n第二行"_qs)
       .weekName(kMonday.addDays(-6), kMonday, u"第一周"_qs)
@@ -107,23 +90,6 @@ TEST_F(BoardFillerTest, FindsMemoAndWeekNameOfTheFirstDay) {
   const WeekTexts later = fill(kMonday.addDays(7));
   EXPECT_TRUE(later.weekName.isEmpty());
   EXPECT_TRUE(later.memo.isEmpty());
-}
-
-TEST(BoardFiller, WithoutBlocksLeavesOnlyTheDays) {
-  const test::ScheduleBuilder schedule;
-  ScheduleStore store(schedule.path());
-  Sheet sheet;
-  sheet.SetCols(kBoardCols);
-  BuildTimeRows(store, sheet);
-  FillWeek(store, sheet, kMonday);
-  EXPECT_EQ(sheet.Rows(), 1);
-  EXPECT_EQ(sheet.GetCellText(7, 0), u"03月11日\r星期日"_qs);
-}
-
-TEST(BoardCaption, AddsTheMemoBehindEightBlanks) {
-  EXPECT_EQ(boardCaption(kMonday, QString()), u"   Vellora日程表2.8版   2007-03-05"_qs);
-  EXPECT_EQ(boardCaption(kMonday, u"交报告"_qs),
-            u"   Vellora日程表2.8版   2007-03-05        交报告"_qs);
 }
 
 }  // namespace vellora

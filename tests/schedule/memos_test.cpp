@@ -1,4 +1,5 @@
 #include "schedule/memos.h"
+
 #include "store/statements.h"
 #include "support/schedule_builder.h"
 #include "support/text_output.h"

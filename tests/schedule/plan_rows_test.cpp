@@ -1,9 +1,9 @@
-#include "planning_fixture.h"
+#include "schedule_fixture.h"
 
 namespace vellora {
 
 using test::kMonday;
-using PlanRows = test::PlanningTest;
+using PlanRows = test::ScheduleTest;
 
 TEST_F(PlanRows, ReadDatesAsPeopleTypeThem) {
   struct Case {
@@ -27,13 +27,6 @@ TEST_F(PlanRows, ReadDatesAsPeopleTypeThem) {
   }
 }
 
-TEST_F(PlanRows, PlacingKeepsRequirementAndLevel) {
-  fillRow(0, u""_qs, u""_qs, u"旧的"_qs, u"第一章"_qs, u"3"_qs);
-  placePlanRow(sheet_, 0, kMonday, *TimeBlockList(*store_).find(u"002"_qs), u"读书"_qs);
-  EXPECT_EQ(row(0), u"2007-03-05/星期一|08:00-09:30/早读|读书|第一章|3"_qs);
-  EXPECT_EQ(sheet_.CellTag(kPlanTime, 0), u"002"_qs);
-}
-
 TEST_F(PlanRows, ADuplicateStandsBelowWithItsHiddenBlock) {
   fillRow(3, u"2007-03-05"_qs, u"002"_qs, u"读书"_qs, u"第一章"_qs, u"3"_qs);
   fillRow(4, u"2007-03-06"_qs, u"001"_qs, u"读书"_qs);
@@ -53,16 +46,6 @@ TEST_F(PlanRows, OnlyTheLastRowGetsASpareRowBelow) {
   EXPECT_EQ(sheet_.CellOption(kPlanRequirement, kSparePlanRows), 1);
 }
 
-TEST_F(PlanRows, ADateIsProposedOnlyInAnEmptyDateCell) {
-  sheet_.SetCellText(kPlanDate, 1, u"2008-01-01"_qs);
-  proposePlanDate(sheet_, kPlanDate, 0, kMonday);
-  proposePlanDate(sheet_, kPlanDate, 1, kMonday);
-  proposePlanDate(sheet_, kPlanRequirement, 2, kMonday);
-  EXPECT_EQ(row(0), u"2007-03-05||||"_qs);
-  EXPECT_EQ(row(1), u"2008-01-01||||"_qs);
-  EXPECT_EQ(row(2), u"||||"_qs);
-}
-
 TEST_F(PlanRows, BlocksComeByStartAndTheFirstOfACodeIsFound) {
   builder_.block(u"002"_qs, u"23:00:00"_qs, u"23:30:00"_qs, u"重复"_qs);
   const TimeBlockList blocks(*store_);
@@ -72,6 +55,33 @@ TEST_F(PlanRows, BlocksComeByStartAndTheFirstOfACodeIsFound) {
   EXPECT_EQ(blocks.find(u"002"_qs)->cell, u"08:00-09:30\r早读"_qs);
   EXPECT_EQ(blocks.find(u"2"_qs), nullptr);
   EXPECT_EQ(blocks.at(3), nullptr);
+}
+
+class PlanListing : public test::ScheduleTest {
+ protected:
+  QStringList list(const QString& activity) {
+    return listPlan(*store_, sheet_, TimeBlockList(*store_), activity);
+  }
+};
+
+TEST_F(PlanListing, ShowsTheWholePlanByDateAndCodeAboveSpareRows) {
+  builder_.plan(kMonday, u"002"_qs, u"读书"_qs, u"第二章"_qs, 2)
+      .plan(kMonday, u"001"_qs, u"读书"_qs, u"第一章"_qs, 1)
+      .plan(kMonday.addDays(-1), u"002"_qs, u"读书"_qs, u"序"_qs, 0)
+      .plan(kMonday, u"001"_qs, u"读书 "_qs);
+  EXPECT_EQ(list(u"读书"_qs), QStringList());
+  EXPECT_EQ(sheet_.Rows(), 3 + kSparePlanRows);
+  EXPECT_EQ(row(0), u"2007-03-04/星期日|08:00-09:30/早读|读书|序|0"_qs);
+  EXPECT_EQ(row(1), u"2007-03-05/星期一|20:00-21:00/晚间|读书|第一章|1"_qs);
+  EXPECT_EQ(row(2), u"2007-03-05/星期一|08:00-09:30/早读|读书|第二章|2"_qs);
+  EXPECT_EQ(row(3), u"||||"_qs);
+}
+
+TEST_F(PlanListing, KeepsEntriesWhoseBlockIsGoneAndNamesEachOfThem) {
+  builder_.plan(kMonday, u"009"_qs, u"读书"_qs).plan(kMonday.addDays(1), u"009"_qs, u"读书"_qs);
+  EXPECT_EQ(list(u"读书"_qs), (QStringList{u"009"_qs, u"009"_qs}));
+  EXPECT_EQ(row(0), u"2007-03-05/星期一||读书|要求|1"_qs);
+  EXPECT_EQ(sheet_.CellTag(kPlanTime, 0), u"009"_qs);
 }
 
 }  // namespace vellora

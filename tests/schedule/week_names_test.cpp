@@ -1,7 +1,7 @@
 #include "schedule/week_names.h"
 
+#include "schedule_fixture.h"
 #include "sheet_texts.h"
-#include "support/schedule_builder.h"
 #include "support/text_output.h"
 
 #include <gtest/gtest.h>
@@ -13,7 +13,7 @@ using test::filledRows;
 using test::rowText;
 using test::typeRow;
 
-const QDate kMonday(2007, 3, 5);
+using test::kMonday;
 
 class WeekNamesTest : public testing::Test {
  protected:

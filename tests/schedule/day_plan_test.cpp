@@ -1,13 +1,13 @@
 #include "schedule/day_plan.h"
 
-#include "planning_fixture.h"
+#include "schedule_fixture.h"
 #include "support/store_fault.h"
 
 namespace vellora {
 
 using test::kMonday;
 
-class DayPlan : public test::PlanningTest {
+class DayPlan : public test::ScheduleTest {
  protected:
   // Row 0 is block 002, row 1 block 001.
   void open(QDate date) {
@@ -48,22 +48,6 @@ TEST_F(DayPlan, ShowsEachBlockByStartWithItsFirstEntry) {
   EXPECT_EQ(row(1), u"20:00-21:00/晚间|||"_qs);
 }
 
-TEST_F(DayPlan, OffersOnlyOpenItemsByNumber) {
-  builder_.item(u"002"_qs, u"乙"_qs).item(u"001"_qs, u"甲"_qs).item(u"003"_qs, u"丙"_qs, {}, 1);
-  const auto items = readOpenItems(*store_);
-  ASSERT_EQ(items.size(), 2);
-  EXPECT_EQ(items[0].name, u"甲"_qs);
-  EXPECT_EQ(items[1].name, u"乙"_qs);
-}
-
-TEST_F(DayPlan, PlacingKeepsRequirementAndLevel) {
-  open(kMonday);
-  type(1, u"旧"_qs, u"第一章"_qs, u"3"_qs);
-  placeDayActivity(sheet_, 1, {u"读书"_qs, 200});
-  EXPECT_EQ(row(1), u"20:00-21:00/晚间|读书|第一章|3"_qs);
-  EXPECT_EQ(sheet_.StyleAt(kDayRequirement, 1).textColour, 200U);
-}
-
 TEST_F(DayPlan, SavingChangesAddsAndDeletesTheEntriesOfItsDate) {
   builder_.plan(kMonday, u"002"_qs, u"旧"_qs, u"旧"_qs, 9)
       .plan(kMonday, u"002"_qs, u"第二个"_qs)
@@ -93,15 +77,6 @@ TEST_F(DayPlan, ARowThatCannotBeSavedIsNamedAndTheRowsAboveStaySaved) {
             (QStringList{u"2007-03-05|001|旧|旧|9"_qs, u"2007-03-05|002|读书|第一章|1"_qs}));
 }
 
-TEST_F(DayPlan, ALockedScheduleIsLeftAsItWas) {
-  open(kMonday);
-  type(0, u"读书"_qs, u""_qs, u""_qs);
-  ScheduleStore other = builder_.store();
-  const ScheduleStore::Transaction itsSave(other);
-  EXPECT_EQ(save(), u"另一个程序正在使用日程文件，请稍后再试。"_qs);
-  EXPECT_EQ(saved(), QStringList());
-}
-
 TEST_F(DayPlan, WritesOnlyWhatChangedAndAsksBeforeItOverwritesAnother) {
   builder_.plan(kMonday, u"001"_qs, u"旧"_qs).plan(kMonday, u"002"_qs, u"旧"_qs);
   open(kMonday);
@@ -119,17 +94,19 @@ TEST_F(DayPlan, WritesOnlyWhatChangedAndAsksBeforeItOverwritesAnother) {
   EXPECT_EQ(saved(), (QStringList{other, u"2007-03-05|002|跑步||2"_qs}));
 }
 
-TEST_F(DayPlan, WithoutBlocksThereAreNoRowsAndNothingIsSaved) {
-  store_->execute(statements::deleteBlocks());
-  builder_.plan(kMonday, u"001"_qs, u"读书"_qs);
-  open(kMonday);
-  EXPECT_EQ(sheet_.Rows(), 0);
-  EXPECT_EQ(save(), QString());
-  EXPECT_EQ(saved().size(), 1);
-}
+using DaySummary = test::ScheduleTest;
 
-TEST_F(DayPlan, TheCaptionNamesTheDate) {
-  EXPECT_EQ(dayPlanCaption(kMonday), u"每日活动计划  2007年3月5日 星期一"_qs);
+TEST_F(DaySummary, NamesEveryBlockAndItsActivityWhateverActivityItIs) {
+  builder_.plan(kMonday, u"001"_qs, u"读书"_qs)
+      .plan(kMonday, u"002"_qs, u"跑步"_qs)
+      .plan(kMonday, u"00'9"_qs, u"散步"_qs)
+      .plan(kMonday.addDays(1), u"001"_qs, u"明天的"_qs);
+  const QString text = daySummary(*store_, kMonday);
+  EXPECT_TRUE(text.startsWith(u"2007-03-05 星期一\r\n\r\n")) << text.toStdString();
+  EXPECT_TRUE(text.contains(u"20:00-21:00 晚间\r\n  读书\r\n")) << text.toStdString();
+  EXPECT_TRUE(text.contains(u"08:00-09:30 早读\r\n  跑步\r\n")) << text.toStdString();
+  EXPECT_TRUE(text.contains(u"\r\n00'9\r\n  散步\r\n")) << text.toStdString();
+  EXPECT_EQ(text.count(u"\r\n"), 8);
 }
 
 }  // namespace vellora

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "saved_plans.h"
 #include "schedule/plan_rows.h"
 #include "store/statements.h"
 #include "store/store_error.h"
+#include "support/saved_plans.h"
 #include "support/schedule_builder.h"
 #include "support/text_output.h"
 
@@ -16,9 +16,9 @@ namespace vellora::test {
 inline const QDate kMonday(2007, 3, 5);
 
 // A day of two blocks, a plan grid over it, and what is saved as lines of text.
-class PlanningTest : public testing::Test {
+class ScheduleTest : public testing::Test {
  protected:
-  PlanningTest() {
+  ScheduleTest() {
     builder_.block(u"002"_qs, u"08:00:00"_qs, u"09:30:00"_qs, u"早读"_qs)
         .block(u"001"_qs, u"20:00:00"_qs, u"21:00:00"_qs, u"晚间"_qs);
     store_ = std::make_unique<ScheduleStore>(builder_.path(), std::chrono::milliseconds(0));

@@ -1,4 +1,5 @@
 #include "schedule/items.h"
+
 #include "store/statements.h"
 #include "support/schedule_builder.h"
 #include "support/store_fault.h"
@@ -69,17 +70,26 @@ TEST_F(ItemCatalogueTest, FindsWhatItStoredAndKeepsOtherItems) {
   EXPECT_EQ(catalogue.find(u"001"_qs)->name, u"晨读"_qs);
 }
 
-TEST_F(ItemCatalogueTest, KeepsListAndSheetWhenTheStoreFails) {
-  builder_.items(3);
-  ScheduleStore store = builder_.store(std::chrono::milliseconds(1));
-  ItemCatalogue catalogue(store);
-  catalogue.filter(u"所有类别"_qs, sheet_);
-  builder_.sql(u"ALTER TABLE HD RENAME TO HD0"_qs);
-  EXPECT_TRUE(test::faultOf([&] { catalogue.filter(u"3-运动"_qs, sheet_); }));
-  EXPECT_TRUE(catalogue.find(u"002"_qs));
-  EXPECT_TRUE(test::faultOf([&] { catalogue.remove(); }));
-  EXPECT_TRUE(catalogue.find(u"002"_qs)) << "still there";
-  EXPECT_EQ(codes(), (QStringList{u"001"_qs, u"002"_qs, u"003"_qs}));
+TEST(SuggestedCode, CountsUpTheLastThreeCharacters) {
+  struct Case {
+    QString code;
+    QString next;
+  };
+  const Case cases[]{
+      {u"005"_qs, u"006"_qs},       {u"HD099"_qs, u"HD100"_qs}, {u"HD012"_qs, u"HD013"_qs},
+      {u"999"_qs, u"1000"_qs},      {u"7"_qs, u"8"_qs},         {u"9"_qs, u"10"_qs},
+      {u"09"_qs, u"10"_qs},         {u"99"_qs, u"100"_qs},      {u"A05"_qs, u"001"_qs},
+      {u"ABCDEF"_qs, u"ABC001"_qs}, {u"x"_qs, u"1"_qs},         {u"读书"_qs, u"01"_qs},
+      {u"1.5"_qs, u"002"_qs},       {u"A０１"_qs, u"001"_qs},   {u"AB12x"_qs, u"AB013"_qs},
+  };
+  for (const auto& [code, next] : cases) EXPECT_EQ(suggestedCode(code), next) << code.toStdString();
+}
+
+TEST(StoredItemText, IsOneLineWithoutBlanksAround) {
+  EXPECT_EQ(storedItemText(u" 晨 读\t"_qs), u"晨 读"_qs);
+  EXPECT_EQ(storedItemText(u"晨读\n"_qs), u"晨读"_qs);
+  EXPECT_EQ(storedItemText(u"晨读\n英语\u2028单词"_qs), u"晨读 英语 单词"_qs);
+  EXPECT_EQ(storedItemText(u"　 "_qs), QString());
 }
 
 }  // namespace vellora

@@ -1,13 +1,13 @@
 #include "schedule/plan_repetition.h"
 
-#include "planning_fixture.h"
 #include "schedule/plan_saving.h"
+#include "schedule_fixture.h"
 
 namespace vellora {
 
 using test::kMonday;
 
-class PlanRepetition : public test::PlanningTest {
+class PlanRepetition : public test::ScheduleTest {
  protected:
   QString dates(int from, int count) const {
     QStringList dates;
@@ -40,15 +40,6 @@ TEST_F(PlanRepetition, CopiesFollowInOrderAndPushTheOtherRowsDown) {
   }
 }
 
-TEST_F(PlanRepetition, ACopyCarriesEveryCellButTheDate) {
-  fillRow(0, planDateCell(kMonday), u"002"_qs, u"读书"_qs, u"第一章"_qs, u"3"_qs);
-  sheet_.SetCellText(kPlanTime, 0, u"08:00-09:30\r早读"_qs);
-  repeatPlanRow(*store_, sheet_, 0, {2, 7});
-  EXPECT_EQ(row(2), u"2007-03-19/星期一|08:00-09:30/早读|读书|第一章|3"_qs);
-  EXPECT_EQ(sheet_.CellTag(kPlanTime, 2), u"002"_qs);
-  EXPECT_EQ(sheet_.StyleAt(kPlanActivity, 2).textColour, kBlack);
-}
-
 TEST_F(PlanRepetition, ATakenBlockShowsItsHolderInRedAndIsKeptBySaving) {
   builder_.plan(kMonday.addDays(1), u"002"_qs, u"跑步"_qs, u"五公里"_qs, 4)
       .plan(kMonday.addDays(2), u"002"_qs, u"读书"_qs, u"旧"_qs, 5)
@@ -74,19 +65,6 @@ TEST_F(PlanRepetition, ARowWithoutActivityOrDateIsNotRepeated) {
   for (const int source : {-1, 0, 1, 5, 500}) {
     EXPECT_EQ(repeatPlanRow(*store_, sheet_, source, {3, 1}), std::nullopt);
   }
-  EXPECT_EQ(sheet_.Rows(), kSparePlanRows);
-}
-
-TEST_F(PlanRepetition, CopiesOfTheLastRowStillHaveASpareRowBelow) {
-  fillRow(kSparePlanRows - 1, u"2007-03-05"_qs, u"002"_qs, u"读书"_qs);
-  EXPECT_EQ(repeatPlanRow(*store_, sheet_, kSparePlanRows - 1, {2, 1}), kSparePlanRows + 2);
-  EXPECT_EQ(sheet_.Rows(), kSparePlanRows + 3);
-}
-
-TEST_F(PlanRepetition, AFailureLeavesTheGridAsItWas) {
-  fillRow(0, u"2007-03-05"_qs, u"002"_qs, u"读书"_qs);
-  builder_.sql(u"DROP TABLE JH"_qs);
-  EXPECT_THROW(repeatPlanRow(*store_, sheet_, 0, {3, 1}), StoreError);
   EXPECT_EQ(sheet_.Rows(), kSparePlanRows);
 }
 
