@@ -3,7 +3,7 @@
 // of the old ones by a prepared statement in one transaction. Both leave the file synced. The peak
 // memory is that of a process which does nothing else, and does it twice as a user may.
 
-#include "backup/table_backup.h"
+#include "schedule/backup.h"
 #include "support/raw_database.h"
 #include "support/schedule_builder.h"
 #include "support/side_by_side.h"

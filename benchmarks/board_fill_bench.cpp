@@ -1,7 +1,7 @@
 // A whole fill of the board's sheet, look-ups, texts, tags, colours and alignment, beside the same
 // look-ups alone, prepared, on the engine's own interface in one read transaction.
 
-#include "board/board_filler.h"
+#include "schedule/week.h"
 #include "support/raw_board.h"
 #include "support/schedule_builder.h"
 #include "support/side_by_side.h"

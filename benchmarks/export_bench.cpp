@@ -6,6 +6,7 @@
 #include "grid/files/html_writer.h"
 #include "support/side_by_side.h"
 
+#include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QProcess>
@@ -116,7 +117,8 @@ class ExportBench {
 }  // namespace
 }  // namespace vellora::bench
 
-int main() {
+int main(int argc, char** argv) {
+  const QCoreApplication application(argc, argv);  // exports ask for its folder
   try {
     vellora::bench::ExportBench().run();
   } catch (const std::exception& error) {

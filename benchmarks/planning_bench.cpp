@@ -1,11 +1,10 @@
 // Listing, repeating and saving a plan of many entries beside the same rows on the engine's own
 // interface, prepared and in one transaction.
 
-#include "planning/plan_listing.h"
-#include "planning/plan_repetition.h"
-#include "planning/plan_rows.h"
-#include "planning/plan_saving.h"
 #include "routine/calendar_text.h"
+#include "schedule/plan_repetition.h"
+#include "schedule/plan_rows.h"
+#include "schedule/plan_saving.h"
 #include "support/raw_database.h"
 #include "support/schedule_builder.h"
 #include "support/side_by_side.h"

@@ -9,9 +9,8 @@ font_packages=(fonts-noto-cjk fonts-arphic-gkai00mp)
 check_packages=(clang-format clang-tidy)
 test_packages=(
   libgtest-dev appstream desktop-file-utils poppler-utils tidy python3-xlrd
-  libspreadsheet-parseexcel-perl
 )
-long_packages=(clang libclang-rt-dev libreoffice-calc-nogui chromium)
+long_packages=(clang libclang-rt-dev libreoffice-calc-nogui)
 bench_packages=(libgtest-dev libbenchmark-dev python3-xlwt python3-uno libreoffice-calc-nogui)
 portable_packages=(fonts-wqy-microhei fcitx5-frontend-qt6)
 picture_packages=(xvfb xdotool imagemagick)

@@ -1,7 +1,7 @@
 #include "backup/backup_path.h"
 
-#include "backup/backup_error.h"
 #include "routine/calendar_text.h"
+#include "schedule/backup_records.h"
 #include "shell/drives.h"
 
 #include <QDir>

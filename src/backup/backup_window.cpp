@@ -1,11 +1,11 @@
 #include "backup/backup_window.h"
 
-#include "backup/backup_error.h"
 #include "backup/backup_path.h"
 #include "backup/folder_list.h"
-#include "backup/table_backup.h"
 #include "grid/files/file_error.h"
 #include "grid/surface/grid_surface.h"
+#include "schedule/backup.h"
+#include "schedule/backup_records.h"
 #include "shell/work_dialog.h"
 #include "store/store_error.h"
 

@@ -1,10 +1,10 @@
 #include "board/week_board.h"
 
-#include "board/board_filler.h"
 #include "grid/files/workbook_file.h"
 #include "grid/print/drawn_style.h"
 #include "grid/surface/grid_surface.h"
 #include "routine/calendar_text.h"
+#include "schedule/week.h"
 #include "shell/date_stepper.h"
 #include "shell/elided_label.h"
 #include "store/statements.h"

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "editors/item_catalogue.h"
 #include "editors/item_states.h"
+#include "schedule/items.h"
 #include "shell/edited_window.h"
 
 class QBoxLayout;

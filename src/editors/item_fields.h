@@ -1,6 +1,6 @@
 #pragma once
 
-#include "editors/item_rules.h"
+#include "schedule/items.h"
 
 #include <QWidget>
 

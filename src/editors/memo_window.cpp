@@ -1,7 +1,7 @@
 #include "editors/memo_window.h"
 
-#include "editors/daily_memo.h"
 #include "grid/surface/plain_text_box.h"
+#include "schedule/memos.h"
 #include "shell/date_stepper.h"
 #include "store/store_error.h"
 

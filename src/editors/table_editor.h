@@ -1,6 +1,6 @@
 #pragma once
 
-#include "editors/whole_table.h"
+#include "schedule/whole_table.h"
 #include "shell/edited_window.h"
 
 #include <functional>

@@ -1,6 +1,6 @@
 #include "editors/time_block_editor.h"
 
-#include "editors/time_blocks.h"
+#include "schedule/time_blocks.h"
 
 #include <QHBoxLayout>
 #include <QLabel>

@@ -1,8 +1,8 @@
 #include "editors/week_name_editor.h"
 
 #include "editors/week_bar.h"
-#include "editors/week_names.h"
 #include "grid/surface/grid_surface.h"
+#include "schedule/week_names.h"
 
 namespace vellora {
 namespace {

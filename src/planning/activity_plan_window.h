@@ -2,8 +2,8 @@
 
 #include "grid/surface/cell_entry.h"
 #include "planning/activity_plan_controls.h"
-#include "planning/plan_saving.h"
-#include "planning/time_block_list.h"
+#include "schedule/plan_saving.h"
+#include "schedule/time_blocks.h"
 #include "shell/edited_window.h"
 
 #include <functional>

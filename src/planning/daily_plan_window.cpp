@@ -1,10 +1,10 @@
 #include "planning/daily_plan_window.h"
 
 #include "grid/surface/grid_surface.h"
-#include "planning/day_plan.h"
 #include "planning/plan_controls.h"
 #include "planning/undo_step.h"
 #include "routine/calendar_text.h"
+#include "schedule/day_plan.h"
 #include "shell/date_stepper.h"
 
 #include <QHBoxLayout>

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "grid/sheet/sheet.h"
-#include "planning/open_items.h"
-#include "planning/saved_entries.h"
+#include "schedule/items.h"
+#include "schedule/plan_entries.h"
 #include "shell/edited_window.h"
 
 #include <QDate>

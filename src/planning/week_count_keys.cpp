@@ -1,6 +1,6 @@
 #include "planning/week_count_keys.h"
 
-#include "planning/plan_repetition.h"
+#include "schedule/plan_repetition.h"
 
 #include <QKeyEvent>
 #include <QLineEdit>

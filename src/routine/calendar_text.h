@@ -6,6 +6,9 @@
 
 namespace vellora {
 
+// Of the calendar that the planner knows.
+inline const QDate kLastDay(9999, 12, 31);
+
 // Separates the lines of one cell's text.
 inline constexpr QChar kLineBreak{u'\r'};
 

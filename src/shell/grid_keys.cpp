@@ -1,6 +1,6 @@
 #include "shell/grid_keys.h"
 
-#include "grid/files/file_name.h"
+#include "grid/files/export_file.h"
 #include "grid/surface/grid_surface.h"
 #include "shell/drives.h"
 #include "shell/status_line.h"

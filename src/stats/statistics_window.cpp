@@ -2,9 +2,9 @@
 
 #include "grid/surface/grid_surface.h"
 #include "routine/category.h"
+#include "schedule/time_use.h"
 #include "shell/date_picker.h"
 #include "shell/work_dialog.h"
-#include "stats/time_use.h"
 #include "store/store_error.h"
 
 #include <QGridLayout>

@@ -1,7 +1,7 @@
 #include "store/cell.h"
 
 #include "routine/number_text.h"
-#include "routine/utf8_text.h"
+#include "routine/text.h"
 #include "store/moment.h"
 
 #include <QDateTime>

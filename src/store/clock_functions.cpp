@@ -1,6 +1,6 @@
 #include "store/clock_functions.h"
 
-#include "routine/utf8_text.h"
+#include "routine/text.h"
 #include "store/engine_error.h"
 #include "store/moment.h"
 

@@ -1,6 +1,7 @@
 #include "store/column.h"
 
 #include "routine/number_text.h"
+#include "routine/text.h"
 #include "store/moment.h"
 #include "store/store_error.h"
 
@@ -27,16 +28,6 @@ constexpr std::array kDeclaredKinds{
 
 StoreError refusal(StoreFault fault, const Column& column, const QString& reason) {
   return {fault, u"“%1”%2。"_qs.arg(column.shownName, reason)};
-}
-
-// As much of a refused text or number as a message has room for.
-QString shortened(const QString& text) {
-  constexpr qsizetype kShown = 30;
-  return text.size() > kShown ? QString(text.first(kShown) + u'…') : text;
-}
-
-QString quoted(const QString& text) {
-  return u'“' + shortened(text) + u'”';
 }
 
 OwnedCell integerCell(qint64 number) {

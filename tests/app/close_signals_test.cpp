@@ -10,7 +10,7 @@
 namespace vellora {
 namespace {
 
-// Refuses the first close, and is told of another signal while it asks.
+// Refuses the first close, and hears of another signal while it asks.
 class AskingWindow : public QWidget {
  public:
   int asked = 0;
@@ -18,7 +18,7 @@ class AskingWindow : public QWidget {
  protected:
   void closeEvent(QCloseEvent* event) override {
     if (++asked > 1) return;
-    EXPECT_EQ(std::raise(SIGTERM), 0);
+    std::raise(SIGTERM);
     QTest::qWait(50);
     event->ignore();
   }
@@ -30,14 +30,12 @@ TEST(CloseSignals, CloseTheWindowsWhichMayRefuse) {
   const CloseSignals closeSignals;
   AskingWindow window;
   window.show();
-  EXPECT_EQ(std::raise(SIGXFSZ), 0);
-  EXPECT_EQ(std::raise(SIGPIPE), 0);
-  EXPECT_EQ(std::raise(SIGHUP), 0);
-  EXPECT_TRUE(QTest::qWaitFor([&] { return window.asked == 1; }));
-  EXPECT_TRUE(window.isVisible());
+  for (const int signal : {SIGXFSZ, SIGPIPE, SIGHUP}) std::raise(signal);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return window.asked > 0; }));
   QTest::qWait(50);
+  EXPECT_TRUE(window.isVisible());
   EXPECT_EQ(window.asked, 1) << "once for all signals that came while it asked";
-  EXPECT_EQ(std::raise(SIGTERM), 0);
+  std::raise(SIGTERM);
   EXPECT_TRUE(QTest::qWaitFor([&] { return !window.isVisible(); }));
 }
 

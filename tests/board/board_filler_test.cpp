@@ -1,5 +1,4 @@
-#include "board/board_filler.h"
-
+#include "schedule/week.h"
 #include "support/schedule_builder.h"
 #include "support/text_output.h"
 

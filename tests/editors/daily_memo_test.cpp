@@ -1,5 +1,4 @@
-#include "editors/daily_memo.h"
-
+#include "schedule/memos.h"
 #include "store/statements.h"
 #include "support/schedule_builder.h"
 #include "support/text_output.h"

@@ -1,5 +1,4 @@
-#include "editors/item_catalogue.h"
-
+#include "schedule/items.h"
 #include "store/statements.h"
 #include "support/schedule_builder.h"
 #include "support/store_fault.h"

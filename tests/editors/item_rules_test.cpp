@@ -1,5 +1,4 @@
-#include "editors/item_rules.h"
-
+#include "schedule/items.h"
 #include "support/text_output.h"
 
 #include <gtest/gtest.h>

@@ -1,7 +1,7 @@
 #include "editors/memo_window.h"
 
 #include "editor_fixture.h"
-#include "editors/daily_memo.h"
+#include "schedule/memos.h"
 
 #include <QPlainTextEdit>
 

@@ -1,4 +1,4 @@
-#include "editors/time_blocks.h"
+#include "schedule/time_blocks.h"
 
 #include "sheet_texts.h"
 #include "support/schedule_builder.h"

@@ -1,4 +1,4 @@
-#include "editors/week_names.h"
+#include "schedule/week_names.h"
 
 #include "sheet_texts.h"
 #include "support/schedule_builder.h"

@@ -1,7 +1,7 @@
 #include "faults/child.h"
 
-#include "backup/backup_error.h"
 #include "grid/files/file_error.h"
+#include "schedule/backup_records.h"
 #include "store/store_error.h"
 
 #include <cstdio>

@@ -8,18 +8,13 @@ trap 'rm -rf "$scratch"' EXIT
 folder="$scratch/my \$5 or 5% planner"  # blanks, and what shells and entries take as their own
 
 fail() { echo "FAILED: $*" >&2; exit 1; }
-
 install_program() { cmake "$@" -DCMAKE_INSTALL_PREFIX="$folder" -P "$build/cmake_install.cmake" >/dev/null; }
-
-sums() { (cd "$folder" && sha256sum "$@"); }
 
 lays_a_whole_program_folder() {
   install_program
-  for file in vellora KTZ0.SKN KTZ1.SKN KTZ2.SKN SY.mdb add_to_menu.sh \
-      share/icons/hicolor/{16x16,512x512}/apps/vellora.png; do
+  for file in KTZ0.SKN KTZ1.SKN KTZ2.SKN SY.mdb share/icons/hicolor/{16x16,512x512}/apps/vellora.png; do
     [[ -s $folder/$file ]] || fail "$file is missing"
   done
-  [[ -x $folder/vellora ]] || fail "vellora is not executable"
 }
 
 is_hardened_against_broken_files() {
@@ -34,9 +29,9 @@ is_hardened_against_broken_files() {
 }
 
 joins_the_desktops_menu() {
-  local data="$scratch/data" entry
+  local data="$scratch/data"
+  local entry="$data/applications/org.vellora.Vellora.desktop"
   XDG_DATA_HOME="$data" "$folder/add_to_menu.sh"
-  entry="$data/applications/org.vellora.Vellora.desktop"
   grep -qF "Exec=\"$scratch/my \\\\\$5 or 5%% planner/vellora\"" "$entry" ||
     fail "the desktop entry does not start $folder/vellora: $(grep Exec "$entry")"
   [[ -s $data/icons/hicolor/scalable/apps/vellora.svg ]] || fail "the icon is missing"
@@ -44,55 +39,37 @@ joins_the_desktops_menu() {
   appstreamcli validate --no-net "$folder/share/metainfo/"*.xml
 }
 
-never_touches_what_is_the_users() {
-  local mine=(SY.mdb KTZ0.SKN own.skn JH.ZRT 日程表备份.KTZ)
-  for file in "${mine[@]}"; do echo "mine" >"$folder/$file"; done
-  sums "${mine[@]}" >"$scratch/before"
+renews_only_the_program() {
+  local file mine=(SY.mdb KTZ0.SKN own.skn JH.ZRT 日程表备份.KTZ)
+  for file in "${mine[@]}" vellora; do echo mine >"$folder/$file"; done
   install_program
   install_program -DVELLORA_SCHEDULE=demo
-  diff "$scratch/before" <(sums "${mine[@]}") || fail "an installation changed the user's files"
-}
-
-renews_the_program_itself() {
-  echo old >"$folder/vellora"
-  install_program
-  [[ $(head -c 4 "$folder/vellora") == $'\x7fELF' ]] || fail "the old program is still there"
+  for file in "${mine[@]}"; do [[ $(<"$folder/$file") == mine ]] || fail "$file was changed"; done
+  [[ -x $folder/vellora && $(head -c 4 "$folder/vellora") == $'\x7fELF' ]] || fail "the old program is still there"
 }
 
 mends_a_broken_off_installation() {
   rm "$folder/SY.mdb"
   echo half >"$folder/SY.mdb.new"
   install_program
-  [[ $(head -c 6 "$folder/SY.mdb") == SQLite ]] || fail "no schedule was laid"
-  [[ ! -e $folder/SY.mdb.new ]] || fail "the half schedule is still there"
+  [[ $(head -c 6 "$folder/SY.mdb") == SQLite && ! -e $folder/SY.mdb.new ]] || fail "no whole schedule was laid"
 }
 
-makes_no_schedule_over_another() {
+makes_no_schedule_that_makes_no_sense() {
+  local words wanted status
   echo mine >"$scratch/SY.mdb"
-  for kind in "starter" "demo"; do
-    ! "$make_schedule" "$kind" "$scratch/SY.mdb" 2>"$scratch/said" || fail "$kind did not refuse"
-    [[ -s $scratch/said ]] || fail "$kind did not say why"
-  done
-  ! "$make_schedule" starter "$scratch/none/SY.mdb" 2>/dev/null || fail "wrote into no folder"
-  [[ $(<"$scratch/SY.mdb") == mine ]] || fail "a schedule was overwritten"
-}
-
-refuses_senseless_words() {
-  local words status
-  for words in "" "starter" "years f 0 50" "years f 1 x" "other f"; do
+  while read -r wanted words; do
     status=0
     # shellcheck disable=SC2086  # the words of one call
-    (cd "$scratch" && "$make_schedule" $words 2>/dev/null) || status=$?
-    [[ $status == 2 ]] || fail "make_schedule $words ended with $status"
-  done
-  [[ ! -e $scratch/f ]] || fail "senseless words made a file"
+    (cd "$scratch" && "$make_schedule" $words 2>said) || status=$?
+    [[ $status == "$wanted" && -s $scratch/said ]] || fail "make_schedule $words ended with $status"
+  done <<<$'1 starter SY.mdb\n1 demo SY.mdb\n1 starter none/SY.mdb\n2\n2 starter\n2 years f 0 50\n2 years f 1 x\n2 other f'
+  [[ $(<"$scratch/SY.mdb") == mine && ! -e $scratch/f ]] || fail "a schedule was made"
 }
 
 lays_a_whole_program_folder
 is_hardened_against_broken_files
 joins_the_desktops_menu
-never_touches_what_is_the_users
-renews_the_program_itself
+renews_only_the_program
 mends_a_broken_off_installation
-makes_no_schedule_over_another
-refuses_senseless_words
+makes_no_schedule_that_makes_no_sense

@@ -1,6 +1,6 @@
 #include "planning/activity_plan_window.h"
 
-#include "planning/plan_rows.h"
+#include "schedule/plan_rows.h"
 #include "window_fixture.h"
 
 #include <QClipboard>

@@ -1,4 +1,4 @@
-#include "planning/day_plan.h"
+#include "schedule/day_plan.h"
 
 #include "planning_fixture.h"
 #include "support/store_fault.h"

@@ -1,6 +1,5 @@
-#include "planning/day_summary.h"
-
 #include "planning_fixture.h"
+#include "schedule/day_plan.h"
 
 namespace vellora {
 

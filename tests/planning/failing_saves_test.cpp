@@ -1,7 +1,7 @@
 #include "planning/activity_plan_window.h"
 #include "planning/daily_plan_window.h"
-#include "planning/day_plan.h"
-#include "planning/plan_rows.h"
+#include "schedule/day_plan.h"
+#include "schedule/plan_rows.h"
 #include "window_fixture.h"
 
 #include <sqlite3.h>

@@ -1,7 +1,6 @@
-#include "planning/plan_changes.h"
-
-#include "planning/plan_listing.h"
 #include "planning_fixture.h"
+#include "schedule/plan_rows.h"
+#include "schedule/plan_saving.h"
 
 namespace vellora {
 

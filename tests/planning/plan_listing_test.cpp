@@ -1,6 +1,5 @@
-#include "planning/plan_listing.h"
-
 #include "planning_fixture.h"
+#include "schedule/plan_rows.h"
 
 namespace vellora {
 

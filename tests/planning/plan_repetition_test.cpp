@@ -1,7 +1,7 @@
-#include "planning/plan_repetition.h"
+#include "schedule/plan_repetition.h"
 
-#include "planning/plan_saving.h"
 #include "planning_fixture.h"
+#include "schedule/plan_saving.h"
 
 namespace vellora {
 

@@ -1,7 +1,7 @@
-#include "planning/plan_saving.h"
+#include "schedule/plan_saving.h"
 
-#include "planning/plan_listing.h"
 #include "planning_fixture.h"
+#include "schedule/plan_rows.h"
 
 #include <csignal>
 #include <sys/wait.h>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "planning/plan_rows.h"
 #include "saved_plans.h"
+#include "schedule/plan_rows.h"
 #include "store/statements.h"
 #include "store/store_error.h"
 #include "support/schedule_builder.h"

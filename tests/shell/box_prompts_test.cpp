@@ -2,9 +2,9 @@
 
 #include "support/text_output.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QMessageBox>
-#include <QPushButton>
 #include <QTest>
 #include <QTimer>
 
@@ -14,64 +14,48 @@
 namespace vellora {
 namespace {
 
-// Runs `act` on the box that the next prompt opens.
-void onNextBox(const std::function<void(QMessageBox&)>& act) {
-  QTimer::singleShot(0, qApp, [act] {
+// Looks at the box that the prompt opens and presses Enter, Escape or the button of that caption.
+template <typename Prompt>
+auto answered(const QString& hand, Prompt prompt, std::function<void(QMessageBox&)> look = {}) {
+  QTimer::singleShot(0, qApp, [=] {
     auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
     ASSERT_NE(box, nullptr);
-    act(*box);
+    if (look) look(*box);
+    for (auto* button : box->buttons()) {
+      if (button->text() == hand) return button->click();
+    }
+    QTest::keyClick(box, hand == u"Enter" ? Qt::Key_Return : Qt::Key_Escape);
   });
-}
-
-void press(QMessageBox& box, const QString& caption) {
-  for (auto* button : box.buttons()) {
-    if (button->text() == caption) return button->click();
-  }
-  ADD_FAILURE() << "no button " << caption.toStdString();
+  return prompt();
 }
 
 }  // namespace
 
-TEST(BoxPrompts, WarnsWithItsTitleIconAndPlainText) {
-  onNextBox([](QMessageBox& box) {
-    EXPECT_EQ(box.windowTitle(), u"Vellora日程表"_qs);
-    EXPECT_EQ(box.icon(), QMessageBox::Warning);
-    EXPECT_EQ(box.text(), u"<b>保存完毕!</b>"_qs);
-    EXPECT_EQ(box.textFormat(), Qt::PlainText);
-    press(box, u"确定"_qs);
-  });
-  BoxPrompts().warn(nullptr, u"<b>保存完毕!</b>"_qs);
-}
-
-TEST(BoxPrompts, InformsWithoutAnIcon) {
-  onNextBox([](QMessageBox& box) {
-    EXPECT_EQ(box.icon(), QMessageBox::NoIcon);
-    press(box, u"确定"_qs);
-  });
-  BoxPrompts().inform(nullptr, u"已保存！"_qs);
-}
-
-TEST(BoxPrompts, GivesTheChosenAnswerAndTheLastWhenClosed) {
-  const auto chosen = [] {
+TEST(BoxPrompts, GivesTheAnswerThatIsPressedAndTheHarmlessOneOtherwise) {
+  const auto yes = [] { return BoxPrompts().ask(nullptr, u"真的?"_qs); };
+  const auto choice = [] {
     return BoxPrompts().choose(nullptr, u"保存吗?"_qs, {u"保存"_qs, u"不保存"_qs, u"取消"_qs}, 0);
   };
-  onNextBox([](QMessageBox& box) { press(box, u"不保存"_qs); });
-  EXPECT_EQ(chosen(), 1);
-  onNextBox([](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Return); });
-  EXPECT_EQ(chosen(), 0);
-  onNextBox([](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Escape); });
-  EXPECT_EQ(chosen(), 2);
+  EXPECT_TRUE(answered(u"是"_qs, yes));
+  for (const auto& no : {u"否"_qs, u"Enter"_qs, u"Escape"_qs}) EXPECT_FALSE(answered(no, yes));
+  const std::pair<QString, int> kChoices[]{
+      {u"保存"_qs, 0}, {u"不保存"_qs, 1}, {u"取消"_qs, 2}, {u"Enter"_qs, 0}, {u"Escape"_qs, 2}};
+  for (const auto& [hand, position] : kChoices) EXPECT_EQ(answered(hand, choice), position);
 }
 
-TEST(BoxPrompts, TakesOnlyYesForYes) {
-  onNextBox([](QMessageBox& box) { press(box, u"是"_qs); });
-  EXPECT_TRUE(BoxPrompts().ask(nullptr, u"真的?"_qs));
-  onNextBox([](QMessageBox& box) { press(box, u"否"_qs); });
-  EXPECT_FALSE(BoxPrompts().ask(nullptr, u"真的?"_qs));
-  onNextBox([](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Escape); });
-  EXPECT_FALSE(BoxPrompts().ask(nullptr, u"真的?"_qs));
-  onNextBox([](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Return); });
-  EXPECT_FALSE(BoxPrompts().ask(nullptr, u"真的?"_qs));
+TEST(BoxPrompts, ShowsTextsAsTheyStandAndOnlyWarningsWithAnIcon) {
+  const QString text = u"<b>保存完毕!</b>"_qs;
+  const auto looksLike = [&](QMessageBox::Icon icon) {
+    return [=](QMessageBox& box) {
+      EXPECT_EQ(box.windowTitle() + box.text(), u"Vellora日程表"_qs + text);
+      EXPECT_EQ(box.textFormat(), Qt::PlainText);
+      EXPECT_EQ(box.icon(), icon);
+    };
+  };
+  answered(
+      u"确定"_qs, [&] { BoxPrompts().warn(nullptr, text); }, looksLike(QMessageBox::Warning));
+  answered(
+      u"确定"_qs, [&] { BoxPrompts().inform(nullptr, text); }, looksLike(QMessageBox::NoIcon));
 }
 
 }  // namespace vellora

@@ -1,18 +1,19 @@
 #include "shell/date_picker.h"
 
+#include "routine/calendar_text.h"
 #include "shell/calendar_popup.h"
+#include "shell/date_stepper.h"
 #include "support/fixed_clock.h"
 #include "support/text_output.h"
 
 #include <QApplication>
 #include <QCalendarWidget>
 #include <QClipboard>
-#include <QLineEdit>
+#include <QLabel>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTest>
 #include <QTextCharFormat>
-#include <QVBoxLayout>
 #include <QWheelEvent>
 
 #include <gtest/gtest.h>
@@ -22,16 +23,13 @@ namespace {
 
 const QDate kMonday(2007, 3, 5);
 
-// A picker and another field in a window in front.
+// A picker among the buttons of its stepper, in a window in front.
 class DatePickerTest : public testing::Test {
  protected:
   DatePickerTest() {
-    auto* column = new QVBoxLayout(&window_);
-    column->addWidget(&picker_);
-    column->addWidget(&other_);
     picker_.setDate(kMonday);
-    window_.show();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(&window_));
+    stepper_->show();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(stepper_.get()));
     picker_.setFocus();
     changes_.clear();
   }
@@ -41,133 +39,134 @@ class DatePickerTest : public testing::Test {
   void typeOver(const QString& text) {
     picker_.selectAll();
     QApplication::clipboard()->setText(text);
-    QTest::keyClick(&picker_, Qt::Key_V, Qt::ControlModifier);
+    key(Qt::Key_V, Qt::ControlModifier);
+  }
+  QPushButton& button(const char16_t* name) {
+    return *stepper_->findChild<QPushButton*>(QString::fromUtf16(name));
   }
 
   test::FixedClock clock_{QDate(2007, 3, 7)};
-  QWidget window_;
-  DatePicker picker_{u"D1"_qs, u"日期"_qs, clock_, &window_};
-  QLineEdit other_{&window_};
-  QSignalSpy changes_{&picker_, &DatePicker::dateChanged};
+  std::unique_ptr<DateStepper> stepper_{
+      makeArrowStepper({u"D1"_qs, u"Lxq"_qs, u"日期"_qs}, clock_, nullptr)};
+  DatePicker& picker_ = *stepper_->findChild<DatePicker*>(u"D1"_qs);
+  QSignalSpy changes_{stepper_.get(), &DateStepper::dateChanged};
 };
 
 }  // namespace
 
-TEST_F(DatePickerTest, TakesADateAsPeopleWriteItOnceItIsEnteredOrLeft) {
-  const std::pair<const char16_t*, QDate> kDates[]{
-      {u"2027-06-07", {2027, 6, 7}},   {u"2031/5/6", {2031, 5, 6}},
-      {u"2027年6月7日", {2027, 6, 7}}, {u" ２０２９－１２－３１ ", {2029, 12, 31}},
-      {u"9999-12-24", {9999, 12, 24}}, {u"1752-9-14", {1752, 9, 14}},
+TEST_F(DatePickerTest, MovesToADateThatIsEnteredOrLeftAndMarksWhatIsNone) {
+  const std::pair<QString, QDate> kTexts[]{
+      {u"2027年6月7日"_qs, {2027, 6, 7}},
+      {u" ２０２９－１２－３１ "_qs, {2029, 12, 31}},
+      {u"9999-12-24"_qs, {9999, 12, 24}},
+      {u"1752-9-14"_qs, {1752, 9, 14}},
+      {u"9999-12-25"_qs, {}},
+      {u"1752-09-13"_qs, {}},
+      {u"2027-13-01"_qs, {}},
+      {u""_qs, {}},
   };
-  for (const auto& [text, date] : kDates) {
-    const QDate before = picker_.date();
-    changes_.clear();
-    typeOver(QString::fromUtf16(text));
-    EXPECT_EQ(picker_.date(), before);
-    date.day() == 7 ? key(Qt::Key_Return) : key(Qt::Key_Tab);
+  for (const auto& [text, date] : kTexts) {
+    for (const auto end : {Qt::Key_Return, Qt::Key_Tab}) {
+      SCOPED_TRACE(text.toStdString());
+      picker_.setDate(kMonday);
+      changes_.clear();
+      typeOver(text);
+      EXPECT_EQ(picker_.date(), kMonday);
+      key(end);
+      EXPECT_EQ(picker_.date(), date.isValid() ? date : kMonday);
+      EXPECT_EQ(picker_.text(), date.isValid() ? isoDate(date) : text);
+      EXPECT_EQ(picker_.accessibleDescription().isEmpty(), date.isValid());
+      EXPECT_EQ(changes_.count(), date.isValid() ? 1 : 0);
+      picker_.setFocus();
+      key(Qt::Key_Escape);
+      EXPECT_EQ(picker_.text(), isoDate(picker_.date()));
+      EXPECT_TRUE(picker_.accessibleDescription().isEmpty());
+    }
+  }
+}
+
+TEST_F(DatePickerTest, IsSteppedAndTypedIntoByKeys) {
+  const struct {
+    const char* typed;
+    std::vector<QKeyCombination> keys;
+    QDate date;
+  } kSteps[]{{"", {Qt::Key_Up}, {2007, 3, 6}},
+             {"", {Qt::SHIFT | Qt::Key_Down}, {2007, 2, 27}},
+             {"2007-1-31", {Qt::Key_PageUp}, {2007, 2, 28}},
+             {"2027-06-07", {Qt::CTRL | Qt::Key_T}, {2007, 3, 7}},
+             {"", {Qt::Key_Return, Qt::Key_Delete}, {2007, 3, 7}},
+             {"2028-1-2", {Qt::Key_Return, Qt::Key_Home, Qt::CTRL | Qt::Key_Right}, {2028, 1, 2}},
+             {"11", {Qt::CTRL | Qt::Key_Left, Qt::CTRL | Qt::Key_Left}, {2028, 1, 2}},
+             {"2030", {Qt::Key_Return}, {2030, 11, 2}}};
+  for (const auto& [typed, keys, date] : kSteps) {
+    QTest::keyClicks(&picker_, QString::fromUtf8(typed));
+    for (const QKeyCombination pressed : keys) key(pressed.key(), pressed.keyboardModifiers());
     EXPECT_EQ(picker_.date(), date);
-    EXPECT_EQ(picker_.text(), date.toString(Qt::ISODate));
-    EXPECT_EQ(changes_.count(), 1);
-    picker_.setFocus();
   }
 }
 
-TEST_F(DatePickerTest, TakesKeysOverASelectionIntoAnEmptyFieldAndIntoOneNumber) {
-  picker_.selectAll();
-  QTest::keyClicks(&picker_, u"2027-06-07"_qs);
-  key(Qt::Key_Return);
-  EXPECT_EQ(picker_.date(), QDate(2027, 6, 7));
-  key(Qt::Key_Delete);
-  QTest::keyClicks(&picker_, u"2028-1-2"_qs);
-  key(Qt::Key_Return);
-  EXPECT_EQ(picker_.date(), QDate(2028, 1, 2));
-  key(Qt::Key_Home);
-  key(Qt::Key_Right, Qt::ControlModifier);
-  QTest::keyClicks(&picker_, u"11"_qs);
-  key(Qt::Key_Left, Qt::ControlModifier);
-  key(Qt::Key_Left, Qt::ControlModifier);
-  QTest::keyClicks(&picker_, u"2030"_qs);
-  key(Qt::Key_Return);
-  EXPECT_EQ(picker_.date(), QDate(2030, 11, 2));
-}
-
-TEST_F(DatePickerTest, MarksWhatIsNoDateAndTakesItBackOnEscape) {
-  for (const auto& text : {u"2027-13-01"_qs, u"2027-06"_qs, QString(), u"1752-09-13"_qs}) {
-    typeOver(text);
-    key(Qt::Key_Tab);
-    EXPECT_EQ(picker_.date(), kMonday);
-    EXPECT_EQ(picker_.text(), text);
-    EXPECT_FALSE(picker_.accessibleDescription().isEmpty()) << text.toStdString();
-    EXPECT_TRUE(picker_.toolTip().startsWith(picker_.accessibleDescription()));
-    picker_.setFocus();
-    key(Qt::Key_Escape);
-    EXPECT_EQ(picker_.text(), u"2007-03-05"_qs);
-    EXPECT_TRUE(picker_.accessibleDescription().isEmpty());
+TEST_F(DatePickerTest, IsSteppedByButtonsFromWhatIsTypedAndNoFurtherThanTheCalendar) {
+  const struct {
+    const char16_t* typed;
+    const char16_t* button;
+    QDate date;
+    const char16_t* weekday;
+  } kSteps[]{{u"2008-3-1", u"Cm1", {2008, 2, 23}, u"星期六"},
+             {u"2007-5-1", u"Cm2", {2007, 4, 30}, u"星期一"},
+             {u"2007-12-31", u"Cm3", {2008, 1, 1}, u"星期二"},
+             {u"2007-2-25", u"Cm4", {2007, 3, 4}, u"星期日"},
+             {u"1752-9-16", u"Cm1", {1752, 9, 14}, u"星期四"},
+             {u"9999-12-20", u"Cm4", {9999, 12, 24}, u"星期五"}};
+  for (const auto& [typed, step, date, weekday] : kSteps) {
+    typeOver(QString::fromUtf16(typed));
+    changes_.clear();
+    button(step).click();
+    EXPECT_EQ(stepper_->date(), date);
+    EXPECT_EQ(stepper_->findChild<QLabel*>(u"Lxq"_qs)->text(), QString::fromUtf16(weekday));
+    EXPECT_EQ(changes_.count(), 2) << "the typed date and the one stepped to";
+    stepper_->setDate(date);
+    EXPECT_EQ(changes_.count(), 2);
   }
-  EXPECT_EQ(changes_.count(), 0);
+  QTest::keyClick(&button(u"Cm3"), Qt::Key_T, Qt::ControlModifier);
+  EXPECT_EQ(stepper_->date(), clock_.today());
 }
 
-TEST_F(DatePickerTest, LeavesEnterAndEscapeToTheWindowUnlessSomethingIsHalfTyped) {
-  const auto isTaken = [this](Qt::Key key) {
-    QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier);
+TEST_F(DatePickerTest, LeavesToItsWindowWhatItHasNoUseFor) {
+  const auto takes = [this](QEvent&& event) {
     QApplication::sendEvent(&picker_, &event);
     return event.isAccepted();
   };
-  EXPECT_FALSE(isTaken(Qt::Key_Return));
-  EXPECT_FALSE(isTaken(Qt::Key_Escape));
-  typeOver(u"2027-"_qs);
-  EXPECT_TRUE(isTaken(Qt::Key_Return));
-  EXPECT_TRUE(isTaken(Qt::Key_Escape));
-}
-
-TEST_F(DatePickerTest, StepsByDayWeekAndMonthAndGoesToToday) {
-  key(Qt::Key_Up);
-  EXPECT_EQ(picker_.date(), kMonday.addDays(1));
-  key(Qt::Key_Down, Qt::ShiftModifier);
-  EXPECT_EQ(picker_.date(), kMonday.addDays(-6));
-  key(Qt::Key_PageUp);
-  EXPECT_EQ(picker_.date(), QDate(2007, 3, 27));
-  typeOver(u"2007-1-31"_qs);
-  key(Qt::Key_PageUp);
-  EXPECT_EQ(picker_.date(), QDate(2007, 2, 28)) << "from what was typed";
-  key(Qt::Key_T, Qt::ControlModifier);
-  EXPECT_EQ(picker_.date(), clock_.today());
-}
-
-TEST_F(DatePickerTest, TurnsWithTheWheelOnlyWhileItHasTheFocus) {
-  const auto turn = [this] {
-    QWheelEvent wheel(QPointF(5, 5), picker_.mapToGlobal(QPointF(5, 5)), {}, QPoint(0, 120),
-                      Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
-    QApplication::sendEvent(&picker_, &wheel);
+  const auto takesWheel = [&] {
+    return takes(QWheelEvent({5, 5}, {5, 5}, {}, {0, 120}, {}, {}, Qt::NoScrollPhase, false));
   };
-  other_.setFocus();
-  turn();
-  EXPECT_EQ(picker_.date(), kMonday);
-  picker_.setFocus();
-  turn();
+  for (const auto key : {Qt::Key_Return, Qt::Key_Escape}) {
+    EXPECT_FALSE(takes(QKeyEvent(QEvent::KeyPress, key, {})));
+    typeOver(u"2027-"_qs);
+    EXPECT_TRUE(takes(QKeyEvent(QEvent::KeyPress, key, {})));
+    picker_.setDate(kMonday);
+  }
+  EXPECT_TRUE(takesWheel());
+  EXPECT_EQ(picker_.date(), kMonday.addDays(1));
+  button(u"Cm3").setFocus();
+  EXPECT_FALSE(takesWheel());
   EXPECT_EQ(picker_.date(), kMonday.addDays(1));
 }
 
 TEST_F(DatePickerTest, OffersACalendarOfWeeksFromMondayThatBeginsAtTheDate) {
-  QTest::mouseClick(&picker_, Qt::LeftButton, {},
-                    picker_.rect().center() + QPoint(picker_.width() / 2 - 6, 0));
+  QTest::mouseClick(&picker_, Qt::LeftButton, {}, picker_.rect().center() * 2 - QPoint(6, 6));
   auto* popup = picker_.findChild<CalendarPopup*>();
   ASSERT_TRUE(popup && popup->isVisible());
   auto* calendar = popup->findChild<QCalendarWidget*>();
   EXPECT_EQ(calendar->selectedDate(), kMonday);
   EXPECT_EQ(calendar->firstDayOfWeek(), Qt::Monday);
-  for (const auto day : {Qt::Saturday, Qt::Sunday}) {
-    EXPECT_EQ(calendar->weekdayTextFormat(day).foreground().style(), Qt::NoBrush);
-  }
+  EXPECT_EQ(calendar->weekdayTextFormat(Qt::Sunday).foreground().style(), Qt::NoBrush);
   QTest::keyClick(calendar->focusWidget(), Qt::Key_Down);
   QTest::keyClick(calendar->focusWidget(), Qt::Key_Return);
   EXPECT_FALSE(popup->isVisible());
   EXPECT_EQ(picker_.date(), kMonday.addDays(7));
   EXPECT_EQ(changes_.count(), 1);
   key(Qt::Key_Down, Qt::AltModifier);
-  for (auto* again : picker_.findChildren<CalendarPopup*>()) {
-    if (again->isVisible()) again->findChild<QPushButton*>()->click();
-  }
+  picker_.findChildren<CalendarPopup*>().last()->findChild<QPushButton*>()->click();
   EXPECT_EQ(picker_.date(), clock_.today());
 }
 

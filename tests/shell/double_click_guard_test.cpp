@@ -10,47 +10,41 @@
 namespace vellora {
 namespace {
 
-// Two windows that are each a button, clicked as the desktop clicks.
-class DoubleClickGuardTest : public testing::Test {
- protected:
-  DoubleClickGuardTest() {
-    qApp->installEventFilter(&guard_);
-    for (auto* button : {&box_, &behind_}) {
-      button->show();
-      EXPECT_TRUE(QTest::qWaitForWindowExposed(button));
-    }
-    QObject::connect(&box_, &QPushButton::clicked, &box_, &QWidget::close);
-    QObject::connect(&behind_, &QPushButton::clicked, [this] { ++clicks_behind_; });
+// Clicks as the desktop does, so many milliseconds after the click before.
+void click(QWidget& window, int later) {
+  static int now = 0;
+  now += later;
+  const QPointF place(5, 5);
+  for (const bool down : {true, false}) {
+    qt_handleMouseEvent(window.windowHandle(), place, window.mapToGlobal(place),
+                        down ? Qt::LeftButton : Qt::NoButton, Qt::LeftButton,
+                        down ? QEvent::MouseButtonPress : QEvent::MouseButtonRelease,
+                        Qt::NoModifier, now);
+    QCoreApplication::processEvents();
   }
-  static void click(QWidget& window, int milliseconds) {
-    static int before = 0;
-    before += milliseconds;
-    const QPointF place(5, 5);
-    for (const bool down : {true, false}) {
-      qt_handleMouseEvent(window.windowHandle(), place, window.mapToGlobal(place),
-                          down ? Qt::LeftButton : Qt::NoButton, Qt::LeftButton,
-                          down ? QEvent::MouseButtonPress : QEvent::MouseButtonRelease,
-                          Qt::NoModifier, before);
-      QCoreApplication::processEvents();
-    }
-  }
-
-  DoubleClickGuard guard_;
-  QPushButton box_;
-  QPushButton behind_;
-  int clicks_behind_ = 0;
-};
+}
 
 }  // namespace
 
-TEST_F(DoubleClickGuardTest, LeavesTheSecondHalfToTheWindowOfTheFirst) {
-  click(box_, 10'000);
-  ASSERT_FALSE(box_.isVisible());
-  click(behind_, 50);
-  EXPECT_EQ(clicks_behind_, 0);
-  click(behind_, 10'000);
-  click(behind_, 50);
-  EXPECT_EQ(clicks_behind_, 2) << "a double click of its own";
+TEST(DoubleClickGuard, LeavesTheSecondHalfToTheWindowOfTheFirst) {
+  DoubleClickGuard guard;
+  qApp->installEventFilter(&guard);
+  QPushButton box;
+  QPushButton behind;
+  for (auto* button : {&box, &behind}) {
+    button->show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(button));
+  }
+  QObject::connect(&box, &QPushButton::clicked, &box, &QWidget::close);
+  int clicks = 0;
+  QObject::connect(&behind, &QPushButton::clicked, [&clicks] { ++clicks; });
+  click(box, 10'000);
+  ASSERT_FALSE(box.isVisible());
+  click(behind, 50);
+  EXPECT_EQ(clicks, 0);
+  click(behind, 10'000);
+  click(behind, 50);
+  EXPECT_EQ(clicks, 2) << "a double click of its own";
 }
 
 }  // namespace vellora

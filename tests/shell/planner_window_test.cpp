@@ -1,16 +1,18 @@
 #include "shell/planner_window.h"
 
 #include "grid/surface/grid_surface.h"
+#include "shell/work_dialog.h"
+#include "support/file_size_limit.h"
 #include "support/home_folder.h"
 #include "support/planner_test.h"
 
+#include <QApplication>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QScreen>
 #include <QTest>
 #include <QTimer>
-
-#include <gtest/gtest.h>
 
 namespace vellora {
 namespace {
@@ -29,87 +31,70 @@ class RecordingWindow : public PlannerWindow {
   bool mayClose() override { return !typed; }
 };
 
+// A window with a field, two buttons and a list of one cell.
 class PlannerWindowTest : public test::PlannerTest {
  protected:
+  PlannerWindowTest() {
+    grid_.SetCols(1);
+    grid_.SetRows(1);
+    grid_.SetCellText(0, 0, u"读书"_qs);
+    usual_.setDefault(true);
+    window_.answerGridKeys(grid_, [this] { return name_; });
+  }
+  // What the status line says of an export, from the colon on.
+  QString afterKey(Qt::Key key) {
+    QTest::keyClick(&grid_, key);
+    const auto& status = *window_.findChild<QLabel*>(u"StatusLine"_qs);
+    EXPECT_EQ(status.isVisible(), !status.text().isEmpty());
+    return status.text().section(u'：', 1);
+  }
+
+  test::HomeFolder home_;
   RecordingWindow window_{state_};
+  QLineEdit field_{&window_};
+  QPushButton usual_{&window_};
+  QPushButton other_{&window_};
+  GridSurface grid_{&window_};
+  QString name_ = u"读/写 活动计划"_qs;
 };
 
 }  // namespace
 
-TEST_F(PlannerWindowTest, LoadsThenActivatesThenUnloadsWhenItCloses) {
+TEST_F(PlannerWindowTest, LoadsThenActivatesWhateverTheFocusDoesThenUnloadsWhenItMayClose) {
+  QTimer::singleShot(0, &window_, [this] {
+    QWidget other;
+    other.show();
+    other.activateWindow();
+    window_.activateWindow();
+    QTest::qWait(50);
+    window_.typed = true;
+    QTest::keyClick(&window_, Qt::Key_Escape);
+    window_.close();
+    EXPECT_TRUE(window_.isVisible());
+    window_.typed = false;
+    QTest::keyClick(&window_, Qt::Key_Escape);
+  });
   window_.Load();
-  QTimer::singleShot(0, &window_, &QWidget::close);
   window_.ShowModal();
   EXPECT_EQ(window_.steps, (QStringList{u"load"_qs, u"activate"_qs, u"unload"_qs}));
   EXPECT_FALSE(window_.isVisible());
 }
 
-TEST_F(PlannerWindowTest, IsNotActivatedByTheDesktopsFocus) {
-  window_.Load();
-  window_.Show();
-  window_.steps.clear();
-  QWidget other;
-  other.show();
-  other.activateWindow();
-  window_.activateWindow();
-  QTest::qWait(50);
-  EXPECT_TRUE(window_.steps.isEmpty());
-}
-
-TEST_F(PlannerWindowTest, ClosesOnlyWhenItMay) {
-  window_.Load();
-  window_.Show();
-  window_.typed = true;
-  QTest::keyClick(&window_, Qt::Key_Escape);
-  window_.close();
-  EXPECT_TRUE(window_.isVisible());
-  window_.typed = false;
-  QTest::keyClick(&window_, Qt::Key_Escape);
-  EXPECT_FALSE(window_.isVisible());
-}
-
 TEST_F(PlannerWindowTest, EnterPressesTheButtonWithTheFocusElseTheDefaultOne) {
-  QLineEdit field(&window_);
-  QPushButton usual(&window_);
-  QPushButton other(&window_);
-  usual.setDefault(true);
   QStringList pressed;
-  QObject::connect(&usual, &QPushButton::clicked, [&] { pressed << u"usual"_qs; });
-  QObject::connect(&other, &QPushButton::clicked, [&] { pressed << u"other"_qs; });
+  QObject::connect(&usual_, &QPushButton::clicked, [&] { pressed << u"usual"_qs; });
+  QObject::connect(&other_, &QPushButton::clicked, [&] { pressed << u"other"_qs; });
   window_.Load();
   window_.Show();
-  for (QWidget* focus : {static_cast<QWidget*>(&other), static_cast<QWidget*>(&field)}) {
+  for (QWidget* focus : std::initializer_list<QWidget*>{&other_, &field_}) {
     focus->setFocus();
     QTest::keyClick(focus, Qt::Key_Return);
   }
   EXPECT_EQ(pressed, (QStringList{u"other"_qs, u"usual"_qs}));
-}
-
-TEST_F(PlannerWindowTest, EnterThatEndsAFieldDoesNotPressTheButtonItLeadsTo) {
-  QLineEdit field(&window_);
-  QPushButton next(&window_);
-  bool isPressed = false;
-  QObject::connect(&next, &QPushButton::clicked, [&] { isPressed = true; });
-  QObject::connect(&field, &QLineEdit::returnPressed, [&] { next.setFocus(); });
-  window_.Load();
-  window_.Show();
-  field.setFocus();
-  QTest::keyClick(&field, Qt::Key_Return);
-  EXPECT_EQ(window_.focusWidget(), &next);
-  EXPECT_FALSE(isPressed);
-}
-
-TEST_F(PlannerWindowTest, AnswersTheGridsKeysWhereverTheFocusIs) {
-  const test::HomeFolder home;
-  GridSurface grid(&window_);
-  QLineEdit field(&window_);
-  window_.answerGridKeys(grid, [] { return u"表"_qs; });
-  window_.Load();
-  window_.Show();
-  QTest::keyClick(&field, Qt::Key_F8);
-  QTest::keyClick(&grid, Qt::Key_F8);
-  EXPECT_EQ(prompts_.informed, QStringList(2, u"\\表.xls已保存！"_qs));
-  EXPECT_EQ(home.names(), QStringList{u"表.xls"_qs});
+  QObject::connect(&field_, &QLineEdit::returnPressed, [&] { other_.setFocus(); });
+  QTest::keyClick(&field_, Qt::Key_Return);
+  EXPECT_EQ(window_.focusWidget(), &other_);
+  EXPECT_EQ(pressed.size(), 2) << "an Enter that leads to a button is not for it";
 }
 
 TEST_F(PlannerWindowTest, OpensOverItsOpenerAndNoLargerThanTheScreen) {
@@ -123,6 +108,62 @@ TEST_F(PlannerWindowTest, OpensOverItsOpenerAndNoLargerThanTheScreen) {
   large.resize(10'000, 10'000);
   large.Show();
   EXPECT_TRUE(large.screen()->availableGeometry().contains(large.geometry()));
+}
+
+TEST_F(PlannerWindowTest, ExportsItsListWhereverTheFocusIs) {
+  window_.Show();
+  QTest::keyClick(&field_, Qt::Key_F7);
+  for (const auto key : {Qt::Key_F8, Qt::Key_F6, Qt::Key_F9}) QTest::keyClick(&grid_, key);
+  EXPECT_EQ(prompts_.informed,
+            (QStringList{u"\\读/写 活动计划.HTM已保存！"_qs, u"\\读/写 活动计划.xls已保存！"_qs}));
+  EXPECT_EQ(home_.names(), (QStringList{u"读_写 活动计划.HTM"_qs, u"读_写 活动计划.xls"_qs}));
+  EXPECT_TRUE(test::bytesOf(home_.path(u"读_写 活动计划.HTM"_qs)).contains("读书"));
+  EXPECT_TRUE(test::bytesOf(home_.path(u"读_写 活动计划.xls"_qs)).startsWith("\xD0\xCF\x11\xE0"));
+}
+
+TEST_F(PlannerWindowTest, SaysWhyAListIsNotExportedUntilTheNextExport) {
+  window_.Show();
+  name_ = u"表"_qs;
+  test::writeBytes(home_.path(u"表.HTM"_qs), "old");
+  {
+    const test::FileSizeLimit full(100);
+    EXPECT_TRUE(afterKey(Qt::Key_F7).endsWith(u"：文件超过了系统允许的大小。"_qs));
+  }
+  grid_.SetCols(257);
+  EXPECT_EQ(afterKey(Qt::Key_F8), u"表格有 257 列，Excel 文件最多能放 256 列。"_qs);
+  for (const auto& [folder, reason] :
+       {std::pair(u"\\没有"_qs, u"文件或文件夹不存在。"_qs),
+        std::pair(u"D:"_qs, u"这台电脑没有盘符“D:”；以“\\”开头的路径在主文件夹里。"_qs)}) {
+    state_.ExportDir = folder;
+    EXPECT_TRUE(afterKey(Qt::Key_F7).endsWith(reason)) << reason.toStdString();
+  }
+  EXPECT_TRUE(prompts_.informed.isEmpty() && prompts_.warnings.isEmpty());
+  EXPECT_EQ(test::bytesOf(home_.path(u"表.HTM"_qs)), "old");
+  EXPECT_EQ(home_.names(), QStringList{u"表.HTM"_qs});
+  state_.ExportDir.clear();
+  EXPECT_EQ(afterKey(Qt::Key_F7), QString());
+}
+
+TEST_F(PlannerWindowTest, LetsTheUserCancelALongExportOrPrint) {
+  window_.Show();
+  grid_.SetCols(50);
+  grid_.SetRows(300'000);
+  for (int col = 0; col < grid_.Cols(); ++col) grid_.SetCellColors(col, kEveryRow, kRed, kWhite);
+  for (int row = 0; row < grid_.Rows(); ++row) grid_.SetCellText(0, row, u"%1x"_qs.arg(row));
+  int cancelled = 0;
+  QTimer user;
+  QObject::connect(&user, &QTimer::timeout, [&] {
+    auto* dialog = qobject_cast<WorkDialog*>(QApplication::activeModalWidget());
+    if (!dialog || dialog->wasCanceled()) return;
+    ++cancelled;
+    dialog->cancel();
+  });
+  user.start(1);
+  EXPECT_EQ(afterKey(Qt::Key_F8), u"已取消，原来的文件没有改动。"_qs);
+  EXPECT_EQ(afterKey(Qt::Key_F3), QString());
+  EXPECT_EQ(cancelled, 2);
+  EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+  EXPECT_TRUE(home_.names().isEmpty() && prompts_.informed.isEmpty());
 }
 
 }  // namespace vellora

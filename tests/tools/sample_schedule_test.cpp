@@ -9,97 +9,79 @@
 #include <QSet>
 #include <QTime>
 
-#include <gtest/gtest.h>
-
 namespace vellora::test {
 namespace {
 
 const QDate kToday(2026, 11, 22);  // a Sunday
 
-// A new schedule with samples in it.
+// A new schedule for samples.
 class SampleSchedule : public testing::Test {
  protected:
-  SampleSchedule() { createSchedule(path_); }
-
-  ScheduleStore store() const { return ScheduleStore(path_); }
+  SampleSchedule() : store_((createSchedule(path_), path_)) {}
 
   // The distinct texts of a column.
-  static QSet<QString> texts(ScheduleStore& store, const QString& table, QStringView column) {
+  QSet<QString> texts(const QString& table, QStringView column) {
     QSet<QString> found;
-    for (auto rows = store.open(table); !rows.atEnd(); rows.moveNext()) {
+    for (auto rows = store_.open(table); !rows.atEnd(); rows.moveNext()) {
       found.insert(rows.text(column));
     }
     return found;
   }
-
-  // Plans stand on blocks and items that are there, and no two share a block of a day.
-  static void expectSoundPlans(ScheduleStore& store) {
-    EXPECT_TRUE(texts(store, u"SJ"_qs, u"SJKH").contains(texts(store, u"JH"_qs, u"SJKH")));
-    EXPECT_TRUE(texts(store, u"HD"_qs, u"HDMC").contains(texts(store, u"JH"_qs, u"HDMC")));
-    QSet<QPair<QDate, QString>> taken;
-    auto rows = store.open(u"JH"_qs);
-    for (; !rows.atEnd(); rows.moveNext()) taken.insert({rows.date(u"RQ"), rows.text(u"SJKH")});
-    EXPECT_EQ(taken.size(), rows.count());
+  qsizetype plansOn(QDate day) {
+    return store_.open(u"SELECT * FROM JH WHERE RQ=#%1#"_qs.arg(day.toString(Qt::ISODate))).count();
   }
-
-  // Codes sort like the day goes, and no block overlaps the one before.
-  static void expectDayInOrder(ScheduleStore& store) {
+  // Codes sort like the day goes without overlaps; plans stand on blocks and items that are there,
+  // and no two share a block of a day.
+  void expectSound() {
     QTime end(0, 0);
-    for (auto rows = store.open(u"select * from SJ order by sjkh"_qs); !rows.atEnd();
-         rows.moveNext()) {
-      EXPECT_GE(rows.time(u"SJ0"), end) << rows.text(u"SJKH").toStdString();
-      EXPECT_GT(rows.time(u"SJ1"), rows.time(u"SJ0")) << rows.text(u"SJKH").toStdString();
-      end = rows.time(u"SJ1");
+    auto blocks = store_.open(u"select * from SJ order by sjkh"_qs);
+    for (; !blocks.atEnd(); blocks.moveNext()) {
+      EXPECT_GE(blocks.time(u"SJ0"), end) << blocks.text(u"SJKH").toStdString();
+      end = blocks.time(u"SJ1");
+      EXPECT_GT(end, blocks.time(u"SJ0")) << blocks.text(u"SJKH").toStdString();
     }
+    EXPECT_TRUE(texts(u"SJ"_qs, u"SJKH").contains(texts(u"JH"_qs, u"SJKH")));
+    EXPECT_TRUE(texts(u"HD"_qs, u"HDMC").contains(texts(u"JH"_qs, u"HDMC")));
+    QSet<QPair<QDate, QString>> taken;
+    auto plans = store_.open(u"JH"_qs);
+    for (; !plans.atEnd(); plans.moveNext()) taken.insert({plans.date(u"RQ"), plans.text(u"SJKH")});
+    EXPECT_EQ(taken.size(), plans.count());
   }
 
-  static qsizetype plansOn(ScheduleStore& store, QDate day) {
-    return store.open(u"SELECT * FROM JH WHERE RQ=#%1#"_qs.arg(day.toString(Qt::ISODate))).count();
-  }
-
- private:
   TemporaryFolder folder_;
   QString path_ = folder_.path(u"SY.mdb"_qs);
+  ScheduleStore store_;
 };
 
 }  // namespace
 
 TEST_F(SampleSchedule, StartsANewcomerWithAColourfulWeekFromToday) {
-  ScheduleStore store = this->store();
-  writeStarter(store, kToday);
-  expectSoundPlans(store);
-  expectDayInOrder(store);
-  EXPECT_EQ(texts(store, u"HD"_qs, u"HDLB").size(), kCategoryCount);
-  for (int i = 0; i < 7; ++i) EXPECT_GT(plansOn(store, kToday.addDays(i)), 2) << "day " << i;
-  auto memo = store.open(u"BW"_qs);
+  writeStarter(store_, kToday);
+  expectSound();
+  EXPECT_EQ(texts(u"HD"_qs, u"HDLB").size(), kCategoryCount);
+  for (int i = 0; i < 7; ++i) EXPECT_GT(plansOn(kToday.addDays(i)), 2) << "day " << i;
+  auto memo = store_.open(u"BW"_qs);
   EXPECT_EQ(memo.date(u"RQ"), kToday);
   EXPECT_FALSE(memo.text(u"Memo").contains(u'\n')) << "it stands in the title bar";
 }
 
 TEST_F(SampleSchedule, DemonstratesATermOfNamedWeeksAroundToday) {
-  ScheduleStore store = this->store();
-  writeDemonstration(store, kToday);
-  expectSoundPlans(store);
-  expectDayInOrder(store);
-  EXPECT_GT(plansOn(store, kToday.addDays(-7)), 0);
-  EXPECT_GT(plansOn(store, kToday.addDays(21)), 0);
-  QDate next;
-  for (auto weeks = store.open(u"select * from mm order by ksrq"_qs); !weeks.atEnd();
-       weeks.moveNext()) {
-    EXPECT_TRUE(next.isNull() || weeks.date(u"KSRQ") == next) << weeks.text(u"MM").toStdString();
+  writeDemonstration(store_, kToday);
+  expectSound();
+  EXPECT_TRUE(plansOn(kToday.addDays(-7)) > 0 && plansOn(kToday.addDays(21)) > 0);
+  auto weeks = store_.open(u"select * from mm order by ksrq"_qs);
+  QDate next = weeks.date(u"KSRQ");
+  for (; !weeks.atEnd(); weeks.moveNext()) {
+    EXPECT_EQ(weeks.date(u"KSRQ"), next) << weeks.text(u"MM").toStdString();
     next = weeks.date(u"JSRQ").addDays(1);
   }
   EXPECT_GT(next, kToday);
 }
 
 TEST_F(SampleSchedule, FillsEveryBlockOfManyYears) {
-  ScheduleStore store = this->store();
-  writeYears(store, kToday, 2, 50);
-  expectSoundPlans(store);
-  expectDayInOrder(store);
-  EXPECT_EQ(store.open(u"SJ"_qs).count(), 50);
-  EXPECT_EQ(plansOn(store, kToday.addYears(-2)), 50);
-  EXPECT_EQ(plansOn(store, kToday), 50);
+  writeYears(store_, kToday, 2, 50);
+  expectSound();
+  EXPECT_EQ(plansOn(kToday.addYears(-2)) + plansOn(kToday), 100);
 }
 
 }  // namespace vellora::test

@@ -105,6 +105,19 @@ void BiffStream::putPiece(QStringView piece, bool isWide) {
   }
 }
 
+void BiffStream::beginPart(quint16 part) {
+  begin(0x0809);
+  for (const int field : {0x0600, int{part}, 0x0DBB, 0x07CC, 0, 0, 6, 0}) {
+    put16(static_cast<quint16>(field));
+  }
+  end();
+}
+
+void BiffStream::endPart() {
+  begin(0x000A);
+  end();
+}
+
 void BiffStream::record16(quint16 record, quint16 value) {
   begin(record);
   put16(value);

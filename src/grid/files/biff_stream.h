@@ -28,6 +28,9 @@ class BiffStream {
   Place putText(QStringView text);
   void putShortText(QStringView text);
 
+  // The records BOF and EOF around one part of a file: its globals (5) or a sheet (16).
+  void beginPart(quint16 part);
+  void endPart();
   // A whole record whose body is one number.
   void record16(quint16 record, quint16 value);
   void recordReal(quint16 record, double value);

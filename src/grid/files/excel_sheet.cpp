@@ -2,15 +2,12 @@
 
 #include "grid/files/exported_sheet.h"
 #include "grid/files/file_error.h"
-#include "grid/files/row_progress.h"
 
 #include <algorithm>
 
 namespace vellora {
 namespace {
 
-constexpr quint16 kBof = 0x0809;
-constexpr quint16 kEof = 0x000A;
 constexpr quint16 kRow = 0x0208;
 constexpr quint16 kBlank = 0x0201;
 constexpr quint16 kNumber = 0x0203;
@@ -40,18 +37,13 @@ constexpr double inches(double millimetres) {
 QByteArray ExcelSheet::write(const ExcelPage& page) {
   page_ = page;
   stream_ = BiffStream();
-  stream_.begin(kBof);
-  for (const int field : {0x0600, 0x0010, 0x0DBB, 0x07CC, 0, 0, 6, 0}) {
-    stream_.put16(static_cast<quint16>(field));
-  }
-  stream_.end();
+  stream_.beginPart(16);
   writeSettings();
   writePageSetup();
   writeColumns();
   writeRows();
   writeView();
-  stream_.begin(kEof);
-  stream_.end();
+  stream_.endPart();
   return stream_.bytes();
 }
 
@@ -204,7 +196,7 @@ void ExcelSheet::writeText(int col, int row, const QString& text) {
             .arg(kExcelMaxText));
   }
   beginCell(kLabelSst, col, row);
-  stream_.put32(strings_.numberOf(text));
+  stream_.put32(strings_.numberOf(sheet_.NumbersAt(col, row).text, text));
   stream_.end();
 }
 

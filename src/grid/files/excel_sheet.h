@@ -1,7 +1,6 @@
 #pragma once
 
 #include "grid/files/excel_styles.h"
-#include "grid/files/shared_strings.h"
 #include "grid/sheet/workbook.h"
 #include "routine/work_step.h"
 

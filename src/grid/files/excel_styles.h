@@ -1,14 +1,36 @@
 #pragma once
 
 #include "grid/files/biff_stream.h"
-#include "grid/files/excel_palette.h"
 #include "grid/sheet/sheet.h"
+#include "routine/colour.h"
+#include "routine/work_step.h"
 
 #include <QHash>
 
+#include <array>
+#include <cstddef>
 #include <vector>
 
 namespace vellora {
+
+// The 56 colours that a binary Excel file holds. It begins as the format's own; a colour that is
+// not among them takes the place of one not asked for yet. When all are taken, the nearest stands
+// in. Black and white are always there.
+class ExcelPalette {
+ public:
+  static constexpr std::size_t kSize = 56;
+
+  // The number that the format's records know the colour by: 8 to 63.
+  unsigned indexOf(PackedColour colour);
+  const std::array<PackedColour, kSize>& colours() const { return colours_; }
+
+ private:
+  std::array<PackedColour, kSize> colours_ = standardColours();
+  std::array<bool, kSize> taken_{true, true};
+
+  static std::array<PackedColour, kSize> standardColours();
+  std::size_t nearest(PackedColour colour) const;
+};
 
 // Pixels of the grid in the units of a binary Excel file. Its columns are counted in digits of its
 // basic font, which at 宋体 12 are eight pixels wide.
@@ -53,6 +75,22 @@ class ExcelStyles {
   Records fonts_;
   Records formats_;
   std::vector<quint16> known_;  // by style number; 0: not asked for yet
+};
+
+// The texts of all cells of a binary Excel file. A text is recognised by the number that the sheet
+// has for it, which costs far less than comparing.
+class SharedStrings {
+ public:
+  // The number, from 0, of a cell's text that is not empty; at most 65,535 UTF-16 units. A text
+  // that the sheet does not number (0) is written each time.
+  quint32 numberOf(quint32 sheetNumber, const QString& text);
+  // The records SST and, for readers that look up single texts, EXTSST. Throws WorkGivenUp.
+  void write(BiffStream& stream, const WorkProgress& progress = {}) const;
+
+ private:
+  std::vector<quint32> numbers_;  // by that of the sheet, counted from 1; 0: not written yet
+  std::vector<QString> texts_;
+  quint32 uses_ = 0;
 };
 
 }  // namespace vellora

@@ -10,10 +10,10 @@ namespace vellora {
 // numbers, looks, sizes, hidden rows, page set-up, and the headings, if one has a text, as a first
 // row that is repeated in print. Dates stay the texts that the grid shows. What has more than
 // 65,536 rows goes on, with the headings, on further sheets. A binary Excel file knows only 56
-// colours; see excel_palette.h.
+// colours; see ExcelPalette.
 //
 // Replaces the file whole or, throwing FileError or WorkGivenUp, not at all. Refuses more than 256
-// columns, texts over 32,767 characters, and what needs more than 250 sheets.
+// columns, texts over 32,767 characters and more looks than the format has room for.
 void writeExcelFile(const Sheet& sheet, const PageSetup& setup, const QString& sheetName,
                     const QString& path, const WorkProgress& progress = {});
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "grid/sheet/sheet.h"
+#include "routine/work_step.h"
 
 namespace vellora {
 
@@ -19,5 +20,12 @@ bool isOutOfView(const Sheet& sheet, int row);
 // Sizes in pixels at 100 %, also of what is out of view.
 int exportedWidth(const Sheet& sheet, int col);
 int exportedHeight(const Sheet& sheet, int row);
+
+// Passes on one of many rows only: a row is written in less time than it takes to tell. Throws
+// WorkGivenUp.
+inline void reportRow(const WorkProgress& progress, const QString& what, qint64 row, qint64 rows) {
+  constexpr qint64 kRowsPerStep = 256;
+  if (row % kRowsPerStep == 0) report(progress, {what, row, rows});
+}
 
 }  // namespace vellora

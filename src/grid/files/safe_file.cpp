@@ -1,13 +1,14 @@
 #include "grid/files/safe_file.h"
 
-#include "grid/files/unfinished_files.h"
-
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QRandomGenerator>
 
 #include <cerrno>
 #include <cstdio>
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -40,6 +41,45 @@ int writeAll(int descriptor, const char* data, qsizetype size) {
     size -= written;
   }
   return 0;
+}
+
+// Files on their way to take the place of others. A program that is killed leaves its unfinished
+// file behind; the next one to write into that folder removes it. As long as a file is being
+// written it is locked (flock), by which the two are told apart. Where a file system knows no
+// locks, nothing is ever removed.
+
+const QString kUnfinishedNames = u".vellora-*.tmp"_qs;
+
+bool isLocked(int descriptor) {
+  return ::flock(descriptor, LOCK_EX | LOCK_NB) == 0;
+}
+
+void removeIfLeft(const QByteArray& path) {
+  const int file = ::open(path.constData(), O_RDWR | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
+  if (file < 0) return;
+  if (isLocked(file)) ::unlink(path.constData());
+  ::close(file);
+}
+
+// A new name in the folder: hidden, and short whatever the name is that the file will get.
+QByteArray unfinishedName(const QByteArray& folder) {
+  const quint64 random = QRandomGenerator::global()->generate64();
+  return folder + "/.vellora-" + QByteArray::number(random, 36) + ".tmp";
+}
+
+// Locks a file that was just made, until it is closed. False when another program took it for a
+// left-over just before: it is gone then, and needs a new name.
+bool claimUnfinished(int descriptor) {
+  if (!isLocked(descriptor) && errno == EWOULDBLOCK) return false;
+  struct stat status {};
+  return ::fstat(descriptor, &status) != 0 || status.st_nlink > 0;
+}
+
+// What cannot be removed stays.
+void removeLeftOvers(const QByteArray& folder) {
+  const QDir place(QFile::decodeName(folder));
+  const QStringList names = place.entryList({kUnfinishedNames}, QDir::Files | QDir::Hidden);
+  for (const QString& name : names) removeIfLeft(QFile::encodeName(place.filePath(name)));
 }
 
 }  // namespace
@@ -99,15 +139,15 @@ qint64 SafeFile::readData(char*, qint64) {
 }
 
 qint64 SafeFile::writeData(const char* data, qint64 size) {
-  if (hasFailed()) return -1;
+  if (error_ != 0) return -1;
   buffer_.append(data, size);
   return buffer_.size() < kBufferSize || flush() ? size : -1;
 }
 
 bool SafeFile::flush() {
-  if (!hasFailed()) error_ = writeAll(descriptor_, buffer_.constData(), buffer_.size());
+  if (error_ == 0) error_ = writeAll(descriptor_, buffer_.constData(), buffer_.size());
   buffer_.clear();
-  return !hasFailed();
+  return error_ == 0;
 }
 
 void SafeFile::discard() {

@@ -23,8 +23,6 @@ class SafeFile final : public QIODevice {
   ~SafeFile() override;
 
   bool isSequential() const override { return true; }
-  // A writer of much data may stop early: commit() would throw.
-  bool hasFailed() const { return error_ != 0; }
   // Puts what was written so far onto the disk, for its owner to read back before commit(); gives
   // the path of the file in which it lies. Fails as commit() does.
   QString sync();

@@ -32,9 +32,9 @@ namespace vellora {
 //                             ; long as there are fewer than 65,536; bstr: UTF-16, little endian,
 //                             ; of a text that is no valid Unicode
 //
-// Writing goes on until all is written or stops() is true.
+// Calls pulse() at every row.
 void encodeWorkbook(const Workbook& workbook, QCborStreamWriter& writer,
-                    const std::function<bool()>& stops);
+                    const std::function<void()>& pulse);
 
 // One row as a file has it; what it leaves out is empty.
 struct DecodedRow {

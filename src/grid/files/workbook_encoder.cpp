@@ -65,7 +65,7 @@ class SheetEncoder {
  public:
   SheetEncoder(const Sheet& sheet, QCborStreamWriter& writer) : sheet_(sheet), writer_(writer) {}
 
-  void encode(const QString& name, const std::function<bool()>& stops);
+  void encode(const QString& name, const std::function<void()>& pulse);
 
  private:
   void column(int col);
@@ -86,7 +86,7 @@ class SheetEncoder {
   quint32 textCount_ = 0;       // numbers given out
 };
 
-void SheetEncoder::encode(const QString& name, const std::function<bool()>& stops) {
+void SheetEncoder::encode(const QString& name, const std::function<void()>& pulse) {
   writer_.startArray(6);
   appendText(writer_, name);
   writer_.append(sheet_.Rows());
@@ -97,8 +97,8 @@ void SheetEncoder::encode(const QString& name, const std::function<bool()>& stop
   writer_.endArray();
   writer_.startArray();
   int next = 0;
-  for (int r = sheet_.NextWrittenRow(0); r < sheet_.Rows() && !stops();
-       r = sheet_.NextWrittenRow(r + 1)) {
+  for (int r = sheet_.NextWrittenRow(0); r < sheet_.Rows(); r = sheet_.NextWrittenRow(r + 1)) {
+    pulse();
     if (sheet_.IsRowEmpty(r)) continue;
     row(r, r - next);
     next = r + 1;
@@ -199,13 +199,13 @@ void appendPageSetup(QCborStreamWriter& writer, const PageSetup& setup) {
 }  // namespace
 
 void encodeWorkbook(const Workbook& workbook, QCborStreamWriter& writer,
-                    const std::function<bool()>& stops) {
+                    const std::function<void()>& pulse) {
   writer.startArray(3);
   appendPageSetup(writer, workbook.pageSetup);
   writer.append(workbook.CurrentSheet());
   writer.startArray(static_cast<quint64>(workbook.SheetCount()));
   for (int i = 0; i < workbook.SheetCount(); ++i) {
-    SheetEncoder(workbook.sheetAt(i), writer).encode(workbook.SheetName(i), stops);
+    SheetEncoder(workbook.sheetAt(i), writer).encode(workbook.SheetName(i), pulse);
   }
   writer.endArray();
   writer.endArray();

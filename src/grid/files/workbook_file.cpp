@@ -1,10 +1,9 @@
 #include "grid/files/workbook_file.h"
 
-#include "grid/files/hashing_device.h"
 #include "grid/files/workbook_cbor.h"
-#include "grid/files/workbook_comparison.h"
 
 #include <QCborStreamWriter>
+#include <QCryptographicHash>
 #include <QFile>
 
 #include <algorithm>
@@ -14,6 +13,103 @@
 
 namespace vellora {
 namespace {
+
+bool areEmptyRows(const Sheet& sheet, int first, int end) {
+  for (int row = sheet.NextWrittenRow(first); row < end; row = sheet.NextWrittenRow(row + 1)) {
+    if (!sheet.IsRowEmpty(row)) return false;
+  }
+  return true;
+}
+
+bool isSameCell(const Sheet& sheet, int row, const CellNumbers& numbers,
+                const DecodedRow::Cell& cell) {
+  if (sheet.GetCellText(cell.col, row) != cell.text) return false;
+  if (numbers.tag != 0 || !cell.tag.isEmpty()) {
+    if (sheet.CellTag(cell.col, row) != cell.tag) return false;
+  }
+  if (!cell.settings) return numbers.settings == 0;
+  return sheet.SettingsAt(cell.col, row) == *cell.settings;
+}
+
+bool areSameCells(const Sheet& sheet, const DecodedRow& row) {
+  auto cell = row.cells.begin();
+  for (int col = 0; col < sheet.Cols(); ++col) {
+    const CellNumbers numbers = sheet.NumbersAt(col, row.index);
+    const bool isInFile = cell != row.cells.end() && cell->col == col;
+    if (!isInFile && numbers != CellNumbers()) return false;
+    if (isInFile && !isSameCell(sheet, row.index, numbers, *cell++)) return false;
+  }
+  return cell == row.cells.end();
+}
+
+bool isSameRow(const Sheet& sheet, const DecodedRow& row) {
+  return sheet.RowHeight(row.index) == row.height && sheet.IsRowHidden(row.index) == row.isHidden &&
+         areSameCells(sheet, row);
+}
+
+bool isSameColumn(const Sheet& one, const Sheet& other, int col) {
+  return one.ColumnWidth(col) == other.ColumnWidth(col) &&
+         one.GetCellText(col, kHeadingRow) == other.GetCellText(col, kHeadingRow) &&
+         one.CellTag(col, kHeadingRow) == other.CellTag(col, kHeadingRow) &&
+         one.SettingsAt(col, kHeadingRow) == other.SettingsAt(col, kHeadingRow) &&
+         one.SettingsAt(col, kEveryRow) == other.SettingsAt(col, kEveryRow);
+}
+
+// All but the rows' content.
+bool isSameFrame(const Sheet& one, const Sheet& other) {
+  bool isSame = one.Rows() == other.Rows() && one.Cols() == other.Cols() &&
+                one.DefaultRowHeight() == other.DefaultRowHeight() &&
+                one.DefaultFont() == other.DefaultFont();
+  for (int col = 0; isSame && col < one.Cols(); ++col) isSame = isSameColumn(one, other, col);
+  return isSame;
+}
+
+// Compares a workbook with what a file holds, row by row while the file is read.
+class WorkbookComparison {
+ public:
+  explicit WorkbookComparison(const Workbook& expected);
+
+  // A row of the file; of each sheet from the top to the bottom.
+  void take(int sheet, const DecodedRow& row);
+  // Whether the rows were the expected ones, and none is missing, and the rest of the file, read
+  // without its rows, is the same as well.
+  bool isSame(const Workbook& read) const;
+
+ private:
+  bool isNextRow(std::size_t sheet, const DecodedRow& row) const;
+
+  const Workbook& expected_;
+  std::vector<int> nextRows_;  // by sheet
+  bool isSame_ = true;         // so far
+};
+
+WorkbookComparison::WorkbookComparison(const Workbook& expected)
+    : expected_(expected), nextRows_(static_cast<std::size_t>(expected.SheetCount())) {}
+
+void WorkbookComparison::take(int sheet, const DecodedRow& row) {
+  const auto place = static_cast<std::size_t>(sheet);
+  isSame_ = isSame_ && place < nextRows_.size() && isNextRow(place, row);
+  if (isSame_) nextRows_[place] = row.index + 1;
+}
+
+bool WorkbookComparison::isNextRow(std::size_t sheet, const DecodedRow& row) const {
+  const Sheet& expected = expected_.sheetAt(static_cast<int>(sheet));
+  return row.index < expected.Rows() && areEmptyRows(expected, nextRows_[sheet], row.index) &&
+         isSameRow(expected, row);
+}
+
+bool WorkbookComparison::isSame(const Workbook& read) const {
+  bool isSame = isSame_ && read.SheetCount() == expected_.SheetCount() &&
+                read.CurrentSheet() == expected_.CurrentSheet() &&
+                read.pageSetup == expected_.pageSetup;
+  for (int sheet = 0; isSame && sheet < read.SheetCount(); ++sheet) {
+    const Sheet& expected = expected_.sheetAt(sheet);
+    isSame = read.SheetName(sheet) == expected_.SheetName(sheet) &&
+             isSameFrame(read.sheetAt(sheet), expected) &&
+             areEmptyRows(expected, nextRows_[static_cast<std::size_t>(sheet)], expected.Rows());
+  }
+  return isSame;
+}
 
 // A byte over 127, line ends of both kinds and an end-of-file mark: text transfers spoil it at
 // once.
@@ -117,16 +213,21 @@ bool holdsWorkbook(const QString& path, const Workbook& expected,
 }
 
 void writeWorkbook(const Workbook& workbook, SafeFile& file, const std::function<void()>& pulse) {
-  HashingDevice hashed(file);
-  hashed.write(kMagic.data(), kMagic.size());
-  hashed.write(kVersion.data(), kVersion.size());
-  QCborStreamWriter writer(&hashed);
-  SparePulse spare(pulse);
-  encodeWorkbook(workbook, writer, [&] {
-    spare();
-    return file.hasFailed();
-  });
-  file.write(hashed.finish());
+  QByteArray content;
+  QCborStreamWriter writer(&content);
+  encodeWorkbook(workbook, writer, SparePulse(pulse));
+  QCryptographicHash hash(QCryptographicHash::Sha256);
+  const auto put = [&](QByteArrayView piece) {
+    hash.addData(piece);
+    file.write(piece.data(), piece.size());
+  };
+  put(kMagic);
+  put(kVersion);
+  for (qsizetype place = 0; place < content.size(); place += kPieceSize) {
+    if (pulse && place > 0) pulse();
+    put(QByteArrayView(content).sliced(place, std::min(kPieceSize, content.size() - place)));
+  }
+  file.write(hash.result());
 }
 
 void writeWorkbookFile(const Workbook& workbook, const QString& path,

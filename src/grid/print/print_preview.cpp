@@ -1,7 +1,6 @@
 #include "grid/print/print_preview.h"
 
-#include "grid/files/file_name.h"
-#include "grid/files/safe_file.h"
+#include "grid/files/export_file.h"
 #include "grid/print/pdf_text.h"
 
 #include <QAction>
@@ -92,17 +91,17 @@ void takeMostOfTheScreen(QPrintPreviewDialog& dialog) {
 void savePdf(const Sheet& sheet, const PageSetup& setup, PrintHeadings headings,
              const QPageLayout& paper, const QString& documentName, const QString& path,
              const WorkProgress& progress) {
-  SafeFile file(path);
-  QBuffer pdf;
-  pdf.open(QIODevice::WriteOnly);
-  {
-    QPdfWriter writer(&pdf);
-    writer.setTitle(documentName);
-    writer.setPageLayout(paper);
-    printSheet(sheet, setup, headings, writer, progress);
-  }
-  file.write(withReadableText(pdf.data()));
-  file.commit();
+  exportFile(path, [&](SafeFile& file) {
+    QBuffer pdf;
+    pdf.open(QIODevice::WriteOnly);
+    {
+      QPdfWriter writer(&pdf);
+      writer.setTitle(documentName);
+      writer.setPageLayout(paper);
+      printSheet(sheet, setup, headings, writer, progress);
+    }
+    file.write(withReadableText(pdf.data()));
+  });
 }
 
 void runUntold(QWidget* /*window*/, const std::function<void(const WorkProgress&)>& work) {

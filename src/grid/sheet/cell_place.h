@@ -8,6 +8,6 @@ inline constexpr int kHeadingRow = -1;
 inline constexpr int kEveryRow = -2;
 
 inline constexpr int kMaxCols = 32'767;
-inline constexpr int kMaxRows = 1'000'000'000;
+inline constexpr int kMaxRows = 10'000'000;
 
 }  // namespace vellora

@@ -4,85 +4,97 @@
 #include <limits>
 
 namespace vellora {
+namespace {
 
-std::size_t RowBlock::positionOf(int col) const {
-  const auto guess = static_cast<std::size_t>(col);
-  if (guess < columns_.size() && columns_[guess].col == col) return guess;
-  const auto position =
-      std::lower_bound(columns_.begin(), columns_.end(), col,
-                       [](const NumberedColumn& column, int c) { return column.col < c; });
-  return static_cast<std::size_t>(position - columns_.begin());
+// Lists whose entries beyond the last are empty.
+
+template <typename Entry>
+Entry& grownTo(std::vector<Entry>& list, int index) {
+  const auto place = static_cast<std::size_t>(index);
+  if (place >= list.size()) list.resize(place + 1);
+  return list[place];
 }
 
-const CellColumn* RowBlock::column(int col) const {
-  const std::size_t position = positionOf(col);
-  if (position == columns_.size() || columns_[position].col != col) return nullptr;
-  return &columns_[position].cells;
+template <typename Entry>
+void insertInto(std::vector<Entry>& list, int index, int count) {
+  if (index >= std::ssize(list)) return;
+  list.insert(list.begin() + index, static_cast<std::size_t>(count), Entry());
 }
 
-CellColumn& RowBlock::writableColumn(int col) {
-  const std::size_t position = positionOf(col);
-  if (position == columns_.size() || columns_[position].col != col) {
-    columns_.insert(columns_.begin() + static_cast<std::ptrdiff_t>(position),
-                    {col, CellColumn(*pool_)});
+template <typename Entry>
+void removeFrom(std::vector<Entry>& list, int index, int count) {
+  const auto end = std::min(std::ptrdiff_t{index} + count, std::ssize(list));
+  if (index < end) list.erase(list.begin() + index, list.begin() + end);
+}
+
+template <typename Entry>
+std::vector<Entry> splitFrom(std::vector<Entry>& list, int index) {
+  if (index >= std::ssize(list)) return {};
+  std::vector<Entry> tail(list.begin() + index, list.end());
+  list.resize(static_cast<std::size_t>(index));
+  return tail;
+}
+
+}  // namespace
+
+const CellNumbers& RowBlock::cell(int col, int index) const {
+  static constexpr CellNumbers kEmptyCell;
+  const auto column = columns_.find(col);
+  if (column == columns_.end() || index >= std::ssize(column->second)) return kEmptyCell;
+  return column->second[static_cast<std::size_t>(index)];
+}
+
+CellNumbers& RowBlock::writableCell(int col, int index) {
+  return grownTo(columns_[col], index);
+}
+
+void RowBlock::restyle(int col, int first, int last, const Restyle& map) {
+  std::vector<CellNumbers>& cells = columns_[col];
+  StyleTable::Number from = StyleTable::kNothingSet;
+  StyleTable::Number to = map(from);
+  if (to != from) grownTo(cells, last);
+  for (auto index = first; index <= last && index < std::ssize(cells); ++index) {
+    CellNumbers& cell = cells[static_cast<std::size_t>(index)];
+    if (cell.settings != from) to = map(from = cell.settings);
+    cell.settings = to;
   }
-  return columns_[position].cells;
 }
 
 void RowBlock::keepColumns(int count) {
-  columns_.erase(columns_.begin() + static_cast<std::ptrdiff_t>(positionOf(count)), columns_.end());
+  columns_.erase(columns_.lower_bound(count), columns_.end());
 }
 
 RowLook RowBlock::look(int index) const {
-  const auto position = static_cast<std::size_t>(index);
-  return position < looks_.size() ? looks_[position] : RowLook();
+  return index < std::ssize(looks_) ? looks_[static_cast<std::size_t>(index)] : RowLook();
 }
 
 RowLook& RowBlock::writableLook(int index) {
-  const auto position = static_cast<std::size_t>(index);
-  if (position >= looks_.size()) looks_.resize(position + 1);
-  return looks_[position];
+  return grownTo(looks_, index);
 }
 
 int RowBlock::nextSized(int index) const {
   const auto isSized = [](const RowLook& look) { return look.hidden || look.height.has_value(); };
-  if (static_cast<std::size_t>(index) >= looks_.size()) return std::numeric_limits<int>::max();
-  const auto found = std::find_if(looks_.begin() + index, looks_.end(), isSized);
+  const auto begin = looks_.begin() + std::min(std::ptrdiff_t{index}, std::ssize(looks_));
+  const auto found = std::find_if(begin, looks_.end(), isSized);
   if (found == looks_.end()) return std::numeric_limits<int>::max();
   return static_cast<int>(found - looks_.begin());
 }
 
 void RowBlock::insert(int index, int count) {
-  for (NumberedColumn& column : columns_) column.cells.insert(index, count);
-  if (static_cast<std::size_t>(index) >= looks_.size()) return;
-  looks_.insert(looks_.begin() + index, static_cast<std::size_t>(count), RowLook());
+  for (auto& [col, cells] : columns_) insertInto(cells, index, count);
+  insertInto(looks_, index, count);
 }
 
 void RowBlock::remove(int index, int count) {
-  for (NumberedColumn& column : columns_) column.cells.remove(index, count);
-  const int end = std::min(index + count, static_cast<int>(looks_.size()));
-  if (index < end) looks_.erase(looks_.begin() + index, looks_.begin() + end);
+  for (auto& [col, cells] : columns_) removeFrom(cells, index, count);
+  removeFrom(looks_, index, count);
 }
 
 RowBlock RowBlock::splitOff(int index) {
-  RowBlock tail(*pool_);
-  for (NumberedColumn& column : columns_) {
-    tail.columns_.push_back({column.col, column.cells.splitOff(index)});
-  }
-  if (static_cast<std::size_t>(index) < looks_.size()) {
-    tail.looks_.assign(looks_.begin() + index, looks_.end());
-    looks_.resize(static_cast<std::size_t>(index));
-  }
+  RowBlock tail;
+  for (auto& [col, cells] : columns_) tail.columns_[col] = splitFrom(cells, index);
+  tail.looks_ = splitFrom(looks_, index);
   return tail;
-}
-
-void RowBlock::append(int index, const RowBlock& other) {
-  for (const NumberedColumn& column : other.columns_) {
-    writableColumn(column.col).append(index, column.cells);
-  }
-  if (other.looks_.empty()) return;
-  looks_.resize(static_cast<std::size_t>(index));
-  looks_.insert(looks_.end(), other.looks_.begin(), other.looks_.end());
 }
 
 }  // namespace vellora

@@ -1,11 +1,16 @@
 #pragma once
 
-#include "grid/sheet/cell_column.h"
+#include "grid/sheet/style_table.h"
 
+#include <functional>
+#include <map>
 #include <optional>
 #include <vector>
 
 namespace vellora {
+
+// Maps what was set on a cell to what is to be set on it.
+using Restyle = std::function<StyleTable::Number(StyleTable::Number)>;
 
 // What is known of a row apart from its cells.
 struct RowLook {
@@ -13,15 +18,13 @@ struct RowLook {
   bool hidden = false;
 };
 
-// A few hundred neighbouring rows. How many they are is known to RowBlocks alone; rows beyond the
-// last one written are empty and take no room.
+// A few hundred neighbouring rows, at twelve bytes for a cell. How many they are is known to
+// RowBlocks alone; cells and rows beyond the last one written are empty and take no room.
 class RowBlock {
  public:
-  explicit RowBlock(TextPool& pool) : pool_(&pool) {}
-
-  // Null when nothing was written in this column.
-  const CellColumn* column(int col) const;
-  CellColumn& writableColumn(int col);
+  const CellNumbers& cell(int col, int index) const;
+  CellNumbers& writableCell(int col, int index);
+  void restyle(int col, int first, int last, const Restyle& map);
   void keepColumns(int count);
 
   RowLook look(int index) const;
@@ -32,19 +35,12 @@ class RowBlock {
 
   void insert(int index, int count);
   void remove(int index, int count);
+  // Moves the rows from index on into a block of their own.
   RowBlock splitOff(int index);
-  void append(int index, const RowBlock& other);
 
  private:
-  // Only columns with content, in their order: a cell far to the right costs no more than others.
-  struct NumberedColumn {
-    int col;
-    CellColumn cells;
-  };
-  std::size_t positionOf(int col) const;
-
-  TextPool* pool_;
-  std::vector<NumberedColumn> columns_;
+  // By column, those with content only: a cell far to the right costs no more than others.
+  std::map<int, std::vector<CellNumbers>> columns_;
   std::vector<RowLook> looks_;
 };
 

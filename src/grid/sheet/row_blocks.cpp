@@ -5,15 +5,15 @@
 namespace vellora {
 namespace {
 
-constexpr int kNewBlockRows = 256;
-constexpr int kMaxBlockRows = 512;
+constexpr int kNewChunkRows = 256;
+constexpr int kMaxChunkRows = 512;
 
 }  // namespace
 
 void RowBlocks::resize(int count) {
   if (count < count_) {
     remove(count, count_ - count);
-  } else if (count > count_) {
+  } else {
     insert(count_, count - count_);
   }
 }
@@ -21,160 +21,138 @@ void RowBlocks::resize(int count) {
 void RowBlocks::insert(int row, int count) {
   if (count <= 0) return;
   count_ += count;
-  // The run above takes rows at its end as well, so that appended rows fill a started block.
-  std::size_t run = runs_.empty() ? 0 : runOf(std::max(row - 1, 0));
-  if (runs_.empty()) {
-    insertRun(0, count);
-  } else if (!runs_[run].block) {
-    runs_[run].rows += count;
-  } else if (runs_[run].rows + count > kMaxBlockRows ||
-             (row == runs_[run].first + runs_[run].rows &&
-              runs_[run].rows + count > kNewBlockRows)) {
-    run = splitBefore(row);
-    insertRun(run, count);
-    if (run + 1 < runs_.size()) merge(run);
-  } else {
-    if (row < runs_[run].first + runs_[run].rows) own(run).insert(row - runs_[run].first, count);
-    runs_[run].rows += count;
+  if (!chunks_.empty()) {
+    // The chunk above takes rows at its end as well, so that appended rows fill a started one.
+    const std::size_t above = chunkOf(std::max(row - 1, 0));
+    Chunk& chunk = chunks_[above];
+    const bool isInside = row < chunk.end();
+    if (chunk.rows + count <= (isInside ? kMaxChunkRows : kNewChunkRows)) {
+      if (isInside && chunk.block) own(chunk).insert(row - chunk.first, count);
+      chunk.rows += count;
+      return renumber(above);
+    }
   }
-  renumber(run);
+  const std::size_t place = splitBefore(row);
+  std::vector<Chunk> added;
+  for (; count > 0; count -= kNewChunkRows) {
+    added.push_back({0, std::min(count, kNewChunkRows), nullptr});
+  }
+  chunks_.insert(chunks_.begin() + static_cast<std::ptrdiff_t>(place), added.begin(), added.end());
+  renumber(place);
 }
 
 void RowBlocks::remove(int row, int count) {
   if (count <= 0) return;
   count_ -= count;
-  std::size_t run = runOf(row);
-  if (row + count < runs_[run].first + runs_[run].rows) {
-    if (runs_[run].block) own(run).remove(row - runs_[run].first, count);
-    runs_[run].rows -= count;
-  } else {
-    run = splitBefore(row);
-    const std::size_t end = splitBefore(row + count);
-    runs_.erase(runs_.begin() + static_cast<std::ptrdiff_t>(run),
-                runs_.begin() + static_cast<std::ptrdiff_t>(end));
+  const std::size_t place = chunkOf(row);
+  Chunk& chunk = chunks_[place];
+  if (row + count < chunk.end()) {
+    if (chunk.block) own(chunk).remove(row - chunk.first, count);
+    chunk.rows -= count;
+    return renumber(place);
   }
-  renumber(run);
-  if (run > 0 && merge(run - 1)) --run;
-  merge(run);
+  const auto first = static_cast<std::ptrdiff_t>(splitBefore(row));
+  const auto end = static_cast<std::ptrdiff_t>(splitBefore(row + count));
+  chunks_.erase(chunks_.begin() + first, chunks_.begin() + end);
+  renumber(static_cast<std::size_t>(first));
 }
 
 void RowBlocks::keepColumns(int count) {
-  for (std::size_t run = 0; run < runs_.size(); ++run) {
-    if (runs_[run].block) own(run).keepColumns(count);
+  for (Chunk& chunk : chunks_) {
+    if (chunk.block) own(chunk).keepColumns(count);
   }
 }
 
-RowBlocks::Place RowBlocks::find(int row) const {
-  const Run& run = runs_[runOf(row)];
-  return {run.block.get(), row - run.first};
+const CellNumbers& RowBlocks::cell(int col, int row) const {
+  static constexpr CellNumbers kEmptyCell;
+  const Chunk& chunk = chunks_[chunkOf(row)];
+  return chunk.block ? chunk.block->cell(col, row - chunk.first) : kEmptyCell;
 }
 
-RowBlocks::WritablePlace RowBlocks::write(int row) {
-  std::size_t run = runOf(row);
-  if (!runs_[run].block) run = carve(run, row);
-  return {own(run), row - runs_[run].first};
+CellNumbers& RowBlocks::writableCell(int col, int row) {
+  Chunk& chunk = chunks_[chunkOf(row)];
+  return own(chunk).writableCell(col, row - chunk.first);
 }
 
-int RowBlocks::nextWritten(int row) const {
-  if (row >= count_) return count_;
-  std::size_t run = runOf(row);
-  while (run < runs_.size() && !runs_[run].block) ++run;
-  return run < runs_.size() ? std::max(row, runs_[run].first) : count_;
+RowLook RowBlocks::look(int row) const {
+  const Chunk& chunk = chunks_[chunkOf(row)];
+  return chunk.block ? chunk.block->look(row - chunk.first) : RowLook();
 }
 
-int RowBlocks::nextSized(int row) const {
-  if (row >= count_) return count_;
-  for (std::size_t run = runOf(row); run < runs_.size(); ++run) {
-    const Run& here = runs_[run];
-    if (!here.block) continue;
-    const int index = here.block->nextSized(std::max(row - here.first, 0));
-    if (index < here.rows) return here.first + index;
-  }
-  return count_;
+RowLook& RowBlocks::writableLook(int row) {
+  Chunk& chunk = chunks_[chunkOf(row)];
+  return own(chunk).writableLook(row - chunk.first);
 }
 
 void RowBlocks::restyle(int col, int firstRow, int lastRow, const Restyle& map) {
   const bool skipsEmpty = map(StyleTable::kNothingSet) == StyleTable::kNothingSet;
   for (int row = firstRow; row <= lastRow;) {
-    std::size_t run = runOf(row);
-    const RowBlock* block = runs_[run].block.get();
-    const CellColumn* column = block ? block->column(col) : nullptr;
-    if (!skipsEmpty || column) {
-      if (!block) run = carve(run, row);
-      const int last = std::min(lastRow, runs_[run].first + runs_[run].rows - 1);
-      own(run).writableColumn(col).restyle(row - runs_[run].first, last - runs_[run].first, map);
+    Chunk& chunk = chunks_[chunkOf(row)];
+    const int last = std::min(lastRow, chunk.end() - 1);
+    if (chunk.block || !skipsEmpty) {
+      own(chunk).restyle(col, row - chunk.first, last - chunk.first, map);
     }
-    row = runs_[run].first + runs_[run].rows;
+    row = last + 1;
   }
 }
 
-// Rows written from the first on lie in runs of equal length, so a guess is nearly always right.
-std::size_t RowBlocks::runOf(int row) const {
-  const auto guess = static_cast<std::size_t>(row) / kNewBlockRows;
-  if (guess < runs_.size() && runs_[guess].has(row)) return guess;
-  const auto after = std::upper_bound(runs_.begin(), runs_.end(), row,
-                                      [](int r, const Run& run) { return r < run.first; });
-  return static_cast<std::size_t>(after - runs_.begin()) - 1;
+int RowBlocks::nextWritten(int row) const {
+  if (row >= count_) return count_;
+  std::size_t place = chunkOf(row);
+  while (place < chunks_.size() && !chunks_[place].block) ++place;
+  return place < chunks_.size() ? std::max(row, chunks_[place].first) : count_;
 }
 
-// Makes the block writable without changing it for those who share it.
-RowBlock& RowBlocks::own(std::size_t run) {
-  std::shared_ptr<RowBlock>& block = runs_[run].block;
-  if (block.use_count() > 1) block = std::make_shared<RowBlock>(*block);
-  return *block;
+int RowBlocks::nextSized(int row) const {
+  if (row >= count_) return count_;
+  for (std::size_t place = chunkOf(row); place < chunks_.size(); ++place) {
+    const Chunk& chunk = chunks_[place];
+    if (!chunk.block) continue;
+    const int index = chunk.block->nextSized(std::max(row - chunk.first, 0));
+    if (index < chunk.rows) return chunk.first + index;
+  }
+  return count_;
 }
 
-// Gives the row of a run without a block a block of its own.
-std::size_t RowBlocks::carve(std::size_t run, int row) {
-  const int first = runs_[run].first;
-  const int start = first + (row - first) / kNewBlockRows * kNewBlockRows;
-  const int end = std::min(start + kNewBlockRows, first + runs_[run].rows);
-  run = splitBefore(start);
-  splitBefore(end);
-  runs_[run].block = std::make_shared<RowBlock>(*pool_);
-  return run;
+// Chunks are mostly as long as they were made, so a guess is nearly always right.
+std::size_t RowBlocks::chunkOf(int row) const {
+  const auto guess = static_cast<std::size_t>(row) / kNewChunkRows;
+  if (guess < chunks_.size() && row >= chunks_[guess].first && row < chunks_[guess].end()) {
+    return guess;
+  }
+  const auto after = std::upper_bound(chunks_.begin(), chunks_.end(), row,
+                                      [](int r, const Chunk& chunk) { return r < chunk.first; });
+  return static_cast<std::size_t>(after - chunks_.begin()) - 1;
 }
 
-// The run that begins with the row, split off where the row is inside a run; at the end of the
-// sheet the number of runs.
+// Makes the chunk writable without changing its block for those who share it.
+RowBlock& RowBlocks::own(Chunk& chunk) {
+  if (!chunk.block) {
+    chunk.block = std::make_shared<RowBlock>();
+  } else if (chunk.block.use_count() > 1) {
+    chunk.block = std::make_shared<RowBlock>(*chunk.block);
+  }
+  return *chunk.block;
+}
+
+// The chunk that begins with the row, split off where the row is inside one; at the end of the
+// sheet the number of chunks.
 std::size_t RowBlocks::splitBefore(int row) {
-  if (runs_.empty() || row >= runs_.back().first + runs_.back().rows) return runs_.size();
-  const std::size_t run = runOf(row);
-  if (runs_[run].first == row) return run;
-  split(run, row - runs_[run].first);
-  return run + 1;
+  if (chunks_.empty() || row >= chunks_.back().end()) return chunks_.size();
+  const std::size_t place = chunkOf(row);
+  Chunk& chunk = chunks_[place];
+  if (chunk.first == row) return place;
+  const int kept = row - chunk.first;
+  Chunk tail{row, chunk.rows - kept, nullptr};
+  if (chunk.block) tail.block = std::make_shared<RowBlock>(own(chunk).splitOff(kept));
+  chunk.rows = kept;
+  chunks_.insert(chunks_.begin() + static_cast<std::ptrdiff_t>(place) + 1, std::move(tail));
+  return place + 1;
 }
 
-void RowBlocks::split(std::size_t run, int rows) {
-  Run tail{runs_[run].first + rows, runs_[run].rows - rows, nullptr};
-  if (runs_[run].block) tail.block = std::make_shared<RowBlock>(own(run).splitOff(rows));
-  runs_[run].rows = rows;
-  runs_.insert(runs_.begin() + static_cast<std::ptrdiff_t>(run) + 1, std::move(tail));
-}
-
-void RowBlocks::insertRun(std::size_t run, int rows) {
-  runs_.insert(runs_.begin() + static_cast<std::ptrdiff_t>(run), Run{0, rows, nullptr});
-}
-
-// Joins a run with the one after it where that keeps blocks from growing ever smaller.
-bool RowBlocks::merge(std::size_t run) {
-  if (run + 1 >= runs_.size()) return false;
-  Run& upper = runs_[run];
-  const Run& lower = runs_[run + 1];
-  const bool bothEmpty = !upper.block && !lower.block;
-  if (!bothEmpty && upper.rows > kNewBlockRows - lower.rows) return false;
-  if (lower.block) {
-    if (!upper.block) upper.block = std::make_shared<RowBlock>(*pool_);
-    own(run).append(upper.rows, *lower.block);
-  }
-  upper.rows += lower.rows;
-  runs_.erase(runs_.begin() + static_cast<std::ptrdiff_t>(run) + 1);
-  return true;
-}
-
-void RowBlocks::renumber(std::size_t run) {
-  for (; run < runs_.size(); ++run) {
-    runs_[run].first = run == 0 ? 0 : runs_[run - 1].first + runs_[run - 1].rows;
+void RowBlocks::renumber(std::size_t chunk) {
+  for (; chunk < chunks_.size(); ++chunk) {
+    chunks_[chunk].first = chunk == 0 ? 0 : chunks_[chunk - 1].end();
   }
 }
 

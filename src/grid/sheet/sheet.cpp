@@ -64,7 +64,7 @@ void Sheet::SetCols(int count) {
 
 void Sheet::SetRows(int count) {
   count = std::clamp(count, 0, kMaxRows);
-  if (count != Rows()) change().blocks().resize(count);
+  if (count != Rows()) change().setRows(count);
 }
 
 void Sheet::InsertRows(int row, int count) {
@@ -102,7 +102,78 @@ void Sheet::SetCellTag(int col, int row, const QString& tag) {
 }
 
 CellNumbers Sheet::NumbersAt(int col, int row) const {
-  return row >= 0 && has(col, row) ? content_->numbers(col, row) : CellNumbers();
+  return row >= 0 && has(col, row) ? content_->blocks().cell(col, row) : CellNumbers();
+}
+
+void Sheet::SetCellOption(int col, int row, int option) {
+  set(col, row, CellProperty::Option, StyleTable::plainWord(option));
+}
+
+int Sheet::CellOption(int col, int row) const {
+  return StyleAt(col, row).option;
+}
+
+void Sheet::SetCellAlign(int col, int row, int flags) {
+  set(col, row, CellProperty::Align, StyleTable::plainWord(flags));
+}
+
+void Sheet::SetCellInput(int col, int row, int mode) {
+  set(col, row, CellProperty::Input, StyleTable::plainWord(mode));
+}
+
+void Sheet::SetCellWrap(int col, int row, bool on) {
+  set(col, row, CellProperty::Wrap, on ? 1 : 0);
+}
+
+void Sheet::SetCellColors(int col, int row, PackedColour text, PackedColour back) {
+  set(col, row, CellProperty::Colours, StyleTable::coloursWord({text, back}));
+}
+
+void Sheet::SetCellFont(int col, int row, int size, int style, const QString& face) {
+  if (!has(col, row)) return;
+  SheetContent& content = change();
+  content.set(col, row, CellProperty::Font, content.styles().fontWord({face, size, style}));
+}
+
+void Sheet::SetDefaultFont(int size, int style, const QString& face) {
+  if (const CellFont font{face, size, style}; font != DefaultFont()) change().setDefaultFont(font);
+}
+
+CellFont Sheet::DefaultFont() const {
+  return content_->defaultFont();
+}
+
+void Sheet::SetRangeBorder(int col1, int row1, int col2, int row2, int kind, int width,
+                           PackedColour colour) {
+  const int firstRow = std::max(row1, 0);
+  const int lastRow = std::min(row2, Rows() - 1);
+  if (kind != 0 || firstRow > lastRow) return;
+  const quint64 word = StyleTable::borderWord({width, colour});
+  for (int col = std::max(col1, 0); col <= std::min(col2, Cols() - 1); ++col) {
+    change().setBorder(col, firstRow, lastRow, word);
+  }
+}
+
+const CellStyle& Sheet::StyleAt(int col, int row) const {
+  return content_->styles().look(static_cast<StyleTable::Number>(StyleNumberAt(col, row)));
+}
+
+int Sheet::StyleNumberAt(int col, int row) const {
+  return static_cast<int>(has(col, row) ? content_->shown(col, row) : content_->shownOutside());
+}
+
+CellSettings Sheet::SettingsAt(int col, int row) const {
+  return content_->styles().settings(static_cast<StyleTable::Number>(SettingsNumberAt(col, row)));
+}
+
+int Sheet::SettingsNumberAt(int col, int row) const {
+  return static_cast<int>(has(col, row) ? content_->own(col, row) : StyleTable::kNothingSet);
+}
+
+void Sheet::SetCellSettings(int col, int row, const CellSettings& settings) {
+  if (!has(col, row)) return;
+  SheetContent& content = change();
+  content.setOwn(col, row, content.styles().numberOf(settings));
 }
 
 void Sheet::SetColumnWidth(int col, int width) {
@@ -115,14 +186,11 @@ std::optional<int> Sheet::ColumnWidth(int col) const {
 
 void Sheet::SetRowHeight(int row, int height) {
   if (!hasRow(row)) return;
-  const auto place = change().blocks().write(row);
-  place.block.writableLook(place.index).height = std::clamp(height, 0, kMaxPixels);
+  change().blocks().writableLook(row).height = std::clamp(height, 0, kMaxPixels);
 }
 
 std::optional<int> Sheet::RowHeight(int row) const {
-  if (!hasRow(row)) return std::nullopt;
-  const auto place = content_->blocks().find(row);
-  return place.block ? place.block->look(place.index).height : std::nullopt;
+  return hasRow(row) ? content_->blocks().look(row).height : std::nullopt;
 }
 
 void Sheet::SetDefaultRowHeight(int height) {
@@ -134,15 +202,11 @@ int Sheet::DefaultRowHeight() const {
 }
 
 void Sheet::HideRow(int row) {
-  if (!hasRow(row)) return;
-  const auto place = change().blocks().write(row);
-  place.block.writableLook(place.index).hidden = true;
+  if (hasRow(row)) change().blocks().writableLook(row).hidden = true;
 }
 
 bool Sheet::IsRowHidden(int row) const {
-  if (!hasRow(row)) return false;
-  const auto place = content_->blocks().find(row);
-  return place.block && place.block->look(place.index).hidden;
+  return hasRow(row) && content_->blocks().look(row).hidden;
 }
 
 int Sheet::NextShownRow(int row) const {

@@ -10,8 +10,6 @@ namespace {
 
 using Number = StyleTable::Number;
 
-const QString kNoText;
-
 }  // namespace
 
 SheetContent::SheetContent() {
@@ -28,26 +26,20 @@ void SheetContent::setCols(int count) {
   }
 }
 
+// A pool begins anew with the rows: the texts that an emptied list had are not needed again.
+void SheetContent::setRows(int count) {
+  rows_.resize(count);
+  if (count == 0) texts_ = std::make_shared<TextPool>();
+}
+
 const QString& SheetContent::text(int col, int row) const {
   if (row == kHeadingRow) return column(col).headingText;
-  if (row == kEveryRow) return kNoText;
-  const auto place = rows_.find(row);
-  const CellColumn* cells = place.block ? place.block->column(col) : nullptr;
-  return cells ? cells->text(place.index) : kNoText;
+  return texts_->text(row == kEveryRow ? 0 : rows_.cell(col, row).text);
 }
 
 const QString& SheetContent::tag(int col, int row) const {
   if (row == kHeadingRow) return column(col).headingTag;
-  if (row == kEveryRow) return kNoText;
-  const auto place = rows_.find(row);
-  const CellColumn* cells = place.block ? place.block->column(col) : nullptr;
-  return cells ? cells->tag(place.index) : kNoText;
-}
-
-CellNumbers SheetContent::numbers(int col, int row) const {
-  const auto place = rows_.find(row);
-  const CellColumn* cells = place.block ? place.block->column(col) : nullptr;
-  return cells ? cells->numbers(place.index) : CellNumbers();
+  return texts_->text(row == kEveryRow ? 0 : rows_.cell(col, row).tag);
 }
 
 void SheetContent::setText(int col, int row, const QString& text) {
@@ -56,17 +48,14 @@ void SheetContent::setText(int col, int row, const QString& text) {
   } else if (row == kEveryRow) {
     for (int r = 0; r < rows(); ++r) setText(col, r, text);
   } else {
-    const auto place = rows_.write(row);
-    place.block.writableColumn(col).setText(place.index, text);
+    rows_.writableCell(col, row).text = texts_->idOf(text);
   }
 }
 
 void SheetContent::setTexts(int row, std::span<const QString> texts) {
-  const auto place = rows_.write(row);
   for (int col = 0; const QString& text : texts) {
-    if (!text.isEmpty() || place.block.column(col)) {
-      place.block.writableColumn(col).setText(place.index, text);
-    }
+    const TextPool::Id id = texts_->idOf(text);
+    if (id != rows_.cell(col, row).text) rows_.writableCell(col, row).text = id;
     ++col;
   }
 }
@@ -77,17 +66,13 @@ void SheetContent::setTag(int col, int row, const QString& tag) {
   } else if (row == kEveryRow) {
     for (int r = 0; r < rows(); ++r) setTag(col, r, tag);
   } else {
-    const auto place = rows_.write(row);
-    place.block.writableColumn(col).setTag(place.index, tag);
+    rows_.writableCell(col, row).tag = texts_->idOf(tag);
   }
 }
 
 Number SheetContent::own(int col, int row) const {
   if (row == kHeadingRow) return column(col).heading;
-  if (row == kEveryRow) return column(col).defaults;
-  const auto place = rows_.find(row);
-  const CellColumn* cells = place.block ? place.block->column(col) : nullptr;
-  return cells ? cells->numbers(place.index).settings : StyleTable::kNothingSet;
+  return row == kEveryRow ? column(col).defaults : rows_.cell(col, row).settings;
 }
 
 Number SheetContent::shown(int col, int row) const {
@@ -102,8 +87,7 @@ void SheetContent::set(int col, int row, CellProperty property, quint64 word) {
     if (row == kEveryRow) dropFromCells(col, property);
     return;
   }
-  const auto place = rows_.write(row);
-  Number& style = place.block.writableColumn(col).writableSettings(place.index);
+  Number& style = rows_.writableCell(col, row).settings;
   style = styles_.with(style, property, word);
   admit(column(col), style);
 }
@@ -112,8 +96,7 @@ void SheetContent::setOwn(int col, int row, Number style) {
   if (row == kHeadingRow) return setHeading(column(col), style);
   if (row == kEveryRow) return setDefaults(column(col), style);
   admit(column(col), style);
-  const auto place = rows_.write(row);
-  place.block.writableColumn(col).writableSettings(place.index) = style;
+  rows_.writableCell(col, row).settings = style;
 }
 
 void SheetContent::setBorder(int col, int firstRow, int lastRow, quint64 word) {

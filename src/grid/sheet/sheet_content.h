@@ -1,6 +1,7 @@
 #pragma once
 
 #include "grid/sheet/row_blocks.h"
+#include "grid/sheet/text_pool.h"
 
 #include <span>
 
@@ -15,13 +16,13 @@ class SheetContent {
   int cols() const { return static_cast<int>(columns_.size()); }
   int rows() const { return rows_.count(); }
   void setCols(int count);
+  void setRows(int count);
   RowBlocks& blocks() { return rows_; }
   const RowBlocks& blocks() const { return rows_; }
 
   // Valid until the content changes.
   const QString& text(int col, int row) const;
   const QString& tag(int col, int row) const;
-  CellNumbers numbers(int col, int row) const;  // not of headings
   void setText(int col, int row, const QString& text);
   void setTexts(int row, std::span<const QString> texts);  // of the first columns; not of headings
   void setTag(int col, int row, const QString& tag);
@@ -73,6 +74,7 @@ class SheetContent {
 
   std::vector<Column> columns_;
   RowBlocks rows_;
+  std::shared_ptr<TextPool> texts_ = std::make_shared<TextPool>();
   StyleTable styles_;
   StyleTable::Number base_;
   StyleTable::Number headingBase_;

@@ -1,6 +1,6 @@
 #include "grid/surface/clipboard_text.h"
 
-#include "grid/files/row_progress.h"
+#include "grid/files/exported_sheet.h"
 #include "routine/calendar_text.h"
 
 #include <QRegularExpression>

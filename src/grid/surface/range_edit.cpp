@@ -1,6 +1,6 @@
 #include "grid/surface/range_edit.h"
 
-#include "grid/files/row_progress.h"
+#include "grid/files/exported_sheet.h"
 #include "grid/surface/grid_colours.h"
 #include "routine/calendar_text.h"
 

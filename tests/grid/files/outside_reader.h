@@ -11,17 +11,18 @@ namespace vellora::test {
 inline QStringList linesOf(const QString& program, const QStringList& arguments) {
   QProcess process;
   process.start(program, arguments);
-  const bool hasEnded = process.waitForFinished(240'000);
-  EXPECT_TRUE(hasEnded) << program.toStdString() << ": " << process.errorString().toStdString();
+  EXPECT_TRUE(process.waitForFinished(240'000)) << process.errorString().toStdString();
   EXPECT_EQ(process.exitCode(), 0) << process.readAllStandardError().toStdString();
   return QString::fromUtf8(process.readAllStandardOutput()).split(u'\n', Qt::SkipEmptyParts);
 }
 
-inline bool runsWell(const QString& program, const QStringList& arguments) {
-  QProcess process;
-  process.start(program, arguments);
-  return process.waitForFinished(60'000) && process.exitStatus() == QProcess::NormalExit &&
-         process.exitCode() == 0;
+inline QStringList readXls(const QStringList& paths) {
+  return linesOf(QStringLiteral(PYTHON),
+                 QStringList(QStringLiteral(READER_DIR "/read_xls.py")) + paths);
+}
+
+inline QStringList readHtml(const QString& path) {
+  return linesOf(QStringLiteral(PYTHON), {QStringLiteral(READER_DIR "/read_html.py"), path});
 }
 
 }  // namespace vellora::test

@@ -3,16 +3,13 @@
 #include "file_messages.h"
 #include "sample_workbook.h"
 #include "sheet_comparison.h"
-#include "support/file_size_limit.h"
 #include "support/temporary_folder.h"
 #include "support/text_output.h"
 
-#include <QCborStreamWriter>
 #include <QCryptographicHash>
 
 #include <functional>
 #include <gtest/gtest.h>
-#include <random>
 
 namespace vellora {
 namespace {
@@ -53,77 +50,13 @@ QByteArray contentOf(const QByteArray& file) {
   return file.sliced(kHeadSize, file.size() - kHeadSize - kHashSize);
 }
 
-using Write = std::function<void(QCborStreamWriter&)>;
-
-QByteArray cbor(const Write& write) {
-  QByteArray bytes;
-  QCborStreamWriter writer(&bytes);
-  write(writer);
-  return bytes;
-}
-
-// A workbook whose only sheet has one column and two rows; the rows are written by the caller.
-QByteArray contentWithRows(const Write& rows) {
-  return cbor([&rows](QCborStreamWriter& w) {
-    w.startArray(3);
-    w.startArray(6);
-    for (int i = 0; i < 2; ++i) w.append(false);
-    for (int i = 0; i < 4; ++i) w.append(10.0);
-    w.endArray();
-    w.append(0);
-    w.startArray(1);
-    w.startArray(6);
-    w.append(QStringView(u"表"));
-    for (const int number : {2, 24}) w.append(number);
-    w.startArray(3);
-    w.append(QStringView(u"宋体"));
-    for (const int number : {8, 0}) w.append(number);
-    w.endArray();
-    w.startArray(1);
-    w.startArray(5);
-    w.appendNull();
-    for (int i = 0; i < 2; ++i) w.append(QStringView(u""));
-    for (int i = 0; i < 2; ++i) w.append(0);
-    w.endArray();
-    w.endArray();
-    w.startArray();
-    rows(w);
-    w.endArray();
-    w.endArray();
-    w.endArray();
-    w.endArray();
-  });
-}
-
-void startRow(QCborStreamWriter& writer, qint64 skipped) {
-  writer.startArray();
-  writer.append(skipped);
-  writer.appendNull();
-  writer.append(false);
-}
-
-void startCell(QCborStreamWriter& writer, int skipped, int look) {
-  writer.startArray();
-  writer.append(skipped);
-  writer.append(look);
-}
-
 }  // namespace
 
 TEST_F(WorkbookFile, KeepsEverythingOfAWorkbook) {
   EXPECT_EQ(test::difference(test::sampleWorkbook(), roundTrip(test::sampleWorkbook())), QString());
 }
 
-TEST_F(WorkbookFile, KeepsDefaultsApartFromCellsSoThatTheyGoOnHolding) {
-  Workbook read = roundTrip(test::sampleWorkbook());
-  read.sheet().SetRows(41);
-  EXPECT_EQ(read.sheet().StyleAt(0, 40).align, kAlignCentred);
-  read.sheet().SetDefaultFont(20, kFontRegular, u"宋体"_qs);
-  EXPECT_EQ(read.sheet().StyleAt(0, 0).font.size, 20);
-  EXPECT_EQ(read.sheet().StyleAt(2, 0).font.size, 12);
-}
-
-TEST_F(WorkbookFile, KeepsTextsOfEveryKind) {
+TEST_F(WorkbookFile, KeepsTextsOfEveryKindAndNumber) {
   Workbook workbook;
   Sheet& sheet = workbook.sheet();
   sheet.SetCols(1);
@@ -135,30 +68,13 @@ TEST_F(WorkbookFile, KeepsTextsOfEveryKind) {
     sheet.SetRows(sheet.Rows() + 1);
     sheet.SetCellText(0, sheet.Rows() - 1, text);
   }
-  EXPECT_EQ(test::difference(workbook, roundTrip(workbook)), QString());
-}
-
-TEST_F(WorkbookFile, KeepsMoreDistinctTextsThanItNumbers) {
-  Workbook workbook;
-  workbook.sheet().SetCols(2);
-  workbook.sheet().SetRows(70'000);
-  for (int row = 0; row < 70'000; ++row) {
-    workbook.sheet().SetCellText(0, row, QString::number(row));
-    workbook.sheet().SetCellTag(1, row, QString::number(69'999 - row));
+  // More than the file numbers, and each again.
+  for (int row = sheet.Rows(); row < 70'000; ++row) {
+    sheet.SetRows(row + 1);
+    sheet.SetCellText(0, row, QString::number(row));
+    sheet.SetCellTag(0, row, QString::number(70'000 - row));
   }
   EXPECT_EQ(test::difference(workbook, roundTrip(workbook)), QString());
-}
-
-TEST_F(WorkbookFile, KeepsASheetWithoutAnythingAndOneOfABillionRows) {
-  Workbook workbook;
-  workbook.AddSheet(QString());
-  workbook.sheetAt(1).SetCols(2);
-  workbook.sheetAt(1).SetRows(kMaxRows);
-  workbook.sheetAt(1).SetCellText(1, kMaxRows - 1, u"x"_qs);
-  const Workbook read = roundTrip(workbook);
-  EXPECT_EQ(test::difference(read.sheetAt(0), Sheet()), QString());
-  EXPECT_EQ(read.sheetAt(1).GetCellText(1, kMaxRows - 1), u"x"_qs);
-  EXPECT_LT(test::bytesOf(path).size(), 300);
 }
 
 TEST_F(WorkbookFile, TellsAWorkbookFromOneThatDiffersInOnePlace) {
@@ -171,22 +87,22 @@ TEST_F(WorkbookFile, TellsAWorkbookFromOneThatDiffersInOnePlace) {
       [](Workbook& book) { book.SetCurrentSheet(0); },
       [](Workbook& book) { book.pageSetup.marginTop = 11.5; },
       [](Workbook& book) { book.sheetAt(0).SetRows(1); },
-      [](Workbook& book) { book.sheet().SetCols(4); },
-      [](Workbook& book) { book.sheet().SetDefaultRowHeight(39); },
-      [](Workbook& book) { book.sheet().SetDefaultFont(10, kFontRegular, u"楷体_GB2312"_qs); },
-      [](Workbook& book) { book.sheet().SetColumnWidth(1, 261); },
-      [](Workbook& book) { book.sheet().SetCellText(1, kHeadingRow, u"类别"_qs); },
-      [](Workbook& book) { book.sheet().SetCellTag(1, kHeadingRow, QString()); },
-      [](Workbook& book) { book.sheet().SetCellAlign(1, kHeadingRow, kAlignRight); },
-      [](Workbook& book) { book.sheet().SetCellAlign(0, kEveryRow, kAlignRight); },
-      [](Workbook& book) { book.sheet().SetCellText(0, 0, u"08:00"_qs); },
-      [](Workbook& book) { book.sheet().SetCellTag(0, 0, u"A02"_qs); },
-      [](Workbook& book) { book.sheet().SetCellFont(2, 0, 13, kFontBold, u"黑体"_qs); },
-      [](Workbook& book) { book.sheet().SetCellText(0, 1, u"中间"_qs); },
-      [](Workbook& book) { book.sheet().SetCellText(1, 0, u"中间"_qs); },
-      [](Workbook& book) { book.sheet().SetCellWrap(1, 39, true); },
-      [](Workbook& book) { book.sheet().SetRowHeight(3, 52); },
-      [](Workbook& book) { book.sheet().HideRow(39); },
+      [](Workbook& b) { b.sheet().SetCols(5); },
+      [](Workbook& b) { b.sheet().SetDefaultRowHeight(39); },
+      [](Workbook& b) { b.sheet().SetDefaultFont(10, kFontRegular, u"楷体_GB2312"_qs); },
+      [](Workbook& b) { b.sheet().SetColumnWidth(1, 261); },
+      [](Workbook& b) { b.sheet().SetCellText(1, kHeadingRow, u"类别"_qs); },
+      [](Workbook& b) { b.sheet().SetCellTag(1, kHeadingRow, QString()); },
+      [](Workbook& b) { b.sheet().SetCellAlign(1, kHeadingRow, kAlignRight); },
+      [](Workbook& b) { b.sheet().SetCellAlign(0, kEveryRow, kAlignRight); },
+      [](Workbook& b) { b.sheet().SetCellText(0, 0, u"08:00"_qs); },
+      [](Workbook& b) { b.sheet().SetCellTag(0, 0, u"A02"_qs); },
+      [](Workbook& b) { b.sheet().SetCellFont(2, 0, 13, kFontBold, u"黑体"_qs); },
+      [](Workbook& b) { b.sheet().SetCellText(0, 1, u"中间"_qs); },
+      [](Workbook& b) { b.sheet().SetCellText(1, 0, u"中间"_qs); },
+      [](Workbook& b) { b.sheet().SetCellWrap(1, 39, true); },
+      [](Workbook& b) { b.sheet().SetRowHeight(3, 52); },
+      [](Workbook& b) { b.sheet().HideRow(39); },
   };
   for (const auto& change : changes) {
     Workbook changed = sample;
@@ -229,76 +145,6 @@ TEST_F(WorkbookFile, SaysThatAFileIsMissingNoFileOrNewer) {
             u"文件“%1”由更新版本的程序写成，无法读取。"_qs.arg(path));
 }
 
-TEST_F(WorkbookFile, RefusesHostileContentWithARightHash) {
-  const QByteArray sample = sampleBytes();
-  const Write good = [](QCborStreamWriter& w) {
-    startRow(w, 0);
-    w.append(QStringView(u"text"));
-    w.endArray();
-    startRow(w, 0);
-    startCell(w, 0, 0);
-    for (int i = 0; i < 2; ++i) w.append(0);
-    for (int i = 0; i < 2; ++i) w.endArray();
-  };
-  ASSERT_EQ(messageFor(withContent(sample, contentWithRows(good))), QString());
-  const struct {
-    const char* what;
-    Write rows;
-  } cases[]{
-      {"a row beyond the last",
-       [](auto& w) {
-         startRow(w, 2);
-         w.endArray();
-       }},
-      {"a negative number of skipped rows",
-       [](auto& w) {
-         startRow(w, -1);
-         w.endArray();
-       }},
-      {"an overflowing number of skipped rows",
-       [](auto& w) {
-         startRow(w, std::numeric_limits<qint64>::max());
-         w.endArray();
-       }},
-      {"a column beyond the last",
-       [](auto& w) {
-         startRow(w, 0);
-         startCell(w, 1, 0);
-         for (int i = 0; i < 2; ++i) w.append(QStringView(u"x"));
-         for (int i = 0; i < 2; ++i) w.endArray();
-       }},
-      {"more texts than columns",
-       [](auto& w) {
-         startRow(w, 0);
-         for (int i = 0; i < 2; ++i) w.append(QStringView(u"x"));
-         w.endArray();
-       }},
-      {"the number of a text that does not exist",
-       [](auto& w) {
-         startRow(w, 0);
-         w.append(0);
-         w.endArray();
-       }},
-      {"the number of a look that does not exist",
-       [](auto& w) {
-         startRow(w, 0);
-         startCell(w, 0, 1);
-         for (int i = 0; i < 2; ++i) w.append(QStringView(u"x"));
-         for (int i = 0; i < 2; ++i) w.endArray();
-       }},
-      {"half a cell",
-       [](auto& w) {
-         startRow(w, 0);
-         startCell(w, 0, 0);
-         for (int i = 0; i < 2; ++i) w.endArray();
-       }},
-      {"rows that are no arrays", [](auto& w) { w.append(1); }},
-  };
-  for (const auto& c : cases) {
-    EXPECT_EQ(messageFor(withContent(sample, contentWithRows(c.rows))), malformed()) << c.what;
-  }
-}
-
 TEST_F(WorkbookFile, RefusesContentThatNestsDeeplyOrClaimsMoreThanThereIs) {
   const QByteArray sample = sampleBytes();
   const QByteArray text = QByteArray::fromHex("7b7fffffffffffffff");   // 2^63 − 1 bytes of text
@@ -314,39 +160,6 @@ TEST_F(WorkbookFile, RefusesContentThatNestsDeeplyOrClaimsMoreThanThereIs) {
   for (const QByteArray& content : contents) {
     EXPECT_EQ(messageFor(withContent(sample, content)), malformed())
         << content.left(80).toHex().toStdString();
-  }
-}
-
-TEST_F(WorkbookFile, ReadsOrRefusesAnyContentWithARightHash) {
-  const QByteArray sample = sampleBytes();
-  const QByteArray content = contentOf(sample);
-  std::mt19937 random(7);
-  int refused = 0;
-  for (int turn = 0; turn < 4'000; ++turn) {
-    QByteArray changed = content;
-    for (unsigned i = 0; i < 1 + random() % 3; ++i) {
-      changed[static_cast<qsizetype>(random() % static_cast<unsigned>(content.size()))] =
-          static_cast<char>(random());
-    }
-    const QString message = messageFor(withContent(sample, changed));
-    ASSERT_TRUE(message.isEmpty() || message == malformed()) << turn;
-    refused += message.isEmpty() ? 0 : 1;
-  }
-  EXPECT_GT(refused, 1'000);
-}
-
-TEST_F(WorkbookFile, StaysWholeWhenTheDiskFillsUpAtAnyByte) {
-  const QByteArray old = sampleBytes();
-  Workbook changed = test::sampleWorkbook();
-  changed.sheet().SetCellText(1, 1, u"新"_qs);
-  for (rlim_t limit = 0; limit < static_cast<rlim_t>(old.size()); limit += 7) {
-    const QString message = test::messageOf([&] {
-      const test::FileSizeLimit full(limit);
-      writeWorkbookFile(changed, path);
-    });
-    ASSERT_EQ(message, u"无法写入文件“%1”：文件超过了系统允许的大小。"_qs.arg(path)) << limit;
-    ASSERT_EQ(test::bytesOf(path), old);
-    ASSERT_EQ(folder.names().size(), 1);
   }
 }
 

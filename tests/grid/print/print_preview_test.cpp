@@ -3,18 +3,15 @@
 #include "support/temporary_folder.h"
 #include "support/text_output.h"
 
-#include <QAction>
 #include <QApplication>
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPageLayout>
-#include <QPrintDialog>
 #include <QPrintPreviewDialog>
 #include <QPrinter>
 #include <QPushButton>
 #include <QTimer>
-#include <QToolBar>
 
 #include <functional>
 #include <gtest/gtest.h>
@@ -72,18 +69,6 @@ TEST_F(PrintPreview, SavesAPdfFromAVisibleButton) {
   EXPECT_TRUE(test::bytesOf(path).startsWith("%PDF"));
 }
 
-TEST_F(PrintPreview, OpensThePrintDialogFromItsFirstButton) {
-  bool isAsked = false;
-  show([&](QPrintPreviewDialog& dialog) {
-    withNextWindow<QPrintDialog>([&](QDialog& printDialog) {
-      isAsked = true;
-      printDialog.reject();
-    });
-    dialog.findChild<QToolBar*>()->actions().constFirst()->trigger();
-  });
-  EXPECT_TRUE(isAsked);
-}
-
 TEST_F(PrintPreview, TellsWhyAPdfCannotBeSavedAndStaysOpen) {
   QString message;
   show([&](QPrintPreviewDialog& dialog) {
@@ -110,26 +95,6 @@ TEST_F(PrintPreview, ClosesWhenTheUserGivesTheLayoutUp) {
   EXPECT_EQ(previewSheet(sheet, setup, PrintHeadings::HeadingStrip, u"活动项目"_qs, nullptr, run),
             setup);
   EXPECT_GE(layouts, 1);
-}
-
-TEST_F(PrintPreview, APdfGivenUpAtAnyStepLeavesNothing) {
-  sheet.SetRows(60);
-  sheet.SetCellText(0, 59, u"末"_qs);
-  QStringList steps;
-  const auto save = [&](const WorkProgress& progress) {
-    savePdf(sheet, setup, PrintHeadings::HeadingStrip, paperOf(setup), u"表"_qs,
-            folder.path(u"表.pdf"_qs), progress);
-  };
-  for (int last = 0; last < 61; ++last) {
-    int left = last;
-    const auto progress = [&](const WorkStep& step) {
-      steps << step.what;
-      return left-- > 0;
-    };
-    EXPECT_THROW(save(progress), WorkGivenUp) << last;
-  }
-  EXPECT_TRUE(steps.contains(u"正在排版……"_qs) && steps.contains(u"正在绘制各页……"_qs));
-  EXPECT_TRUE(folder.names().isEmpty());
 }
 
 TEST_F(PrintPreview, GivesBackTheSetUpAsTheUserLeftIt) {

@@ -3,7 +3,6 @@
 #include "grid/files/file_messages.h"
 #include "grid/print/pdf_text.h"
 #include "grid/print/print_preview.h"
-#include "support/file_size_limit.h"
 #include "support/temporary_folder.h"
 #include "support/text_output.h"
 
@@ -68,15 +67,6 @@ TEST_F(PrintedSheet, ShowsEveryRowOnceWithHeadingsAndNumbersOnEachPage) {
   for (int row = 0; row < 250; ++row) {
     EXPECT_EQ(all.count(u"<活动%1>"_qs.arg(row)), row == 7 ? 0 : 1) << row;
   }
-}
-
-TEST_F(PrintedSheet, LeavesRoomForHeadingsAndPageNumbers) {
-  sheet.SetCols(1);
-  sheet.SetRows(6);
-  sheet.SetDefaultRowHeight(200);  // a page has room for 985
-  for (int row = kHeadingRow; row < 6; ++row) sheet.SetCellText(0, row, u"<%1>"_qs.arg(row));
-  print(PrintHeadings::HeadingStrip);
-  EXPECT_EQ(pages, (QStringList{u"<-1><0><1><2>第1页共2页"_qs, u"<-1><3><4><5>第2页共2页"_qs}));
 }
 
 TEST_F(PrintedSheet, WrapsTextsOfAnyLengthAndCutsNothing) {
@@ -171,24 +161,6 @@ TEST_F(PrintedSheet, IsSearchedAndCopiedWithTheCharactersThatWereTyped) {
     EXPECT_EQ(meantCharacter(character.unicode()), character.unicode());
   }
   EXPECT_TRUE(outputOf(u"pdfinfo"_qs, {path}).contains("Title:           列表"));
-}
-
-TEST_F(PrintedSheet, PrintsAnEmptySheetAsOnePage) {
-  print(PrintHeadings::FirstRow);
-  EXPECT_EQ(pages, QStringList{u"第1页共1页"_qs});
-}
-
-TEST_F(PrintedSheet, APdfThatDoesNotFitOnTheDiskLeavesTheOldOne) {
-  sheet.SetCols(1);
-  sheet.SetRows(1);
-  sheet.SetCellText(0, 0, u"x"_qs);
-  test::writeBytes(path, "old");
-  const QString message = test::messageOf([&] {
-    const test::FileSizeLimit full(1'000);
-    savePdf(sheet, setup, PrintHeadings::HeadingStrip, paperOf(setup), u"x"_qs, path);
-  });
-  EXPECT_EQ(message, u"无法写入文件“%1”：文件超过了系统允许的大小。"_qs.arg(path));
-  EXPECT_EQ(test::bytesOf(path), "old");
 }
 
 TEST_F(PrintedSheet, SaysThatAPrinterDoesNotTakeThePages) {

@@ -1,5 +1,6 @@
 """Prints what is in Excel files, one thing a line, as python3-xlrd reads them."""
 
+import functools
 import sys
 
 import xlrd
@@ -18,8 +19,9 @@ def colour(book, index, none):
     return "%02x%02x%02x" % rgb if rgb else none
 
 
-def look(book, cell):
-    form = book.xf_list[cell.xf_index]
+@functools.cache
+def look(book, xf_index):
+    form = book.xf_list[xf_index]
     font = book.font_list[form.font_index]
     border = form.border
     lines = {border.left_line_style, border.right_line_style,
@@ -56,7 +58,7 @@ def print_sheet(book, sheet):
         for col in range(sheet.ncols):
             cell = sheet.cell(row, col)
             if cell.ctype != xlrd.XL_CELL_EMPTY:
-                print("cell\t%d\t%d\t%s\t%s" % (row, col, value(cell), look(book, cell)))
+                print("cell\t%d\t%d\t%s\t%s" % (row, col, value(cell), look(book, cell.xf_index)))
 
 
 sys.stdout.reconfigure(encoding="utf-8", newline="\n")

@@ -1,0 +1,91 @@
+#include "schedule/week.h"
+
+#include "routine/calendar_text.h"
+#include "store/statements.h"
+
+namespace vellora {
+namespace {
+
+const QString& boardFace() {
+  static const QString kFace = u"宋体"_qs;
+  return kFace;
+}
+
+// One column of the first row, or nothing when there is no row.
+QString firstText(ScheduleStore& store, const QString& statement, QStringView column) {
+  RowCursor rows = store.readOnce(statement);
+  return rows.next() ? rows.text(column) : QString();
+}
+
+void fillHeadings(Sheet& sheet, QDate first) {
+  for (int col = 1; col < kBoardCols; ++col) {
+    const QDate day = first.addDays(col - 1);
+    sheet.SetCellText(col, 0, monthAndDay(day) + kLineBreak + weekdayName(day));
+    sheet.SetCellTag(col, 0, isoDate(day));
+  }
+  for (int col = 0; col < kBoardCols; ++col) {
+    sheet.SetCellAlign(col, 0, kAlignCentred);
+    sheet.SetCellFont(col, 0, 8, kFontBold, boardFace());
+  }
+}
+
+void fillPlannedCell(ScheduleStore& store, Sheet& sheet, int col, int row, RowCursor& plan) {
+  const QString activity = plan.text(u"HDMC");
+  sheet.SetCellText(col, row, activity + kLineBreak + plan.text(u"HDYQ"));
+  sheet.SetCellTag(col, row, activity);
+  RowCursor item = store.readOnce(statements::itemNamed(activity));
+  if (item.next()) {
+    sheet.SetCellColors(col, row, static_cast<PackedColour>(item.number(u"FRGB")), kPlanPaper);
+  } else {
+    sheet.SetCellColors(col, row, kBlack, kWhite);
+  }
+  sheet.SetCellAlign(col, row, kAlignCentred);
+}
+
+void emptyCell(Sheet& sheet, int col, int row) {
+  sheet.SetCellColors(col, row, kBlack, kWhite);
+  sheet.SetCellText(col, row, QString());
+  sheet.SetCellTag(col, row, QString());
+}
+
+}  // namespace
+
+void BuildTimeRows(ScheduleStore& store, Sheet& sheet) {
+  auto blocks = store.open(statements::blocksByCode());
+  sheet.SetRows(static_cast<int>(blocks.count()) + 1);
+  for (int row = 1; !blocks.atEnd(); ++row, blocks.moveNext()) {
+    sheet.SetCellText(
+        0, row,
+        blockHours(blocks.time(u"SJ0"), blocks.time(u"SJ1")) + kLineBreak + blocks.text(u"sjkm"));
+    sheet.SetCellTag(0, row, blocks.text(u"SJKH"));
+    sheet.SetCellAlign(0, row, kAlignCentred);
+    sheet.SetCellWrap(0, row, true);
+    for (int col = 1; col < kBoardCols; ++col) sheet.SetCellText(col, row, QString());
+  }
+}
+
+WeekTexts FillWeek(ScheduleStore& store, Sheet& sheet, QDate first) {
+  const ScheduleStore::ReadTransaction oneView(store);
+  WeekTexts texts{firstText(store, statements::memoOn(first), u"Memo"),
+                  firstText(store, statements::weekNamesAt(first), u"MM")};
+  fillHeadings(sheet, first);
+  for (int col = 1; col < kBoardCols; ++col) {
+    const QDate day = first.addDays(col - 1);
+    for (int row = 1; row < sheet.Rows(); ++row) {
+      RowCursor plan = store.readOnce(statements::planOfBlock(day, sheet.CellTag(0, row)));
+      if (plan.next()) {
+        fillPlannedCell(store, sheet, col, row, plan);
+      } else {
+        emptyCell(sheet, col, row);
+      }
+    }
+  }
+  return texts;
+}
+
+QString boardCaption(QDate first, const QString& memo) {
+  const QString caption = u"   Vellora日程表2.8版   "_qs + isoDate(first);
+  return memo.isEmpty() ? caption : caption + u"        "_qs + memo;
+}
+
+}  // namespace vellora

@@ -1,0 +1,201 @@
+// Exported files as programs read them that know nothing of the planner.
+
+#include "file_messages.h"
+#include "grid/files/excel_writer.h"
+#include "grid/files/exported_sheet.h"
+#include "grid/files/html_writer.h"
+#include "outside_reader.h"
+#include "routine/number_text.h"
+#include "sample_list.h"
+#include "support/temporary_folder.h"
+#include "support/text_output.h"
+
+namespace vellora {
+namespace {
+
+class ExportedFiles : public testing::Test {
+ protected:
+  QString excel(const Sheet& sheet, const QString& name = u"列表.xls"_qs) const {
+    QString path = folder_.path(name);
+    writeExcelFile(sheet, {}, u"活动/计划"_qs, path);
+    return path;
+  }
+  QStringList htmlLines(const Sheet& sheet, const QString& title) const {
+    const QString path = folder_.path(u"表.HTM"_qs);
+    writeHtmlFile(sheet, {true, true}, title, path);
+    EXPECT_EQ(test::linesOf(u"tidy"_qs, {u"-quiet"_qs, u"-errors"_qs, u"--drop-empty-elements"_qs,
+                                         u"no"_qs, path}),
+              QStringList());
+    return test::readHtml(path);
+  }
+
+  test::TemporaryFolder folder_;
+};
+
+QString hex(PackedColour colour) {
+  return u"%1%2%3"_qs.arg(redOf(colour), 2, 16, QChar(u'0'))
+      .arg(greenOf(colour), 2, 16, QChar(u'0'))
+      .arg(blueOf(colour), 2, 16, QChar(u'0'));
+}
+
+QString describedLook(const CellStyle& style) {
+  QStringList parts{style.font.face, QString::number(style.font.size),
+                    isBold(style.font) ? u"bold"_qs : u"regular"_qs,
+                    style.hasColours ? hex(style.textColour) : u"auto"_qs,
+                    style.hasColours ? hex(style.backColour) : u"none"_qs};
+  const bool isCentred = (style.align & kAlignCentre) != 0;
+  const bool isTop = (style.align & kAlignTop) != 0;
+  const QString across = (style.align & kAlignRight) != 0 ? u"right"_qs : u"left"_qs;
+  const QString down = (style.align & kAlignBottom) != 0 ? u"bottom"_qs : u"middle"_qs;
+  parts << (isCentred ? u"centre"_qs : across) << (isTop ? u"top"_qs : down)
+        << (style.wrap ? u"wrap"_qs : u"line"_qs) << (style.option == 1 ? u"@"_qs : u"General"_qs)
+        << QString::number(style.border ? style.borderWidth : 0)
+        << (style.border ? hex(style.borderColour) : u"none"_qs);
+  return parts.join(u'/');
+}
+
+QString describedCell(const Sheet& sheet, int col, int row) {
+  QString text = exportedText(sheet.GetCellText(col, row));
+  const bool isNumber = sheet.CellNumber(col, row).has_value();
+  const QString kind = text.isEmpty() ? u"blank"_qs : isNumber ? u"number"_qs : u"text"_qs;
+  text.replace(u'\\', u"\\\\"_qs).replace(u'\n', u"\\n"_qs).replace(u'\t', u"\\t"_qs);
+  return kind + u'\t' + text;
+}
+
+// What should be read of a sheet with headings: sizes and cells, numbers in their shortest form.
+QStringList described(const Sheet& sheet) {
+  QStringList lines{u"sheet\t活动_计划"_qs};
+  for (int col = 0; col < sheet.Cols(); ++col) {
+    const int width = exportedWidth(sheet, col);
+    lines << u"column\t%1\t%2\t%3"_qs.arg(col).arg(width * 32).arg(width == 0 ? 1 : 0);
+  }
+  for (int row = kHeadingRow; row < sheet.Rows(); row = sheet.NextWrittenRow(row + 1)) {
+    const int isHidden = isOutOfView(sheet, row) ? 1 : 0;
+    lines << u"row\t%1\t%2\t%3"_qs.arg(row + 1).arg(exportedHeight(sheet, row) * 15).arg(isHidden);
+  }
+  for (int row = kHeadingRow; row < sheet.Rows(); ++row) {
+    for (int col = 0; col < sheet.Cols(); ++col) {
+      const CellStyle& style = sheet.StyleAt(col, row);
+      const bool isEmpty = sheet.GetCellText(col, row).isEmpty();
+      if (isEmpty && row != kHeadingRow && !style.hasColours && !style.border) continue;
+      lines << u"cell\t%1\t%2\t"_qs.arg(row + 1).arg(col) + describedCell(sheet, col, row) + u'\t' +
+                   describedLook(style);
+    }
+  }
+  return lines;
+}
+
+QStringList inShortForm(QStringList lines) {
+  for (QString& line : lines) {
+    QStringList parts = line.split(u'\t');
+    if (parts.value(3) == u"number") parts[4] = numberText(parts[4].toDouble());
+    line = parts.join(u'\t');
+  }
+  return lines;
+}
+
+// Columns of a list without headings.
+Sheet listOf(const QStringList& texts, int cols = 1) {
+  Sheet sheet;
+  sheet.SetCols(cols);
+  sheet.SetRows(static_cast<int>(texts.size()));
+  for (int row = 0; row < sheet.Rows(); ++row) sheet.SetCellText(0, row, texts[row]);
+  return sheet;
+}
+
+QStringList textsIn(const QStringList& lines) {
+  QStringList texts;
+  for (const QString& line : lines) {
+    if (line.startsWith(u"cell")) texts << line.split(u'\t')[4];
+  }
+  return texts;
+}
+
+}  // namespace
+
+TEST_F(ExportedFiles, ExcelHoldsEveryCellWithItsLookAndEverySize) {
+  const Sheet sheet = test::sampleList();
+  EXPECT_EQ(inShortForm(test::readXls({excel(sheet)})), described(sheet));
+}
+
+TEST_F(ExportedFiles, ExcelTextsAreReadWhereverARecordsEndCutsThem) {
+  constexpr int kLastOffset = 8'224 - (8 + 3 + 3) + 4;  // a record less counts and two headers
+  QStringList paths;
+  QStringList expected;
+  for (int size = kLastOffset; size >= kLastOffset - 48; --size) {
+    const QStringList texts{QString(size, u'x'), u"中文😀𠮷x与y"_qs, u"plain latin"_qs, u"末"_qs};
+    paths << excel(listOf(texts), u"%1.xls"_qs.arg(size));
+    expected << texts;
+  }
+  QStringList many{QString(32'767, u'a'), u"😀"_qs.repeated(16'383)};
+  // So much that the compound file's header cannot hold the list of the FAT's sectors.
+  for (int size = 32'767; size > 32'647; --size) many << QString(size, u'长');
+  for (int number = 0; number < 20'000; ++number) many << u"第%1条"_qs.arg(number % 15'000);
+  paths << excel(listOf(many)) << excel(Sheet(), u"0.xls"_qs);
+  EXPECT_TRUE(textsIn(test::readXls(paths)) == expected + many);
+}
+
+TEST_F(ExportedFiles, ExcelGoesOnWithTheHeadingsOnFurtherSheets) {
+  for (const int rows : {65'535, 65'536}) {
+    Sheet sheet = listOf(QStringList(rows));
+    sheet.SetCellText(0, kHeadingRow, u"序号"_qs);
+    QStringList expected;
+    for (int row = 0; row < rows; ++row) {
+      sheet.SetCellValue(0, row, row);
+      if (row % 65'535 == 0) expected << u"序号"_qs;
+      expected << QString::number(row);
+    }
+    EXPECT_TRUE(textsIn(inShortForm(test::readXls({excel(sheet)}))) == expected) << rows;
+  }
+}
+
+TEST_F(ExportedFiles, ExcelShowsTheNearestColourWhereThereAreTooMany) {
+  Sheet sheet = listOf(QStringList(200, u"色"_qs));
+  for (int row = 0; row < 200; ++row) sheet.SetCellColors(0, row, kBlack, packColour(row, row, 0));
+  const QStringList lines = test::readXls({excel(sheet)}).filter(u"cell"_qs);
+  ASSERT_EQ(lines.size(), 200);
+  for (int row = 0; row < 200; ++row) {
+    const uint back = lines[row].section(u'/', 4, 4).toUInt(nullptr, 16);
+    EXPECT_NEAR(back >> 16U, row, row < 50 ? 0 : 160) << row;
+  }
+}
+
+TEST_F(ExportedFiles, ExcelRefusesWhatTheFormatCannotHold) {
+  Sheet longText = listOf(QStringList(5), 2);
+  longText.SetCellText(1, 4, QString(32'768, u'x'));
+  Sheet manyFaces = listOf(QStringList(501, u"字"_qs));
+  for (int row = 0; row < 501; ++row) manyFaces.SetCellFont(0, row, 9, 0, u"字体%1"_qs.arg(row));
+  const std::pair<Sheet, QString> cases[]{
+      {listOf({}, 257), u"表格有 257 列，Excel 文件最多能放 256 列。"_qs},
+      {longText, u"第 5 行第 2 列的文本有 32768 个字符，Excel 文件的一个单元格最多 32767 个。"_qs},
+      {manyFaces, u"表格的单元格样式太多，Excel 文件放不下。"_qs}};
+  for (const auto& [sheet, message] : cases) {
+    EXPECT_EQ(test::messageOf([&, &sheet = sheet] { excel(sheet); }), message);
+  }
+}
+
+TEST_F(ExportedFiles, HtmlHoldsEveryTextInViewWhateverIsInIt) {
+  Sheet sheet = test::sampleList();
+  const QStringList nasty{u"</td></table><script>alert(1)</script>"_qs, u"&lt; &#0; &\r\n\r  x"_qs,
+                          u"\"'`-->]]><!--\t"_qs};
+  for (int row = 0; row < nasty.size(); ++row) sheet.SetCellText(2, 40 + row, nasty[row]);
+  sheet.SetCellFont(1, 40, 9, kFontBold, u"x\"}</style><script>\\"_qs);
+  QStringList expected{u"title\t</title>&x"_qs};
+  int place = 0;
+  for (int row = kHeadingRow; row < sheet.Rows(); ++row) {
+    if (isOutOfView(sheet, row)) continue;
+    for (int col = 0; col < 3; ++col) {
+      QString cell = describedCell(sheet, col, row);
+      cell.replace(u"blank"_qs, u"text"_qs);
+      expected << u"cell\t%1\t%2\t"_qs.arg(place).arg(col) + cell;
+    }
+    ++place;
+  }
+  EXPECT_EQ(htmlLines(sheet, u"</title>&x"_qs), expected);
+  const QString broken = QString(QChar(0xDC00)) + u"\x01\x7F\u0085\uFFFE";
+  EXPECT_EQ(
+      htmlLines(listOf({broken}), {}),
+      (QStringList{u"title\tVellora"_qs, u"cell\t0\t0\ttext\t"_qs + QString(5, QChar(0xFFFD))}));
+}
+
+}  // namespace vellora
