@@ -1,6 +1,6 @@
 #pragma once
 
-#include "store/schedule_check.h"
+#include "store/schedule_store.h"
 
 #include <QString>
 

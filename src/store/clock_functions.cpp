@@ -1,8 +1,8 @@
 #include "store/clock_functions.h"
 
 #include "routine/text.h"
-#include "store/engine_error.h"
 #include "store/moment.h"
+#include "store/store_error.h"
 
 #include <optional>
 #include <sqlite3.h>

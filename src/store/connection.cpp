@@ -1,7 +1,7 @@
 #include "store/connection.h"
 
 #include "store/clock_functions.h"
-#include "store/engine_error.h"
+#include "store/store_error.h"
 
 #include <QFileInfo>
 

@@ -1,9 +1,9 @@
 #include "store/find_condition.h"
 
 #include "routine/number_text.h"
+#include "store/dialect.h"
 #include "store/moment.h"
 #include "store/store_error.h"
-#include "store/tokens.h"
 
 namespace vellora {
 namespace {

@@ -1,7 +1,7 @@
 #include "store/prepared_statement.h"
 
 #include "routine/work_step.h"
-#include "store/engine_error.h"
+#include "store/store_error.h"
 
 #include <sqlite3.h>
 

@@ -3,8 +3,6 @@
 #include <cstdint>
 #include <cstring>
 
-// A packed row is its row number and then its cells; a cell is its kind and then nothing, eight
-// bytes of number, or four bytes of length and the text.
 namespace vellora {
 namespace {
 
@@ -70,6 +68,16 @@ Cell readCell(const char* from) {
   return {kind, 0, 0, {from + sizeof(Length), read<Length>(from)}};
 }
 
+// Takes the row that the statement stands on.
+void appendCurrentRow(RowArena& rows, const OpenedSet& opened) {
+  opened.requireSameColumns();
+  rows.begin(opened.rowId());
+  for (qsizetype column = 0; column < opened.set().columns.size(); ++column) {
+    rows.add(opened.cell(column));
+  }
+  rows.append();
+}
+
 }  // namespace
 
 qint64 RowArena::rowId(qsizetype row) const {
@@ -108,6 +116,23 @@ void RowArena::remove(qsizetype row) {
 const char* RowArena::keptRow() {
   const auto size = static_cast<std::size_t>(begun_.size());
   return static_cast<char*>(std::memcpy(memory_.allocate(size, 1), begun_.constData(), size));
+}
+
+RowArena& LazyRows::rows() {
+  if (!rows_) read();
+  return *rows_;
+}
+
+void LazyRows::read() {
+  PreparedStatement& statement = opened_.start();
+  const StatementRun run(statement);
+  RowArena& rows = rows_.emplace();
+  try {
+    while (statement.step()) appendCurrentRow(rows, opened_);
+  } catch (...) {
+    rows_.reset();
+    throw;
+  }
 }
 
 }  // namespace vellora

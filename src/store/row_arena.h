@@ -1,12 +1,14 @@
 #pragma once
 
 #include "store/cell.h"
+#include "store/row_reader.h"
 
 #include <QVarLengthArray>
 
 #include <array>
 #include <cstddef>
 #include <memory_resource>
+#include <optional>
 
 namespace vellora {
 
@@ -39,6 +41,26 @@ class RowArena {
   std::pmr::monotonic_buffer_resource memory_{firstRows_.data(), firstRows_.size()};
   QVarLengthArray<const char*, 4> rows_;
   QVarLengthArray<char, 160> begun_;
+};
+
+// The rows of one statement, read all at once when they are first asked for.
+class LazyRows {
+ public:
+  LazyRows(Connection& connection, const QString& tableOrSelect)
+      : opened_(connection, tableOrSelect) {}
+
+  Connection& connection() const { return opened_.connection(); }
+  const PreparedSet& set() const { return opened_.set(); }
+  bool isRead() const { return rows_.has_value(); }
+
+  // Reads the rows when that has not been done. A failure leaves them unread.
+  RowArena& rows();
+
+ private:
+  void read();
+
+  OpenedSet opened_;
+  std::optional<RowArena> rows_;
 };
 
 }  // namespace vellora

@@ -2,8 +2,22 @@
 
 #include "store/cell.h"
 #include "store/column.h"
+#include "store/connection.h"
+#include "store/store_error.h"
 
 namespace vellora {
+namespace {
+
+bool isSelect(QStringView text) {
+  return text.size() > 6 && isSameName(text.first(6), u"SELECT") && !text[6].isLetterOrNumber();
+}
+
+QString selectOf(const QString& tableOrSelect) {
+  if (isSelect(tableOrSelect)) return tableOrSelect;
+  return u"SELECT * FROM ["_qs + QStringView(tableOrSelect).trimmed() + u']';
+}
+
+}  // namespace
 
 Cell RowReader::cellNamed(QStringView name) {
   return cell(columnNamed(name));
@@ -72,6 +86,78 @@ int RowReader::columnNamed(QStringView name) const {
 
 bool RowReader::canHold(int position, const QString& text) const {
   return vellora::canHold(columnAt(columns(), position), text);
+}
+
+OpenedSet::OpenedSet(Connection& connection, const QString& tableOrSelect)
+    : connection_(connection),
+      select_(selectOf(tableOrSelect)),
+      set_(&connection.statements().setOf(select_, literals_)) {}
+
+PreparedStatement& OpenedSet::start() {
+  if (set_->statement.isRunning()) set_ = &connection_.statements().setOf(select_, literals_);
+  literals_.bindTo(set_->statement);
+  return set_->statement;
+}
+
+Cell OpenedSet::cell(qsizetype column) const {
+  return set_->statement.cell(set_->firstColumn() + static_cast<int>(column));
+}
+
+qint64 OpenedSet::rowId() const {
+  return set_->table.isEmpty() ? 0 : set_->statement.cell(0).integer;
+}
+
+void OpenedSet::requireSameColumns() const {
+  if (set_->statement.columnCount() == set_->firstColumn() + set_->columns.size()) return;
+  throw StoreError(StoreFault::Other, u"日程文件的表结构已被另一个程序改变，请重新启动。"_qs);
+}
+
+struct RowCursor::State {
+  enum class Place { BeforeFirst, OnRow, Over };
+
+  State(Connection& connection, const QString& tableOrSelect) : opened(connection, tableOrSelect) {}
+  ~State() { end(); }
+  State(const State&) = delete;
+  State& operator=(const State&) = delete;
+
+  void end() {
+    if (statement != nullptr) statement->reset();
+    statement = nullptr;
+    place = Place::Over;
+  }
+
+  OpenedSet opened;
+  PreparedStatement* statement = nullptr;  // while it runs
+  Place place = Place::BeforeFirst;
+};
+
+RowCursor::RowCursor(Connection& connection, const QString& tableOrSelect)
+    : state_(std::make_unique<State>(connection, tableOrSelect)) {}
+
+RowCursor::RowCursor(RowCursor&&) noexcept = default;
+RowCursor& RowCursor::operator=(RowCursor&&) noexcept = default;
+RowCursor::~RowCursor() = default;
+
+bool RowCursor::next() {
+  if (state_->place == State::Place::Over) return false;
+  if (state_->statement == nullptr) state_->statement = &state_->opened.start();
+  state_->place = State::Place::Over;  // also when the step fails: the engine would start again
+  if (!state_->statement->step()) {
+    state_->end();
+    return false;
+  }
+  state_->opened.requireSameColumns();
+  state_->place = State::Place::OnRow;
+  return true;
+}
+
+const QList<Column>& RowCursor::columns() const {
+  return state_->opened.set().columns;
+}
+
+Cell RowCursor::cell(qsizetype column) {
+  if (state_->place == State::Place::OnRow) return state_->opened.cell(column);
+  throw StoreError(StoreFault::NoCurrentRow, u"没有当前记录。"_qs);
 }
 
 }  // namespace vellora

@@ -1,12 +1,15 @@
 #pragma once
 
 #include "store/column_kind.h"
+#include "store/statement_cache.h"
 
 #include <QDate>
 #include <QList>
 #include <QString>
 #include <QTime>
 #include <QVariant>
+
+#include <memory>
 
 namespace vellora {
 
@@ -48,6 +51,62 @@ class RowReader {
   virtual Cell cell(qsizetype column) = 0;
   Cell cellNamed(QStringView name);
   Cell cellAt(int position);
+};
+
+class Connection;
+
+// A SELECT statement with the values of its literals, ready to run.
+class OpenedSet {
+ public:
+  // A table by its name or a SELECT statement. Throws StoreError when it cannot be prepared.
+  OpenedSet(Connection& connection, const QString& tableOrSelect);
+
+  Connection& connection() const { return connection_; }
+  const PreparedSet& set() const { return *set_; }
+
+  // Binds the values. The statement is shared with every other set of its shape: it must be reset
+  // when the run is over, and before the bound values go. While a cursor runs on it, another one is
+  // prepared.
+  PreparedStatement& start();
+
+  // A cell of the row that the statement stands on.
+  Cell cell(qsizetype column) const;
+  qint64 rowId() const;  // 0 when rows of the set cannot be changed
+  // Throws StoreError when another program has given the table more or fewer columns.
+  void requireSameColumns() const;
+
+ private:
+  Connection& connection_;
+  QString select_;
+  Literals literals_;
+  PreparedSet* set_;
+};
+
+class Connection;
+
+// Reads rows once, from the first to the last, straight from the file: the quickest way to look
+// something up, and a way through a million rows in a memory that does not grow. From the first
+// next() until it has passed the last row or is gone, other programs cannot save. A cursor must not
+// outlive its store.
+//
+// Every operation may throw StoreError.
+class RowCursor final : public RowReader {
+ public:
+  RowCursor(Connection& connection, const QString& tableOrSelect);  // see ScheduleStore::readOnce
+  RowCursor(RowCursor&&) noexcept;
+  RowCursor& operator=(RowCursor&&) noexcept;
+  ~RowCursor() override;
+
+  // Goes to the next row, at first to the first; false when there is none any more. Before the
+  // first call and after the last row no row is current.
+  bool next();
+
+ private:
+  struct State;
+  const QList<Column>& columns() const override;
+  Cell cell(qsizetype column) override;
+
+  std::unique_ptr<State> state_;
 };
 
 }  // namespace vellora

@@ -1,9 +1,9 @@
 #include "store/row_writer.h"
 
 #include "store/connection.h"
+#include "store/dialect.h"
 #include "store/row_arena.h"
 #include "store/store_error.h"
-#include "store/translation.h"
 
 #include <QStringList>
 

@@ -1,9 +1,8 @@
 #include "store/schedule_store.h"
 
 #include "store/connection.h"
-#include "store/engine_error.h"
-#include "store/literals.h"
 #include "store/schema.h"
+#include "store/statement_cache.h"
 #include "store/store_error.h"
 
 #include <sqlite3.h>
@@ -97,6 +96,19 @@ ScheduleStore::ReadTransaction::ReadTransaction(ScheduleStore& store)
 
 ScheduleStore::ReadTransaction::~ReadTransaction() {
   if (connection_ != nullptr) connection_->tryRun("ROLLBACK");  // nothing to save, cannot fail
+}
+
+ScheduleCheck::ScheduleCheck(const QString& path)
+    : connection_(std::make_unique<Connection>(path, std::chrono::milliseconds(0))) {}
+
+ScheduleCheck::~ScheduleCheck() = default;
+
+bool ScheduleCheck::isSound() {
+  return vellora::isSound(*connection_);
+}
+
+void ScheduleCheck::interrupt() {
+  sqlite3_interrupt(connection_->handle());
 }
 
 }  // namespace vellora

@@ -1,7 +1,7 @@
 #include "store/schema.h"
 
 #include "store/connection.h"
-#include "store/engine_error.h"
+#include "store/store_error.h"
 
 #include <QFile>
 #include <QFileInfo>

@@ -2,15 +2,67 @@
 
 #include "store/column.h"
 #include "store/prepared_statement.h"
-#include "store/statement_shape.h"
 
 #include <QHash>
 #include <QList>
+#include <QString>
+#include <QStringList>
+#include <QStringView>
+#include <QVarLengthArray>
 
 #include <memory>
 #include <vector>
 
 namespace vellora {
+
+class PreparedStatement;
+
+// The values of a statement's literals as the database takes them: UTF-8, dates in their stored
+// form. Made for the hundreds of look-ups behind a board: short literals need no memory of their
+// own.
+class Literals {
+ public:
+  void clear();
+  void addText(QStringView inside);  // doubled quotes and all
+  // Throws StoreFault::NotADateOrTime when the text is no date or time.
+  void addMoment(QStringView inside);
+
+  // The statement goes on pointing at the literals until it is bound anew.
+  void bindTo(PreparedStatement& statement) const;
+
+ private:
+  struct Slice {
+    qsizetype begin;
+    qsizetype end;
+  };
+
+  void append(QStringView text);
+
+  QVarLengthArray<char, 96> bytes_;
+  QVarLengthArray<Slice, 4> slices_;
+};
+
+class Literals;
+
+// A statement without the insides of its literals. Statements of one shape share what was prepared
+// for it.
+class StatementShape {
+ public:
+  // A literal without an end stays in the shape, where the translation finds it.
+  explicit StatementShape(QStringView statement);
+
+  // The statement with every literal empty: '' and ##.
+  QString text() const { return pieces_.join(QString()); }
+
+  // True when a statement has this shape; then the literals are those of the statement. Throws
+  // StoreFault::NotADateOrTime for a date literal that is none.
+  bool takeLiterals(QStringView statement, Literals& literals) const;
+
+ private:
+  // Each piece but the last ends with the mark that opens a literal, each but the first begins with
+  // the mark that closes one.
+  QStringList pieces_;
+};
 
 class Literals;
 

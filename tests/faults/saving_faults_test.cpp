@@ -18,7 +18,6 @@ using namespace test;
 using std::chrono::microseconds;
 using Kind = CallFault::Kind;
 
-const QDate kMonday(2007, 3, 5);
 constexpr int kMet = 8;  // added to what a child tells when a call met the fault
 
 // How often one job is tried. What is too large for the engine to keep its changes in memory until

@@ -18,7 +18,6 @@
 namespace vellora::test {
 namespace {
 
-const QDate kMonday(2007, 3, 5);
 const QString kActivity = u"活动001"_qs;
 
 QString pathIn(const QString& folder, const char16_t* name) {

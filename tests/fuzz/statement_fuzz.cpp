@@ -1,10 +1,9 @@
 // Statements, and values within them.
 
 #include "fuzz/fuzz_target.h"
-#include "store/literals.h"
-#include "store/statement_shape.h"
+#include "store/dialect.h"
+#include "store/statement_cache.h"
 #include "store/statements.h"
-#include "store/translation.h"
 #include "support/schedule_builder.h"
 #include "support/store_fault.h"
 

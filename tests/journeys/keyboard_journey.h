@@ -17,8 +17,6 @@
 
 namespace vellora::test {
 
-inline const QDate kMonday(2007, 3, 5);
-
 // The whole program on an empty schedule, in the hands of a user who has a keyboard only. Nothing
 // here reaches a control but keys that are sent to the window in front.
 class KeyboardJourney : public testing::Test {

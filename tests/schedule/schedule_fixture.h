@@ -13,8 +13,6 @@
 
 namespace vellora::test {
 
-inline const QDate kMonday(2007, 3, 5);
-
 // A day of two blocks, a plan grid over it, and what is saved as lines of text.
 class ScheduleTest : public testing::Test {
  protected:

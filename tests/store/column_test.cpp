@@ -66,12 +66,6 @@ TEST(ColumnValues, AreConvertedToWhatTheColumnHolds) {
   }
 }
 
-TEST(ColumnValues, NoValueIsStoredAsNoValueAndAnEmptyTextAsAText) {
-  EXPECT_EQ(columnCell(column("DATETIME"), {}).kind, Cell::Kind::Null);
-  EXPECT_EQ(columnCell(column("INTEGER"), QVariant()).kind, Cell::Kind::Null);
-  EXPECT_EQ(columnCell(column("VARCHAR(255)"), u""_qs).kind, Cell::Kind::Text);
-}
-
 TEST(ColumnValues, WhatAColumnCannotHoldIsRefusedByName) {
   const struct {
     const char* type;

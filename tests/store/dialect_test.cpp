@@ -14,14 +14,7 @@ namespace {
 using test::faultOf;
 using test::ScheduleBuilder;
 
-const QDate kDay(2007, 3, 5);
-
-TEST(Literals, QuoteTheirValues) {
-  EXPECT_EQ(textLiteral(u"O'Neil's"), u"'O''Neil''s'"_qs);
-  EXPECT_EQ(textLiteral(u""), u"''"_qs);
-  EXPECT_EQ(dateLiteral(kDay), u"#2007-03-05#"_qs);
-  EXPECT_EQ(dateLiteral({}), u"##"_qs);
-}
+using test::kMonday;
 
 TEST(Literals, KeepTheirMeaningWhateverTheyHold) {
   ScheduleBuilder builder;
@@ -72,8 +65,8 @@ class Dialect : public ::testing::Test {
     builder.item(u"001"_qs, u"晨跑"_qs)
         .item(u"002"_qs, u"Run"_qs)
         .block(u"A"_qs, u"08:10:59"_qs, u"23:59:00"_qs)
-        .plan(kDay, u"A"_qs, u"晨跑"_qs)
-        .plan(kDay.addDays(1), u"A"_qs, u"晨跑"_qs);
+        .plan(kMonday, u"A"_qs, u"晨跑"_qs)
+        .plan(kMonday.addDays(1), u"A"_qs, u"晨跑"_qs);
   }
 
   QString firstText(const QString& select) {

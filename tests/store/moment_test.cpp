@@ -68,14 +68,5 @@ TEST(Moment, RefusesWhatIsNoDayOrTime) {
   }
 }
 
-TEST(Moment, ADateAloneIsNoTimeAndATimeAloneNoDate) {
-  EXPECT_EQ(readDate(u"2007-3-5"), QDate(2007, 3, 5));
-  EXPECT_EQ(readTime(u"8:30"), QTime(8, 30));
-  EXPECT_FALSE(readDate(u"8:30"));
-  EXPECT_FALSE(readTime(u"2007-3-5"));
-  EXPECT_FALSE(readDate(u"2007-3-5 8:30"));
-  EXPECT_FALSE(readTime(u"2007-3-5 8:30"));
-}
-
 }  // namespace
 }  // namespace vellora

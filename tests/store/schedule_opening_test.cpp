@@ -24,7 +24,7 @@ using test::FailingDisk;
 using test::faultOf;
 using test::ScheduleBuilder;
 
-const QDate kDay(2007, 3, 5);
+using test::kMonday;
 
 QByteArray contentOf(const QString& path) {
   QFile file(path);
@@ -66,25 +66,6 @@ TEST(Opening, RefusesFilesThatAreNoScheduleAndLeavesThemAsTheyAre) {
   }
 }
 
-TEST(Opening, ReportsATruncatedOrOverwrittenSchedule) {
-  ScheduleBuilder builder;
-  builder.fullDay(50).fullPlan(kDay, 60, 50, 5);
-  const QByteArray whole = contentOf(builder.path());
-  const QString path = builder.folder() + u"/broken.mdb";
-  for (const qsizetype size :
-       {qsizetype{512}, qsizetype{4'096}, whole.size() / 2, whole.size() - 1}) {
-    writeContent(path, whole.first(size));
-    EXPECT_EQ(openingFault(path), StoreFault::Damaged) << size << " of " << whole.size();
-    EXPECT_EQ(contentOf(path).size(), size);
-  }
-  QByteArray overwritten = whole;
-  overwritten.replace(whole.size() / 2, 40'000, QByteArray(40'000, '\xA5'));
-  writeContent(path, overwritten);
-  ScheduleStore store(path);
-  EXPECT_EQ(faultOf([&] { store.open(statements::allPlans()).count(); }), StoreFault::Damaged);
-  EXPECT_EQ(store.open(statements::allBlocks()).count(), 50) << "what can be read is read";
-}
-
 // Bytes 18 and 19 of the file and 44 to 47 tell how it may be written, read and understood.
 TEST(Opening, NeitherMisreadsNorChangesAFileOfANewerFormat) {
   const struct {
@@ -112,19 +93,6 @@ TEST(Opening, TakesWhatAWriteAheadLogStillHoldsIntoTheOneFile) {
   EXPECT_EQ(ScheduleStore(path).open(statements::allItems()).count(), 1);
   EXPECT_EQ(contentOf(path).at(18), 1) << "a file with a rollback journal";
   EXPECT_EQ(QDir(builder.folder()).entryList({u"log.mdb-*"_qs}).size(), 0);
-}
-
-TEST(Opening, AddsNoIndexToADamagedSchedule) {
-  ScheduleBuilder builder;
-  builder.fullDay(20).fullPlan(kDay, 60, 20, 5).sql(u"DELETE FROM JH WHERE RQ>'2007-03-20'"_qs);
-  builder.sql(u"DROP INDEX HD_HDMC"_qs);
-  QByteArray damaged = contentOf(builder.path());
-  constexpr int kFirstFreePage = 32;  // its number's place in the file
-  damaged.replace(kFirstFreePage, 4, QByteArray("\0\0\0\3", 4));
-  const QString path = builder.folder() + u"/damaged.mdb";
-  writeContent(path, damaged);
-  EXPECT_EQ(openingFault(path), std::nullopt);
-  EXPECT_EQ(contentOf(path), damaged);
 }
 
 TEST(Opening, NamesTheTableOrColumnThatIsMissing) {
@@ -164,12 +132,12 @@ TEST(Opening, DoesNotWaitForAPipeInTheJournalsPlace) {
 
 TEST(Opening, RunsNothingThatTheFileHolds) {
   ScheduleBuilder builder;
-  builder.memo(kDay, u"备忘"_qs)
+  builder.memo(kMonday, u"备忘"_qs)
       .sql(u"CREATE TRIGGER t AFTER INSERT ON HD BEGIN DELETE FROM BW; END"_qs);
   ScheduleStore store(builder.path());
   EXPECT_EQ(store.execute(u"INSERT INTO HD (HDMC) VALUES ('晨跑')"_qs), 1);
   EXPECT_EQ(store.open(statements::allItems()).count(), 1);
-  EXPECT_EQ(store.open(statements::memoOn(kDay)).count(), 1);
+  EXPECT_EQ(store.open(statements::memoOn(kMonday)).count(), 1);
 }
 
 TEST(Opening, ReadsAndSavesAScheduleInUtf16) {
@@ -207,18 +175,6 @@ TEST(Opening, AddsMissingIndicesThatTheLookUpsUse) {
   EXPECT_NE(plan.getColumn(3).getString().find("USING INDEX"), std::string::npos);
 }
 
-TEST(Opening, WaitsForAnotherProgramOnlySoLong) {
-  ScheduleBuilder builder;
-  SQLite::Database other(builder.path().toStdString(), SQLite::OPEN_READWRITE);
-  other.exec("BEGIN EXCLUSIVE");
-  EXPECT_EQ(openingFault(builder.path()), StoreFault::Busy);
-  const auto giveUp = [] { return false; };
-  EXPECT_EQ(faultOf([&] { const ScheduleStore s(builder.path(), std::chrono::hours(1), giveUp); }),
-            StoreFault::Busy);
-  other.exec("COMMIT");
-  EXPECT_EQ(openingFault(builder.path()), std::nullopt);
-}
-
 TEST(Opening, AReadOnlyScheduleCanBeReadButNotSaved) {
   ScheduleBuilder builder;
   builder.item(u"001"_qs, u"晨跑"_qs).sql(u"DROP INDEX HD_HDMC"_qs);
@@ -236,16 +192,6 @@ TEST(Opening, AReadOnlyScheduleCanBeReadButNotSaved) {
     EXPECT_EQ(items.count(), 1);
   }
   EXPECT_EQ(contentOf(builder.path()), before);
-}
-
-TEST(Opening, WithoutRoomForAJournalTheScheduleIsReadWithoutItsIndices) {
-  ScheduleBuilder builder;
-  builder.item(u"001"_qs, u"晨跑"_qs).sql(u"DROP INDEX HD_HDMC"_qs);
-  FailingDisk disk;
-  disk.closeFolder();
-  ScheduleStore store(builder.path());
-  EXPECT_EQ(store.open(statements::itemNamed(u"晨跑"_qs)).count(), 1);
-  EXPECT_EQ(faultOf([&] { store.execute(statements::deletePlans()); }), StoreFault::ReadOnly);
 }
 
 TEST(Opening, AFolderWithoutLeaveToWriteMakesTheScheduleReadOnly) {
@@ -270,14 +216,6 @@ TEST(Creating, NeverTouchesAFileThatIsThere) {
   EXPECT_EQ(contentOf(path), QByteArray("手写的内容"));
   EXPECT_EQ(faultOf([&] { createSchedule(folder.filePath(u"无/SY.mdb"_qs)); }),
             StoreFault::InputOutput);
-}
-
-TEST(Creating, LeavesNoHalfMadeFileOnAFullDisk) {
-  const QTemporaryDir folder;
-  FailingDisk disk;
-  disk.failWritesAfter(3, SQLITE_FULL);
-  EXPECT_EQ(faultOf([&] { createSchedule(folder.filePath(u"SY.mdb"_qs)); }), StoreFault::DiskFull);
-  EXPECT_TRUE(QDir(folder.path()).isEmpty());
 }
 
 }  // namespace

@@ -10,8 +10,6 @@
 
 namespace vellora::test {
 
-inline const QDate kMonday(2007, 3, 5);
-
 // What every window is handed: a schedule, prompts that are scripted, and a clock that stands at a
 // Monday. Another program that saves is not waited for.
 class PlannerTest : public testing::Test {

@@ -10,6 +10,8 @@
 
 namespace vellora::test {
 
+inline const QDate kMonday(2007, 3, 5);
+
 // Builds a schedule in a real file of a temporary folder, which goes with the builder. Rows are
 // written past the store, straight into the file, many at a time.
 class ScheduleBuilder {
