@@ -105,6 +105,19 @@ TEST_P(EditedWindows, AskBeforeTheyCloseOverWhatIsNotSaved) {
   EXPECT_EQ(prompts_.questions.size(), 1) << "nothing is left to save";
 }
 
+TEST_P(EditedWindows, StayOpenWhenTheSaveBeforeClosingFails) {
+  openAndType();
+  const QStringList before = stored();
+  SQLite::Database other(schedule_.path().toStdString(), SQLite::OPEN_READWRITE);
+  other.exec("BEGIN IMMEDIATE");
+  prompts_.choices = {0};
+  window_->close();
+  EXPECT_EQ(prompts_.warnings.size(), 1);
+  EXPECT_TRUE(window_->isVisible());
+  EXPECT_EQ(stored(), before);
+  EXPECT_NE(status(), QString());
+}
+
 TEST_P(EditedWindows, TakeNothingWhileTheyCouldNotRead) {
   SQLite::Database other(schedule_.path().toStdString(), SQLite::OPEN_READWRITE);
   const QStringList before = stored();

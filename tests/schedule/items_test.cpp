@@ -46,6 +46,19 @@ TEST_F(ItemCatalogueTest, ListsACategoryInTheOrderOfItsCodes) {
   EXPECT_EQ(sheet_.Rows(), 0);
 }
 
+TEST_F(ItemCatalogueTest, GoesOnInItsCategoryAfterAFilterThatFailed) {
+  builder_.item(u"001"_qs, u"晨读"_qs, u"2-学习"_qs);
+  ScheduleStore store = builder_.store();
+  ItemCatalogue catalogue(store);
+  catalogue.filter(u"2-学习"_qs, sheet_);
+  builder_.sql(u"ALTER TABLE HD RENAME TO HD0"_qs);
+  EXPECT_TRUE(test::faultOf([&] { catalogue.filter(u"3-运动"_qs, sheet_); }));
+  EXPECT_EQ(codes(), QStringList{u"001"_qs});
+  builder_.sql(u"ALTER TABLE HD0 RENAME TO HD"_qs);
+  EXPECT_TRUE(catalogue.add({u"002"_qs, u"英语"_qs, u"2-学习"_qs}));
+  EXPECT_TRUE(catalogue.find(u"001"_qs));
+}
+
 TEST_F(ItemCatalogueTest, FindsWhatItStoredAndKeepsOtherItems) {
   builder_.item(u"001"_qs, u"晨读"_qs);
   ScheduleStore store = builder_.store();

@@ -47,14 +47,17 @@ TEST_F(PlanRows, OnlyTheLastRowGetsASpareRowBelow) {
 }
 
 TEST_F(PlanRows, BlocksComeByStartAndTheFirstOfACodeIsFound) {
-  builder_.block(u"002"_qs, u"23:00:00"_qs, u"23:30:00"_qs, u"重复"_qs);
+  builder_.block(u"002"_qs, u"23:00:00"_qs, u"23:30:00"_qs, u"重复"_qs)
+      .block(u"003"_qs, u"21:00:00"_qs, u"22:00:00"_qs, u"晚间"_qs);
   const TimeBlockList blocks(*store_);
-  ASSERT_EQ(blocks.size(), 3);
+  ASSERT_EQ(blocks.size(), 4);
   EXPECT_EQ(blocks.at(0)->line, u"08:00-09:30 早读"_qs);
   EXPECT_EQ(blocks.at(1)->code, u"001"_qs);
   EXPECT_EQ(blocks.find(u"002"_qs)->cell, u"08:00-09:30\r早读"_qs);
   EXPECT_EQ(blocks.find(u"2"_qs), nullptr);
-  EXPECT_EQ(blocks.at(3), nullptr);
+  EXPECT_EQ(blocks.at(4), nullptr);
+  EXPECT_EQ(blocks.meant(u"20：00-21:00"_qs)->code, u"001"_qs);
+  EXPECT_EQ(blocks.meant(u"晚间"_qs), nullptr) << "two have this name";
 }
 
 class PlanListing : public test::ScheduleTest {

@@ -93,6 +93,7 @@ TEST_F(DatePickerTest, IsSteppedAndTypedIntoByKeys) {
   } kSteps[]{{"", {Qt::Key_Up}, {2007, 3, 6}},
              {"", {Qt::SHIFT | Qt::Key_Down}, {2007, 2, 27}},
              {"2007-1-31", {Qt::Key_PageUp}, {2007, 2, 28}},
+             {"2009-01-31", {Qt::Key_Up}, {2009, 2, 1}},
              {"2027-06-07", {Qt::CTRL | Qt::Key_T}, {2007, 3, 7}},
              {"", {Qt::Key_Return, Qt::Key_Delete}, {2007, 3, 7}},
              {"2028-1-2", {Qt::Key_Return, Qt::Key_Home, Qt::CTRL | Qt::Key_Right}, {2028, 1, 2}},

@@ -82,6 +82,10 @@ TEST(TimeUse, RoundsSharesToTwoDecimalsWithTiesToTheEvenNeighbour) {
             u"从2007-03-05到2007-03-06作息总时间为:0小时59分钟"_qs);
 }
 
+TEST(TimeUse, CountsABlockThatEndsBeforeItBeginsInWholeHoursDown) {
+  EXPECT_EQ(durationText(-90), u"-2小时30分钟"_qs);
+}
+
 TEST(TimeUse, TellsNoShareOfNothingButTheRestOfItsRow) {
   EXPECT_THROW(barWidth(0, 0), NoPlannedTime);
   test::ScheduleBuilder builder;
