@@ -37,7 +37,7 @@ void compareListing(SideBySide& table, const test::ScheduleBuilder& builder) {
     rows.reset();
   };
   table.compare(
-      "list 10,000 entries", [&] { listPlan(store, sheet, blocks, kActivity, nullptr); }, bare, 15,
+      "list 10,000 entries", [&] { listEntries(store, sheet, blocks, kActivity); }, bare, 15,
       kTarget);
 }
 
@@ -125,7 +125,7 @@ void compareSaving(SideBySide& table, const test::ScheduleBuilder& builder) {
   ScheduleStore store(builder.path());
   Sheet sheet;
   setUpPlanRows(sheet);
-  listPlan(store, sheet, TimeBlockList(store), kActivity);
+  listEntries(store, sheet, TimeBlockList(store), kActivity);
   Sheet other = sheet;
   writeRequirement(sheet, u"甲"_qs);
   writeRequirement(other, u"乙"_qs);
@@ -133,16 +133,16 @@ void compareSaving(SideBySide& table, const test::ScheduleBuilder& builder) {
   int run = 0;
   table.compare(
       "save 10,000 changed entries",
-      [&] { savePlan(store, ++run % 2 ? sheet : other, kActivity, nullptr); },
+      [&] { writePlan(store, ++run % 2 ? sheet : other, kActivity, nullptr); },
       [&] { raw.save(QByteArray::number(++run)); }, 9, kTarget);
   Sheet empty;
   setUpPlanRows(empty);
-  savePlan(store, empty, kActivity, nullptr);
+  writePlan(store, empty, kActivity, nullptr);
   table.compare(
       "save 10,000 new entries, then none",
       [&] {
-        savePlan(store, sheet, kActivity, nullptr);
-        savePlan(store, empty, kActivity, nullptr);
+        writePlan(store, sheet, kActivity, nullptr);
+        writePlan(store, empty, kActivity, nullptr);
       },
       [&] {
         raw.save(QByteArray::number(++run));

@@ -97,7 +97,7 @@ QPushButton* BackupWindow::makeButton(const QString& name, const QString& captio
   return button;
 }
 
-void BackupWindow::load() {
+void BackupWindow::onLoad() {
   const QString folder = state().programDir.isEmpty() ? QDir::homePath() : state().programDir;
   drives_->setCurrentText(driveOf(folder, backupDrives()));
   name_->setText(backupFileName(state().clock.today()));

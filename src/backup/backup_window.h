@@ -23,7 +23,7 @@ class BackupWindow : public PlannerWindow {
   explicit BackupWindow(ApplicationState& state, QWidget* parent = nullptr);
 
  protected:
-  void load() override;
+  void onLoad() override;
   void closeEvent(QCloseEvent* event) override;
 
  private:

@@ -7,6 +7,7 @@
 #include "schedule/week.h"
 #include "shell/date_stepper.h"
 #include "shell/elided_label.h"
+#include "store/moment.h"
 #include "store/statements.h"
 #include "store/store_error.h"
 
@@ -86,7 +87,7 @@ QString WeekBoard::templatePath() const {
   return state().programFile(u"JH.ZRT"_qs);
 }
 
-void WeekBoard::load() {
+void WeekBoard::onLoad() {
   setWindowTitle(u"Vellora日程表2.8版    "_qs + isoDate(firstDay()) + u' ');
   setRedrawFlag();
   const QSignalBlocker untilActivated(days_);
@@ -200,8 +201,11 @@ void WeekBoard::openCell(int col, int row) {
   if (col <= 0 || row < 0 || tag.isEmpty()) return;
   const bool isHeading = row == 0;
   if (isHeading ? !open_day_ : !open_activity_) return;
-  isHeading ? open_day_(QDate::fromString(tag, Qt::ISODate)) : open_activity_(tag);
-  setRedrawFlag();
+  if (isHeading) {
+    open_day_(readDate(tag).value_or(firstDay()));
+  } else {
+    open_activity_(tag);
+  }
   returnFromWindow();
 }
 

@@ -45,8 +45,8 @@ class WeekBoard : public PlannerWindow {
   void FillWeek();
 
  protected:
-  void load() override;
-  void activate() override { RebuildBoard(); }
+  void onLoad() override;
+  void onActivate() override { RebuildBoard(); }
   bool closesOnEscape() const override { return false; }
 
  private:

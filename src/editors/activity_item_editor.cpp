@@ -120,7 +120,7 @@ void ActivityItemEditor::connectControls() {
   connect(close_, &QPushButton::clicked, this, &QWidget::close);
 }
 
-void ActivityItemEditor::activate() {
+void ActivityItemEditor::onActivate() {
   unsetCursor();
   setUpItemSheet(grid_->sheet());
   filter_->setCurrentIndex(0);

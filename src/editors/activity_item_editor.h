@@ -22,8 +22,8 @@ class ActivityItemEditor : public EditedWindow {
   explicit ActivityItemEditor(ApplicationState& state, QWidget* parent = nullptr);
 
  protected:
-  void activate() override;
-  void unload() override { catalogue_.close(); }
+  void onActivate() override;
+  void onUnload() override { catalogue_.close(); }
   Changes changes() override;
   bool save() override { return store(); }
   void readAgain() override { filter(); }

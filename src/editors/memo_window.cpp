@@ -69,7 +69,7 @@ void MemoWindow::layOut() {
   resize(520, 400);
 }
 
-void MemoWindow::load() {
+void MemoWindow::onLoad() {
   const QSignalBlocker onceIsEnough(days_);
   days_->setDate(state().clock.today());
   ShowMemo(true);

@@ -19,7 +19,7 @@ class MemoWindow : public EditedWindow {
   explicit MemoWindow(ApplicationState& state, QWidget* parent = nullptr);
 
  protected:
-  void load() override;
+  void onLoad() override;
   Changes changes() override;
   bool save() override;
   void readAgain() override { showOtherDay(); }

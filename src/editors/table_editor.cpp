@@ -50,7 +50,7 @@ QHBoxLayout* TableEditor::makeButtons() {
   return row;
 }
 
-void TableEditor::activate() {
+void TableEditor::onActivate() {
   unsetCursor();
   kind_.setUp(grid_->sheet());
   grid_->Redraw();

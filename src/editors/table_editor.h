@@ -40,7 +40,7 @@ class TableEditor : public EditedWindow {
   // refused.
   void change(const QString& name, const std::function<void()>& changes);
 
-  void activate() override;
+  void onActivate() override;
   Changes changes() override;
   bool save() override;
   void readAgain() override { open(); }

@@ -26,9 +26,9 @@ WeekNameEditor::WeekNameEditor(ApplicationState& state, WeekBar* bar, QWidget* p
   connect(&grid(), &GridSurface::CellEntered, this, &WeekNameEditor::carryName);
 }
 
-void WeekNameEditor::activate() {
+void WeekNameEditor::onActivate() {
   bar_->setDate(state().clock.today());
-  TableEditor::activate();
+  TableEditor::onActivate();
 }
 
 void WeekNameEditor::setTypable(bool on) {

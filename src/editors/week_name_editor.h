@@ -14,7 +14,7 @@ class WeekNameEditor : public TableEditor {
   explicit WeekNameEditor(ApplicationState& state, QWidget* parent = nullptr);
 
  protected:
-  void activate() override;
+  void onActivate() override;
   void setTypable(bool on) override;
 
  private:

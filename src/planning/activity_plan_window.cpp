@@ -83,7 +83,7 @@ void ActivityPlanWindow::connectGrid() {
   connect(grid, &GridSurface::RowDuplicate, this, &ActivityPlanWindow::duplicateRow);
 }
 
-void ActivityPlanWindow::load() {
+void ActivityPlanWindow::onLoad() {
   setUpPlanRows(controls_.grid->sheet());
   controls_.grid->Redraw();
   loadLists();
@@ -142,7 +142,7 @@ std::optional<CellEntry> ActivityPlanWindow::understood(int col, const QString& 
   return block ? std::optional(CellEntry{block->cell, block->code}) : std::nullopt;
 }
 
-void ActivityPlanWindow::activate() {
+void ActivityPlanWindow::onActivate() {
   unsetCursor();
   guarded([this] {
     const QSignalBlocker once(controls_.day);
@@ -210,7 +210,7 @@ void ActivityPlanWindow::turnTo(const QString& activity) {
 QStringList ActivityPlanWindow::readPlan() {
   auto* grid = controls_.grid;
   const ScheduleStore::ReadTransaction oneView(state().Db);
-  QStringList missing = listPlan(state().Db, grid->sheet(), blocks_, listed_);
+  QStringList missing = listEntries(state().Db, grid->sheet(), blocks_, listed_);
   saved_ = SavedEntries(state().Db, listed_);
   taken_.clear();
   grid->clearUndo();
@@ -268,8 +268,8 @@ bool ActivityPlanWindow::SavePlan() {
   try {
     if (!saveAsking([&](bool overwrite) {
           WorkDialog dialog(this);
-          outcome = savePlan(state().Db, controls_.grid->sheet(), listed_,
-                             overwrite ? nullptr : &saved_, dialog.progress());
+          outcome = writePlan(state().Db, controls_.grid->sheet(), listed_,
+                              overwrite ? nullptr : &saved_, dialog.progress());
         })) {
       return false;
     }

@@ -24,8 +24,8 @@ class ActivityPlanWindow : public EditedWindow {
   QString chosenActivity() const;
 
  protected:
-  void load() override;
-  void activate() override;
+  void onLoad() override;
+  void onActivate() override;
   Changes changes() override;
   bool save() override { return SavePlan(); }
   void readAgain() override;

@@ -73,7 +73,7 @@ QHBoxLayout* DailyPlanWindow::layButtons() {
   return row;
 }
 
-void DailyPlanWindow::load() {
+void DailyPlanWindow::onLoad() {
   const QSignalBlocker untilActivated(day_);
   setDate(first_day_);
 }
@@ -86,7 +86,7 @@ QDate DailyPlanWindow::date() const {
   return day_->date();
 }
 
-void DailyPlanWindow::activate() {
+void DailyPlanWindow::onActivate() {
   unsetCursor();
   setUpDayRows(grid_->sheet());
   grid_->Redraw();
@@ -191,7 +191,7 @@ bool DailyPlanWindow::SaveDayPlan() {
   finishTyping();
   DaySaveOutcome outcome;
   if (!saveAsking([&](bool overwrite) {
-        outcome = saveDayPlan(state().Db, grid_->sheet(), shown_day_, saved_, overwrite);
+        outcome = writeDayPlan(state().Db, grid_->sheet(), shown_day_, saved_, overwrite);
       })) {
     return false;
   }

@@ -34,8 +34,8 @@ class DailyPlanWindow : public EditedWindow {
   bool SaveDayPlan();
 
  protected:
-  void load() override;
-  void activate() override;
+  void onLoad() override;
+  void onActivate() override;
   Changes changes() override;
   bool save() override { return SaveDayPlan(); }
   void readAgain() override;

@@ -150,8 +150,8 @@ void placeDayActivity(Sheet& sheet, int row, const OpenItem& item) {
   colourRow(sheet, row, item.colour);
 }
 
-DaySaveOutcome saveDayPlan(ScheduleStore& store, const Sheet& sheet, QDate date,
-                           const SavedEntries& asRead, bool overwrite) {
+DaySaveOutcome writeDayPlan(ScheduleStore& store, const Sheet& sheet, QDate date,
+                            const SavedEntries& asRead, bool overwrite) {
   std::vector<int> rows;
   for (int row = 0; row < sheet.Rows(); ++row) {
     if (isChanged(sheet, row, date, asRead)) rows.push_back(row);

@@ -50,8 +50,8 @@ struct DaySaveOutcome {
 // says what was read is left alone. A row that cannot be saved ends the save; the rows above it
 // stay saved. Everything else that fails saves nothing. Unless told to overwrite it throws
 // StoreFault::RowChanged, and saves nothing, when a changed row's entry is not what was read.
-DaySaveOutcome saveDayPlan(ScheduleStore& store, const Sheet& sheet, QDate date,
-                           const SavedEntries& asRead, bool overwrite);
+DaySaveOutcome writeDayPlan(ScheduleStore& store, const Sheet& sheet, QDate date,
+                            const SavedEntries& asRead, bool overwrite);
 
 // "每日活动计划  2007年3月5日 星期一"
 QString dayPlanCaption(QDate date);

@@ -28,17 +28,17 @@ bool areStoredAlike(const PlanTexts& one, const PlanTexts& other) {
          levelNumber(one) == levelNumber(other);
 }
 
-PlanTexts planTexts(RowReader& entry) {
+PlanTexts readPlanTexts(RowReader& entry) {
   return {entry.text(u"HDMC"), entry.text(u"HDYQ"), entry.text(u"ZYDJ")};
 }
 
 std::optional<PlanTexts> entryOfBlock(ScheduleStore& store, QDate date, const QString& code) {
   auto entries = store.readOnce(statements::planOfBlock(date, code));
-  return entries.next() ? std::optional(planTexts(entries)) : std::nullopt;
+  return entries.next() ? std::optional(readPlanTexts(entries)) : std::nullopt;
 }
 
 void editPlan(Recordset& entry, const PlanTexts& texts) {
-  if (isFilled(entry) && areStoredAlike(planTexts(entry), texts)) return;
+  if (isFilled(entry) && areStoredAlike(readPlanTexts(entry), texts)) return;
   entry.edit();
   store(entry, texts);
 }
@@ -70,7 +70,7 @@ void SavedEntries::read(Recordset entries) {
       continue;
     }
     const Place place(entries.date(u"RQ"), entries.text(u"SJKH"));
-    if (!entries_.contains(place)) entries_.insert(place, planTexts(entries));
+    if (!entries_.contains(place)) entries_.insert(place, readPlanTexts(entries));
   }
 }
 

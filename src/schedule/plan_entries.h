@@ -24,7 +24,7 @@ struct PlanTexts {
 bool areStoredAlike(const PlanTexts& one, const PlanTexts& other);
 
 // Reads the current one of several plan entries.
-PlanTexts planTexts(RowReader& entry);
+PlanTexts readPlanTexts(RowReader& entry);
 
 // The first entry that holds a block on a date; none when the block is free. Throws StoreError.
 std::optional<PlanTexts> entryOfBlock(ScheduleStore& store, QDate date, const QString& code);

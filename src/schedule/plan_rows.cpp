@@ -141,8 +141,8 @@ void duplicatePlanRow(Sheet& sheet, int row) {
   copy.writeTo(sheet, row + 1);
 }
 
-QStringList listPlan(ScheduleStore& store, Sheet& sheet, const TimeBlockList& blocks,
-                     const QString& activity) {
+QStringList listEntries(ScheduleStore& store, Sheet& sheet, const TimeBlockList& blocks,
+                        const QString& activity) {
   auto entries = store.readOnce(statements::plansOfActivity(activity));
   Sheet listed = sheet;
   listed.SetRows(0);

@@ -83,7 +83,7 @@ void duplicatePlanRow(Sheet& sheet, int row);
 // spare rows below; an entry whose date or block cannot be read is left out. Returns the code of
 // each entry whose block is not among `blocks`; such an entry is listed without a time. Throws
 // StoreError and leaves the grid as it was.
-QStringList listPlan(ScheduleStore& store, Sheet& sheet, const TimeBlockList& blocks,
-                     const QString& activity);
+QStringList listEntries(ScheduleStore& store, Sheet& sheet, const TimeBlockList& blocks,
+                        const QString& activity);
 
 }  // namespace vellora

@@ -168,8 +168,8 @@ QString takenText(const QList<TakenBlock>& taken, const SavedEntries::Place& pla
 
 }  // namespace
 
-PlanSaveOutcome savePlan(ScheduleStore& store, const Sheet& sheet, const QString& activity,
-                         const SavedEntries* asRead, const WorkProgress& progress) {
+PlanSaveOutcome writePlan(ScheduleStore& store, const Sheet& sheet, const QString& activity,
+                          const SavedEntries* asRead, const WorkProgress& progress) {
   PlanSaveOutcome outcome;
   try {
     ScheduleStore::Transaction transaction(store);

@@ -34,8 +34,8 @@ struct PlanSaveOutcome {
 // there, and a save that is killed, given up (WorkGivenUp) or cannot be committed leaves all as it
 // was. Throws StoreFault::RowChanged, with nothing saved, when the saved plan is not `asRead` any
 // more, unless that is null.
-PlanSaveOutcome savePlan(ScheduleStore& store, const Sheet& sheet, const QString& activity,
-                         const SavedEntries* asRead, const WorkProgress& progress = {});
+PlanSaveOutcome writePlan(ScheduleStore& store, const Sheet& sheet, const QString& activity,
+                          const SavedEntries* asRead, const WorkProgress& progress = {});
 
 // What a save of the activity's plan grid would do. `taken` are the rows that the last save left
 // out.

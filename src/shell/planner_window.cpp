@@ -70,7 +70,7 @@ void PlannerWindow::tellCutPastes(GridSurface& grid) {
 void PlannerWindow::Load() {
   for (auto* button : findChildren<QPushButton*>()) button->setAutoDefault(!button->isDefault());
   putSkinOn();
-  load();
+  onLoad();
 }
 
 // No larger than the screen has room for, and over the window that opened it.
@@ -91,7 +91,7 @@ void PlannerWindow::takePlace() {
 void PlannerWindow::Show() {
   takePlace();
   show();
-  activate();
+  onActivate();
 }
 
 void PlannerWindow::ShowModal() {
@@ -104,7 +104,7 @@ void PlannerWindow::ShowModal() {
 
 void PlannerWindow::closeEvent(QCloseEvent* event) {
   if (!mayClose()) return event->ignore();
-  unload();
+  onUnload();
   event->accept();
   emit closed();
 }

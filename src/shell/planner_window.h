@@ -29,12 +29,12 @@ class PlannerWindow : public QWidget {
   void Show();
   // Shows the window over its parent, activates it, and returns when it has closed.
   void ShowModal();
-  void Activate() { activate(); }
+  void Activate() { onActivate(); }
 
  protected:
-  virtual void load() {}
-  virtual void activate() {}
-  virtual void unload() {}
+  virtual void onLoad() {}
+  virtual void onActivate() {}
+  virtual void onUnload() {}
   // Asked before the window closes, whatever wants to close it.
   virtual bool mayClose() { return true; }
   // Whether Escape may close the window at all.

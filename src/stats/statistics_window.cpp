@@ -133,7 +133,7 @@ StatisticsWindow::CategoryLine StatisticsWindow::makeCategoryLine(int index) {
   return line;
 }
 
-void StatisticsWindow::load() {
+void StatisticsWindow::onLoad() {
   const QDate today = state().clock.today();
   start_->setDate(today.addMonths(-1));
   end_->setDate(today.addMonths(1));

@@ -23,7 +23,7 @@ class StatisticsWindow : public PlannerWindow {
   explicit StatisticsWindow(ApplicationState& state, QWidget* parent = nullptr);
 
  protected:
-  void load() override;
+  void onLoad() override;
 
  private:
   struct CategoryLine {

@@ -113,6 +113,7 @@ TEST_F(WeekBoardTest, OpensTheDayOrTheActivityThatIsClickedAndIsRebuiltOnReturn)
   board_.attachPlannedCell([&](const QString& activity) {
     activities << activity;
     store_.execute(u"DELETE * FROM JH"_qs);
+    board_.setRedrawFlag();
   });
   open();
   clickCell(3, 0);

@@ -76,7 +76,7 @@ void readTheRest(ScheduleStore& store) {
   const QDate monday(2007, 3, 5);
   Sheet plan;
   setUpPlanRows(plan);
-  listPlan(store, plan, TimeBlockList(store), u"活动001"_qs);
+  listEntries(store, plan, TimeBlockList(store), u"活动001"_qs);
   totalMinutes(useByCategory(store, monday, monday.addDays(6)));
   for (const QString& table : backedUpTables()) {
     auto rows = store.readOnce(table);

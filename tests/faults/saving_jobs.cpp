@@ -69,19 +69,19 @@ void changeItem(const QString& folder) {
 }
 
 // Some entries change, the first goes, two are new.
-void savePlan(const QString& folder) {
+void writePlan(const QString& folder) {
   ScheduleStore store = storeIn(folder);
   const TimeBlockList blocks(store);
   Sheet sheet;
   setUpPlanRows(sheet);
-  listPlan(store, sheet, blocks, kActivity);
+  listEntries(store, sheet, blocks, kActivity);
   for (int row = 1; row < 6; ++row) sheet.SetCellText(kPlanRequirement, row, QString(99, u'改'));
   sheet.DeleteRows(0, 1);
   const int spare = sheet.Rows() - kSparePlanRows;
   for (int i = 0; i < 2; ++i) {
     placePlanRow(sheet, spare + i, kMonday.addDays(40 + i), *blocks.at(i), kActivity);
   }
-  throwIfRefused(vellora::savePlan(store, sheet, kActivity, nullptr).failure);
+  throwIfRefused(vellora::writePlan(store, sheet, kActivity, nullptr).failure);
 }
 
 // Half of the day's entries change, one goes, one is new.
@@ -96,7 +96,7 @@ void saveDay(const QString& folder) {
   for (int row = 0; row < 10; ++row) sheet.SetCellText(kDayRequirement, row, QString(99, u'改'));
   sheet.SetCellText(kDayActivity, 11, {});
   placeDayActivity(sheet, sheet.Rows() - 1, items.constFirst());
-  throwIfRefused(saveDayPlan(store, sheet, kMonday, saved, false).failure);
+  throwIfRefused(writeDayPlan(store, sheet, kMonday, saved, false).failure);
 }
 
 void addIndices(const QString& folder) {
@@ -119,7 +119,7 @@ Sheet listed(const QString& folder) {
   ScheduleStore store = storeIn(folder);
   Sheet sheet;
   setUpPlanRows(sheet);
-  listPlan(store, sheet, TimeBlockList(store), kActivity);
+  listEntries(store, sheet, TimeBlockList(store), kActivity);
   return sheet;
 }
 
@@ -137,7 +137,7 @@ constexpr SavingJob kJobs[]{{"time_blocks", saveBlocks},
                             {"week_names", saveWeekNames},
                             {"memo", saveMemo},
                             {"item", changeItem},
-                            {"activity_plan", savePlan, true},
+                            {"activity_plan", writePlan, true},
                             {"day_plan", saveDay, true},
                             {"start_that_adds_indices", addIndices},
                             {"restore", restore},

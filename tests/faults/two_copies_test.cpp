@@ -84,7 +84,7 @@ class Copy {
     const QString busy = u"另一个程序正在使用日程文件，请稍后再试。"_qs;
     QString failure = busy;
     while (failure == busy) {
-      failure = saveDayPlan(store_, sheet, ownDay(round), {}, true).failure;
+      failure = writeDayPlan(store_, sheet, ownDay(round), {}, true).failure;
     }
     if (!failure.isEmpty()) throw std::runtime_error(failure.toStdString());
   }

@@ -17,7 +17,7 @@ class DayPlan : public test::ScheduleTest {
     asRead_ = SavedEntries(*store_, date);
   }
   QString save(bool overwrite = false) {
-    const auto outcome = saveDayPlan(*store_, sheet_, kMonday, asRead_, overwrite);
+    const auto outcome = writeDayPlan(*store_, sheet_, kMonday, asRead_, overwrite);
     if (outcome.saved) {
       refreshDayPlan(sheet_, kMonday, asRead_, *outcome.saved, {});
       asRead_ = *outcome.saved;

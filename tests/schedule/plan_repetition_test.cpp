@@ -52,7 +52,7 @@ TEST_F(PlanRepetition, ATakenBlockShowsItsHolderInRedAndIsKeptBySaving) {
   EXPECT_EQ(sheet_.StyleAt(kPlanActivity, 1).textColour, kRed);
   EXPECT_EQ(sheet_.StyleAt(kPlanActivity, 2).textColour, kRed);
   EXPECT_EQ(sheet_.StyleAt(kPlanActivity, 3).textColour, kBlack);
-  EXPECT_TRUE(savePlan(*store_, sheet_, u"读书"_qs, nullptr).taken.isEmpty());
+  EXPECT_TRUE(writePlan(*store_, sheet_, u"读书"_qs, nullptr).taken.isEmpty());
   EXPECT_EQ(saved(),
             (QStringList{u"2007-03-05|002|读书|新|3"_qs, u"2007-03-06|002|跑步|五公里|4"_qs,
                          u"2007-03-07|002|读书|旧|5"_qs, u"2007-03-08|001|别的块|要求|1"_qs,

@@ -63,7 +63,7 @@ TEST_F(PlanRows, BlocksComeByStartAndTheFirstOfACodeIsFound) {
 class PlanListing : public test::ScheduleTest {
  protected:
   QStringList list(const QString& activity) {
-    return listPlan(*store_, sheet_, TimeBlockList(*store_), activity);
+    return listEntries(*store_, sheet_, TimeBlockList(*store_), activity);
   }
 };
 

@@ -14,12 +14,12 @@ using test::kMonday;
 class PlanSaving : public test::ScheduleTest {
  protected:
   PlanSaveOutcome save(const WorkProgress& progress = {}) {
-    return savePlan(*store_, sheet_, u"读书"_qs, nullptr, progress);
+    return writePlan(*store_, sheet_, u"读书"_qs, nullptr, progress);
   }
   // Three entries of the activity, listed, then changed in the grid.
   void changeAListedPlan() {
     for (int day = 0; day < 3; ++day) builder_.plan(kMonday.addDays(day), u"002"_qs, u"读书"_qs);
-    listPlan(*store_, sheet_, TimeBlockList(*store_), u"读书"_qs);
+    listEntries(*store_, sheet_, TimeBlockList(*store_), u"读书"_qs);
     for (int row = 0; row < 3; ++row) sheet_.SetCellText(kPlanRequirement, row, u"改"_qs);
   }
 };
@@ -110,7 +110,7 @@ TEST_F(PlanSaving, ASaveThatIsGivenUpLeavesNoTrace) {
 class PlanChanges : public test::ScheduleTest {
  protected:
   void list() {
-    listPlan(*store_, sheet_, TimeBlockList(*store_), u"读书"_qs);
+    listEntries(*store_, sheet_, TimeBlockList(*store_), u"读书"_qs);
     saved_ = SavedEntries(*store_, u"读书"_qs);
   }
   Changes changes() { return planChanges(sheet_, u"读书"_qs, saved_, {}); }
@@ -161,7 +161,7 @@ TEST_F(PlanChanges, EntriesThatCannotBeReadAreToldAndKept) {
   list();
   EXPECT_EQ(sheet_.GetCellText(kPlanActivity, 0), QString());
   EXPECT_EQ(changes().note, u"有 4 条计划的日期或时间块读不出来，没有列出，保存时保持原样"_qs);
-  EXPECT_EQ(savePlan(*store_, sheet_, u"读书"_qs, &saved_).failure, QString());
+  EXPECT_EQ(writePlan(*store_, sheet_, u"读书"_qs, &saved_).failure, QString());
   EXPECT_EQ(saved().size(), 4);
 }
 

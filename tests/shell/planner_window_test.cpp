@@ -25,9 +25,9 @@ class RecordingWindow : public PlannerWindow {
   bool typed = false;
 
  protected:
-  void load() override { steps << (isVisible() ? u"load late"_qs : u"load"_qs); }
-  void activate() override { steps << u"activate"_qs; }
-  void unload() override { steps << u"unload"_qs; }
+  void onLoad() override { steps << (isVisible() ? u"load late"_qs : u"load"_qs); }
+  void onActivate() override { steps << u"activate"_qs; }
+  void onUnload() override { steps << u"unload"_qs; }
   bool mayClose() override { return !typed; }
 };
 
