@@ -10,7 +10,7 @@ set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 set(CMAKE_UNITY_BUILD ON)
 set(CMAKE_UNITY_BUILD_BATCH_SIZE 0)
 # Whose sources still use a name twice.
-set(vellora_apart grid_surface store_test board_test journeys_test)
+set(vellora_apart store_test board_test journeys_test)
 
 find_program(VELLORA_CCACHE ccache)
 if(VELLORA_CCACHE)

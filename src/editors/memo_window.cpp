@@ -1,7 +1,7 @@
 #include "editors/memo_window.h"
 
 #include "schedule/memos.h"
-#include "grid/surface/plain_text_box.h"
+#include "grid/surface/cell_editor.h"
 #include "shell/date_stepper.h"
 #include "store/store_error.h"
 

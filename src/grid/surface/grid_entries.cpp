@@ -1,7 +1,7 @@
 // What the user puts into the cells of a GridSurface: typed, pasted and emptied.
 
 #include "grid/surface/cell_editor.h"
-#include "grid/surface/copied_cells.h"
+#include "grid/surface/clipboard_text.h"
 #include "grid/surface/grid_surface_parts.h"
 
 #include <QClipboard>

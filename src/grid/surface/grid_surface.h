@@ -2,8 +2,8 @@
 
 #include "grid/print/print_preview.h"
 #include "grid/sheet/workbook.h"
-#include "grid/surface/cell_entry.h"
-#include "grid/surface/grid_colours.h"
+#include "grid/surface/grid_look.h"
+#include "grid/surface/range_edit.h"
 #include "routine/work_step.h"
 
 #include <QTableView>

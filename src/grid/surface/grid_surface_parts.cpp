@@ -1,7 +1,7 @@
 #include "grid/surface/grid_surface_parts.h"
 
 #include "grid/surface/cell_editor.h"
-#include "grid/surface/copied_cells.h"
+#include "grid/surface/clipboard_text.h"
 #include "grid/surface/heading_strip.h"
 
 #include <QAbstractButton>

@@ -1,7 +1,6 @@
 #pragma once
 
-#include "grid/surface/cell_delegate.h"
-#include "grid/surface/edge_drag.h"
+#include "grid/surface/cell_editor.h"
 #include "grid/surface/frozen_axis.h"
 #include "grid/surface/grid_commands.h"
 #include "grid/surface/grid_surface.h"

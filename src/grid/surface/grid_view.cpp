@@ -1,6 +1,5 @@
 // How a GridSurface lies in its viewport and is painted.
 
-#include "grid/surface/cell_painter.h"
 #include "grid/surface/grid_surface_parts.h"
 #include "grid/surface/surface_painter.h"
 

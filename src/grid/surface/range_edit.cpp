@@ -1,7 +1,7 @@
 #include "grid/surface/range_edit.h"
 
 #include "grid/files/exported_sheet.h"
-#include "grid/surface/grid_colours.h"
+#include "grid/surface/grid_look.h"
 #include "routine/calendar_text.h"
 
 namespace vellora {

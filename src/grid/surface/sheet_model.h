@@ -1,7 +1,7 @@
 #pragma once
 
 #include "grid/sheet/workbook.h"
-#include "grid/surface/cell_look.h"
+#include "grid/surface/grid_look.h"
 
 #include <QAbstractTableModel>
 
