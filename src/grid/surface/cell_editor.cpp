@@ -71,10 +71,6 @@ void CellEditor::fit() {
               std::max(cell_.height(), std::min(needed, room)));
 }
 
-void CellEditor::putCursorAtEnd() {
-  moveCursor(QTextCursor::End);
-}
-
 // Alt with a letter presses a button of the window without moving the focus; Escape closes the
 // cell, whatever else it would do.
 bool CellEditor::event(QEvent* event) {

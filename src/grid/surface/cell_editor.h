@@ -33,7 +33,6 @@ class CellEditor final : public PlainTextBox {
   // The cell's rectangle; the editor grows from it while its text needs more room.
   explicit CellEditor(QWidget* viewport);
   void setCell(const QRect& cell);
-  void putCursorAtEnd();
 
  signals:
   // The text is to be kept and the cell left by this key.

@@ -15,14 +15,6 @@ void copyCell(const Sheet& from, CellPlace cell, Sheet& to, CellPlace place) {
 
 }  // namespace
 
-void copyCells(const Sheet& from, const CellRange& range, Sheet& to, CellPlace place) {
-  for (int row = range.row1; row <= range.row2; ++row) {
-    for (int col = range.col1; col <= range.col2; ++col) {
-      copyCell(from, {col, row}, to, {place.col + col - range.col1, place.row + row - range.row1});
-    }
-  }
-}
-
 bool RangeEdit::isOpen(CellPlace cell) const {
   return cell.col < sheet_.Cols() && cell.row < sheet_.Rows() &&
          settings_.look.isOpen(cell.col, cell.row);

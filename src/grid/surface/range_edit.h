@@ -25,9 +25,6 @@ using EntryRule = std::function<std::optional<CellEntry>(int col, int row, const
 
 struct GridLook;
 
-// Cells with tags and looks, from one sheet to another place of the same or another.
-void copyCells(const Sheet& from, const CellRange& range, Sheet& to, CellPlace place);
-
 // One action of the user on the cells of a sheet. Hidden rows and cells that the look keeps from
 // the user stay as they are. A cell's tag belongs to its text: it comes from the rule, or with a
 // pasted cell, and is empty otherwise; looks change only where a cell is pasted.
