@@ -3,14 +3,10 @@
 function(vellora_tidy target)
   get_target_property(folder ${target} BINARY_DIR)
   set(source "${folder}/CMakeFiles/${target}.dir/Unity/unity_0_cxx.cxx")
-  get_target_property(is_one ${target} UNITY_BUILD)
-  if(NOT is_one)
-    return()
-  endif()
   set(stamp "${CMAKE_BINARY_DIR}/tidy/${target}")
   add_custom_command(OUTPUT "${stamp}"
     COMMAND clang-tidy --quiet -p "${CMAKE_BINARY_DIR}" --extra-arg=-Wno-unknown-warning-option
-            ${source}
+            "${source}"
     COMMAND "${CMAKE_COMMAND}" -E touch "${stamp}"
     DEPENDS $<TARGET_OBJECTS:${target}> "${CMAKE_SOURCE_DIR}/.clang-tidy"
     COMMENT "Checking ${target} with clang-tidy"

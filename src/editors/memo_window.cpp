@@ -1,6 +1,6 @@
 #include "editors/memo_window.h"
 
-#include "grid/surface/plain_text_box.h"
+#include "grid/surface/cell_editor.h"
 #include "schedule/memos.h"
 #include "shell/date_stepper.h"
 #include "store/store_error.h"

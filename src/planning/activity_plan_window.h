@@ -1,6 +1,6 @@
 #pragma once
 
-#include "grid/surface/cell_entry.h"
+#include "grid/surface/range_edit.h"
 #include "planning/activity_plan_controls.h"
 #include "schedule/plan_saving.h"
 #include "schedule/time_blocks.h"

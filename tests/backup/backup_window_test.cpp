@@ -87,7 +87,7 @@ TEST_F(BackupWindowTest, TellsHowManyRecordsWentOutAndCameBackOrWhyNot) {
                          u"数据未能正确恢复！"_qs,
                          u"恢复已正确完成, 共 6 条记录！"_qs}));
   EXPECT_EQ(test::dumpOf(store_), before);
-  EXPECT_EQ(window_.findChild<GridSurface*>(u"Cell1"_qs)->SheetCount(), 6);
+  EXPECT_EQ(window_.findChild<GridSurface*>(u"Cell1"_qs)->workbook().SheetCount(), 6);
 }
 
 TEST_F(BackupWindowTest, GivesALongBackupUpWithoutATrace) {

@@ -188,7 +188,7 @@ TEST_F(WeekBoardTest, StaysAsItWasWhenAStepOrARebuildFailsAndSaysHowToTryAgain) 
 TEST_F(WeekBoardTest, TakesColumnWidthsFromItsTemplate) {
   GridSurface saved;
   saved.SetCols(20);
-  saved.SetColumnWidth(3, 222);
+  saved.sheet().SetColumnWidth(3, 222);
   saved.SaveFile(schedule_.folder() + u"/JH.ZRT"_qs);
   open();
   EXPECT_EQ(grid().sheet().ColumnWidth(3), 222);

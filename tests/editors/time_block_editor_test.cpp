@@ -26,7 +26,7 @@ TEST_F(TimeBlockEditorTest, ShowsTheCellThatCannotBeStoredAndKeepsEverythingType
   click(u"cmdSV"_qs);
   EXPECT_EQ(prompts_.warnings,
             QStringList(u"第 2 行的“结束时间”要填时间，例如 08:30，“9:60”不是。"_qs));
-  EXPECT_EQ(grid().CurrentCol(), 1);
+  EXPECT_EQ(grid().currentIndex().column(), 1);
   EXPECT_EQ(grid().CurrentRow(), 1);
   EXPECT_EQ(shown(3, 1), u"二"_qs);
   EXPECT_EQ(store_.open(u"SJ"_qs).count(), 1);

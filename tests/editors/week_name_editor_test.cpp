@@ -17,7 +17,7 @@ TEST_F(WeekNameEditorTest, FillsWeeksAndCarriesANameDownThem) {
   open(editor_);
   click(u"CmdBR"_qs);
   EXPECT_EQ(shown(0, 0), u"2007-03-05"_qs);
-  EXPECT_EQ(grid().CurrentCol(), 2);
+  EXPECT_EQ(grid().currentIndex().column(), 2);
   type(u"开学"_qs);
   press(Qt::Key_Return);
   press(Qt::Key_Up);

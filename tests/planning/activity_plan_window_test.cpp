@@ -54,7 +54,7 @@ TEST_F(ActivityPlanWindowTest, PlacesTheActivityInTheCurrentRowAndGoesOnAtTheReq
   grid(window_).SetCurrentCell(0, 2);
   doubleClick(window_, u"List2"_qs, 1);
   EXPECT_EQ(row(window_, 2), u"2007-03-06/星期二|20:00-21:00/晚间|读书||"_qs);
-  EXPECT_EQ(grid(window_).CurrentCol(), 3);
+  EXPECT_EQ(grid(window_).currentIndex().column(), 3);
   EXPECT_EQ(grid(window_).CurrentRow(), 2);
   EXPECT_TRUE(isMarked(window_, 2));
   EXPECT_FALSE(isMarked(window_, 0));
@@ -159,7 +159,7 @@ TEST_F(ActivityPlanWindowTest, ARowKeepsItsBlockWhereverItIsCutCopiedOrTyped) {
   schedule_.plan(kToday, u"002"_qs, u"读书"_qs);
   open();
   auto& cells = grid(window_);
-  cells.SelectRange(0, 0, kPlanCols - 1, 0);
+  cells.selectRow(0);
   QTest::keyClick(&cells, Qt::Key_X, Qt::ControlModifier);
   cells.SetCurrentCell(0, 3);
   QTest::keyClick(&cells, Qt::Key_V, Qt::ControlModifier);

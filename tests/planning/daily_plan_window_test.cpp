@@ -41,7 +41,7 @@ TEST_F(DailyPlanWindowTest, ADoubleClickedActivityTakesARequirementAndALevelAndI
   grid(window_).SetCurrentCell(0, 1);
   doubleClick(window_, u"List1"_qs, 1);
   EXPECT_EQ(row(window_, 1), u"20:00-21:00/晚间|跑步||"_qs);
-  EXPECT_EQ(grid(window_).CurrentCol(), 2);
+  EXPECT_EQ(grid(window_).currentIndex().column(), 2);
   EXPECT_EQ(grid(window_).CurrentRow(), 1);
   EXPECT_TRUE(isMarked(window_, 1));
   EXPECT_FALSE(isMarked(window_, 0));

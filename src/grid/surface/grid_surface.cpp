@@ -1,153 +1,263 @@
 #include "grid/surface/grid_surface.h"
 
-#include "grid/surface/grid_surface_parts.h"
+#include "grid/files/excel_writer.h"
+#include "grid/files/html_writer.h"
+#include "grid/files/workbook_file.h"
+#include "grid/surface/key_moves.h"
 
-#include <QHeaderView>
+#include <QContextMenuEvent>
+#include <QCoreApplication>
+#include <QFileInfo>
+#include <QKeyEvent>
+#include <QMenu>
+#include <QMetaMethod>
+#include <QScopedValueRollback>
 
 namespace vellora {
+namespace {
 
-GridSurface::GridSurface(QWidget* parent)
-    : QTableView(parent), parts_(std::make_unique<Parts>(*this)) {
-  setModel(&parts_->model);
-  setItemDelegate(&parts_->delegate);
-  setLayoutDirection(Qt::LeftToRight);
-  setSelectionMode(ContiguousSelection);
-  setHorizontalScrollMode(ScrollPerPixel);
-  setVerticalScrollMode(ScrollPerPixel);
-  setWordWrap(false);
-  setTabKeyNavigation(false);
-  setEditTriggers(NoEditTriggers);
-  viewport()->setMouseTracking(true);
-  parts_->look.colours = coloursOf(palette());
-  parts_->showChanges();
-}
-
-// The view lets go of its parts before they go.
-GridSurface::~GridSurface() {
-  setModel(nullptr);
-  setItemDelegate(nullptr);
-}
-
-int GridSurface::CurrentRow() const {
-  const int row = parts_->current().row;
-  return row < Rows() ? row : -1;
-}
-
-int GridSurface::CurrentCol() const {
-  return CurrentRow() < 0 ? -1 : parts_->current().col;
-}
-
-void GridSurface::SetCurrentCell(int col, int row) {
-  parts_->showChanges();
-  if (parts_->cols.has(col) && parts_->rows.has(row)) {
-    parts_->makeCurrent({col, row});
-  } else {
-    parts_->dropCurrent();
+template <typename Writer>
+int exported(Writer write, const GridSurface& grid, const QString& path, QString* reason,
+             const WorkProgress& progress) {
+  try {
+    const QString title = QFileInfo(path).completeBaseName();
+    write(grid.sheet(), grid.workbook().pageSetup, title, path, progress);
+    return 1;
+  } catch (const FileError& error) {
+    if (reason) *reason = error.description();
+    return 0;
+  } catch (const WorkGivenUp&) {
+    if (reason) *reason = u"已取消，原来的文件没有改动。"_qs;
+    return 0;
   }
 }
 
-void GridSurface::SelectRange(int col1, int row1, int col2, int row2) {
-  parts_->sync();
-  const CellRange range = CellRange::between({col1, row1}, {col2, row2}).within(Cols(), Rows());
-  if (range.isEmpty()) return;
-  selectionModel()->select(QItemSelection(parts_->indexOf({range.col1, range.row1}),
-                                          parts_->indexOf({range.col2, range.row2})),
-                           QItemSelectionModel::ClearAndSelect);
+bool isTyped(const QKeyEvent& event) {
+  const bool isCommand =
+      event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
+  return !isCommand && !event.text().isEmpty() && event.text().at(0).isPrint();
 }
 
-void GridSurface::Redraw() {
-  parts_->shownRevision = 0;
-  parts_->showChanges();
-  viewport()->update();
+bool isEnter(int key) {
+  return key == Qt::Key_Return || key == Qt::Key_Enter;
 }
 
-void GridSurface::SetRedrawSwitch(bool on) {
-  setUpdatesEnabled(on);
+QList<QKeySequence> redoKeys() {
+  return QList<QKeySequence>{QKeySequence(Qt::CTRL | Qt::Key_Y)} +
+         QKeySequence::keyBindings(QKeySequence::Redo);
 }
 
-bool GridSurface::RedrawSwitch() const {
-  return updatesEnabled();
+QString named(const QString& command, const QString& step) {
+  return step.isEmpty() ? command : command + u' ' + step;
 }
 
-void GridSurface::Focus() {
-  setFocus(Qt::OtherFocusReason);
+}  // namespace
+
+GridSurface::GridSurface(QWidget* parent) : SheetView(parent) {
+  setItemDelegate(&delegate_);
+  setEditable(false);
+  connect(&model_, &SheetModel::typed, this, [this](int col, int row, const QString& text) {
+    enter({col, row}, text);
+  });
+  connect(&delegate_, &CellDelegate::left, this, &GridSurface::moveBy);
+  connect(&delegate_, &CellDelegate::aboutToLoseKey, this, &GridSurface::keepTypedText);
 }
 
-void GridSurface::setHeadingStripVisible(bool on) {
-  horizontalHeader()->setVisible(on);
+// The view lets go of its delegate before that goes.
+GridSurface::~GridSurface() {
+  setItemDelegate(nullptr);
 }
 
-void GridSurface::setRowNumbersVisible(bool on) {
-  verticalHeader()->setVisible(on);
+void GridSurface::SaveFile(const QString& path) const {
+  writeWorkbookFile(workbook(), path);
 }
 
-void GridSurface::setFrozen(int cols, int rows) {
-  parts_->look.frozenCols = std::max(cols, 0);
-  parts_->look.frozenRows = std::max(rows, 0);
-  parts_->cols.setFrozen(cols);
-  parts_->rows.setFrozen(rows);
-  viewport()->update();
+int GridSurface::ExportHtml(const QString& path, QString* reason,
+                            const WorkProgress& progress) const {
+  return exported(writeHtmlFile, *this, path, reason, progress);
 }
 
-void GridSurface::setSharesWidth(bool on) {
-  parts_->sizes.setSharesWidth(on);
-  parts_->showChangesLater();
+int GridSurface::ExportExcel(const QString& path, QString* reason,
+                             const WorkProgress& progress) const {
+  return exported(writeExcelFile, *this, path, reason, progress);
+}
+
+void GridSurface::PrintSheet(bool /*board*/) {
+  printAs(workbook().pageSetup, PrintHeadings::HeadingStrip);
+}
+
+void GridSurface::PrintBoard(bool /*board*/) {
+  PageSetup setup = workbook().pageSetup;
+  setup.landscape = true;
+  setup.fitToOnePageWidth = true;
+  printAs(setup, PrintHeadings::FirstRow);
+}
+
+void GridSurface::printAs(const PageSetup& setup, PrintHeadings headings) {
+  keepTypedText();
+  workbook().pageSetup = previewSheet(sheet(), setup, headings, documentName_(), this, runWork_);
+}
+
+void GridSurface::print() {
+  if (look_.frozenRows > 0) {
+    PrintBoard(true);
+  } else {
+    PrintSheet(false);
+  }
 }
 
 void GridSurface::setEditable(bool on) {
-  parts_->look.isEditable = on;
+  look_.isEditable = on;
   setTabKeyNavigation(on);
   setEditTriggers(on ? AnyKeyPressed : NoEditTriggers);
 }
 
 void GridSurface::setColumnLocked(int col, bool locked) {
   if (locked) {
-    parts_->look.lockedCols.insert(col);
+    look_.lockedCols.insert(col);
   } else {
-    parts_->look.lockedCols.erase(col);
+    look_.lockedCols.erase(col);
   }
 }
 
-void GridSurface::setEntryRule(const EntryRule& rule) {
-  parts_->rule = rule;
+void GridSurface::goTo(CellPlace place) {
+  showChanges();
+  if (has(place)) makeCurrent(place);
 }
 
-void GridSurface::setGrowsOnPaste(bool on) {
-  parts_->growsOnPaste = on;
+// Whether one can be used is asked only of the one that is wanted: looking at the clipboard can
+// mean waiting for another program.
+std::vector<GridSurface::Command> GridSurface::commands() {
+  const auto canCopy = [this] { return !selected().isEmpty(); };
+  const auto canEdit = [this] { return isAnyOpen(selected()); };
+  const auto canUndo = [this] { return look_.isEditable && edits_.canUndo(); };
+  const auto canRedo = [this] { return look_.isEditable && edits_.canRedo(); };
+  const auto keysOf = [](QKeySequence::StandardKey key) { return QKeySequence::keyBindings(key); };
+  return {
+      {named(u"撤消"_qs, edits_.undoName()), keysOf(QKeySequence::Undo), canUndo,
+       [this] { goTo(edits_.undo()); }},
+      {named(u"恢复"_qs, edits_.redoName()), redoKeys(), canRedo, [this] { goTo(edits_.redo()); },
+       true},
+      {u"剪切"_qs, keysOf(QKeySequence::Cut), canEdit, [this] { cut(); }},
+      {u"复制"_qs, keysOf(QKeySequence::Copy), canCopy, [this] { copy(); }},
+      {u"粘贴"_qs, keysOf(QKeySequence::Paste), [this] { return canPaste(); }, [this] { paste(); }},
+      {u"清除"_qs,
+       {Qt::Key_Delete, Qt::Key_Backspace},
+       canEdit,
+       [this] { empty(u"清除"_qs); },
+       true},
+      {u"重复本行"_qs,
+       {Qt::CTRL | Qt::Key_D},
+       [this] { return canDuplicate(); },
+       [this] { duplicateRow(); },
+       true},
+      {u"全选"_qs, keysOf(QKeySequence::SelectAll), canCopy, [this] { selectAll(); }},
+      {u"打印..."_qs, {}, [] { return true; }, [this] { print(); }},
+  };
 }
 
-void GridSurface::setDocumentName(const std::function<QString()>& name) {
-  parts_->documentName = name;
+bool GridSurface::canDuplicate() const {
+  return look_.isEditable && !current().isNone() &&
+         isSignalConnected(QMetaMethod::fromSignal(&GridSurface::RowDuplicate));
 }
 
-void GridSurface::setWorkRunner(const WorkRunner& run) {
-  parts_->runWork = run;
-}
-
-void GridSurface::setColours(const GridColours& colours) {
-  parts_->look.colours = colours;
-  parts_->hasSkin = true;
-  viewport()->update();
-  QPalette headings = palette();
-  for (const auto role : {QPalette::Button, QPalette::Window}) {
-    headings.setColor(role, colours.headingPaper);
+bool GridSurface::useCommandKey(const QKeyEvent& event) {
+  const QKeySequence keys(event.keyCombination());
+  for (const Command& command : commands()) {
+    if (!command.keys.contains(keys)) continue;
+    const bool isEnabled = command.isEnabled();
+    if (isEnabled) command.run();
+    return isEnabled;
   }
-  horizontalHeader()->setPalette(headings);
-  verticalHeader()->setPalette(headings);
+  return false;
 }
 
-void GridSurface::markColumn(int col) {
-  parts_->look.markedCol = col;
-  viewport()->update();
+void GridSurface::contextMenuEvent(QContextMenuEvent* event) {
+  auto* menu = new QMenu(this);
+  menu->setAttribute(Qt::WA_DeleteOnClose);
+  for (const Command& command : commands()) {
+    QAction* action = menu->addAction(command.text, this, command.run);
+    action->setShortcuts(command.keys);
+    action->setEnabled(command.isEnabled());
+    if (command.endsGroup) menu->addSeparator();
+  }
+  const bool byKey = event->reason() == QContextMenuEvent::Keyboard;
+  const QPoint cell = visualRect(currentIndex()).bottomLeft();
+  menu->popup(byKey ? viewport()->mapToGlobal(cell) : event->globalPos());
 }
 
-void GridSurface::markRows(std::vector<RowMark> marks) {
-  parts_->look.markedRows = std::move(marks);
-  viewport()->update();
+// An open cell's Escape is no shortcut of the window, also while the focus is still here.
+bool GridSurface::event(QEvent* event) {
+  const bool isEscape = event->type() == QEvent::ShortcutOverride &&
+                        static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape;
+  if (isEscape && isEditing()) event->accept();
+  return QTableView::event(event);
 }
 
-const std::vector<RowMark>& GridSurface::markedRows() const {
-  return parts_->look.markedRows;
+// While a cell is open, keys come here that its editor has no use for, and those that find the
+// focus still in the grid, where an input method began.
+void GridSurface::keyPressEvent(QKeyEvent* event) {
+  event->ignore();
+  if (passToEditor(*event)) return;
+  if (isEditing() && !isWindowKey(*event)) return;
+  keepTypedText();
+  emit GridKeyDown(event);
+  if (event->isAccepted() || isEditing()) return;
+  event->setAccepted(useCommandKey(*event) || useEditKey(*event) || useMoveKey(*event));
+}
+
+// What the editor has no use for comes back here.
+bool GridSurface::passToEditor(QKeyEvent& event) {
+  CellEditor* open = editor();
+  if (!open || open->hasFocus() || isPassing_ || isModifierKey(event.key())) return false;
+  const QScopedValueRollback passing(isPassing_, true);
+  open->setFocus();
+  event.accept();
+  QCoreApplication::sendEvent(open, &event);
+  return true;
+}
+
+bool GridSurface::useMoveKey(const QKeyEvent& event) {
+  return !event.modifiers().testFlag(Qt::AltModifier) && moveBy(event.key(), event.modifiers());
+}
+
+// With Ctrl, Tab goes to the next control, as it does from other boxes that use Tab themselves.
+bool GridSurface::leaveBy(int key, Qt::KeyboardModifiers modifiers) {
+  const bool isTab = key == Qt::Key_Tab || key == Qt::Key_Backtab;
+  if (!isTab || !modifiers.testFlag(Qt::ControlModifier)) return false;
+  return QWidget::focusNextPrevChild(key == Qt::Key_Tab && !modifiers.testFlag(Qt::ShiftModifier));
+}
+
+bool GridSurface::moveBy(int key, Qt::KeyboardModifiers modifiers) {
+  sync();
+  if (leaveBy(key, modifiers)) return true;
+  const bool selects = modifiers.testFlag(Qt::ShiftModifier) && selectsWithShift(key);
+  CellPlace from = selects ? movingCorner() : current();
+  if (from.isNone()) from = {0, 0};
+  const auto target = targetOf(key, modifiers, from, sheet(), rowsPerPage());
+  if (!target) return false;
+  if (selects && !current().isNone()) {
+    extendSelection(*target);
+  } else {
+    makeCurrent(current().isNone() ? from : *target);
+  }
+  return true;
+}
+
+// F2 opens a cell, typing replaces it; where nothing can be typed, Enter and Space pick the cell.
+bool GridSurface::useEditKey(QKeyEvent& event) {
+  const CellPlace cell = current();
+  if (cell.isNone()) return false;
+  if (!look_.isEditable) {
+    if (!isEnter(event.key()) && event.key() != Qt::Key_Space) return false;
+    emit CellActivated(cell.col, cell.row);
+    return true;
+  }
+  if (event.key() == Qt::Key_F2) {
+    openCell(cell);
+    return isEditing();
+  }
+  return isTyped(event) && edit(currentIndex(), AnyKeyPressed, &event);
 }
 
 }  // namespace vellora

@@ -1,74 +1,45 @@
 #pragma once
 
 #include "grid/print/print_preview.h"
-#include "grid/sheet/workbook.h"
-#include "grid/surface/cell_entry.h"
-#include "grid/surface/grid_colours.h"
+#include "grid/surface/cell_editor.h"
+#include "grid/surface/range_edit.h"
+#include "grid/surface/sheet_view.h"
 #include "routine/work_step.h"
-
-#include <QTableView>
-
-#include <memory>
-#include <vector>
-
-class QKeyEvent;
 
 namespace vellora {
 
-// The spreadsheet that every window draws on: shows the current sheet of a workbook and offers the
-// planner's grid operations and events by their names. Programmatic changes are shown together at
-// the next Redraw() or when control returns to the event loop, whichever comes first.
-class GridSurface : public QTableView {
+// The spreadsheet that every window draws on: the planner's grid operations and events by their
+// names, and what the user does to cells, typed, pasted, emptied and undone.
+class GridSurface : public SheetView {
   Q_OBJECT
 
  public:
   explicit GridSurface(QWidget* parent = nullptr);
   ~GridSurface() override;
 
-  // The workbook shown. Rules may change it directly; call Redraw() afterwards.
-  Workbook& workbook();
-  const Workbook& workbook() const;
-  Sheet& sheet() { return workbook().sheet(); }
-  const Sheet& sheet() const { return workbook().sheet(); }
-
-  int Cols() const;
-  int Rows() const;
-  void SetCols(int count);
-  void SetRows(int count);
-  void SetCellText(int col, int row, const QString& text);
-  QString GetCellText(int col, int row) const;
-  void SetCellTag(int col, int row, const QString& tag);
-  QString CellTag(int col, int row) const;
-  void SetCellValue(int col, int row, const QVariant& value);
-  void SetCellAlign(int col, int row, int flags);
-  void SetCellInput(int col, int row, int mode);
-  void SetCellOption(int col, int row, int option);
-  void SetCellWrap(int col, int row, bool on);
-  void SetCellColors(int col, int row, PackedColour text, PackedColour back);
-  void SetCellFont(int col, int row, int size, int style, const QString& face);
-  void SetDefaultFont(int size, int style, const QString& face);
-  void SetColumnWidth(int col, int width);
-  void SetRowHeight(int row, int height);
-  void SetDefaultRowHeight(int height);
-  void InsertRows(int row, int count);
-  void InsertRowsBelowCurrent(int count);
-  void DeleteRows(int row, int count);
-  void HideRow(int unused, int row);
-  int CurrentRow() const;
-  int CurrentCol() const;
-  void SetCurrentCell(int col, int row);
-  void SelectRange(int col1, int row1, int col2, int row2);
-  void CopySelection();
-  void PasteAtCell(int col, int row, int flag);
-  void EndCopy();
+  void SetCellText(int col, int row, const QString& text) {
+    changing().SetCellText(col, row, text);
+  }
+  QString GetCellText(int col, int row) const { return sheet().GetCellText(col, row); }
+  QString CellTag(int col, int row) const { return sheet().CellTag(col, row); }
+  void SetCellAlign(int col, int row, int flags) { changing().SetCellAlign(col, row, flags); }
+  void SetCellInput(int col, int row, int mode) { sheet().SetCellInput(col, row, mode); }
+  void SetCellColors(int col, int row, PackedColour text, PackedColour back) {
+    changing().SetCellColors(col, row, text, back);
+  }
+  void SetCellFont(int col, int row, int size, int style, const QString& face) {
+    changing().SetCellFont(col, row, size, style, face);
+  }
+  void SetDefaultFont(int size, int style, const QString& face) {
+    changing().SetDefaultFont(size, style, face);
+  }
+  void SetDefaultRowHeight(int height) { changing().SetDefaultRowHeight(height); }
+  void HideRow(int /*unused*/, int row) { changing().HideRow(row); }
   void SetRangeBorder(int col1, int row1, int col2, int row2, int kind, int width,
-                      PackedColour colour);
-  void Redraw();
-  // Off: nothing is repainted until it is on again.
-  void SetRedrawSwitch(bool on);
-  bool RedrawSwitch() const;
-  // Throw FileError and leave the workbook, or the file, as it was.
-  void OpenFile(const QString& path);
+                      PackedColour colour) {
+    changing().SetRangeBorder(col1, row1, col2, row2, kind, width, colour);
+  }
+  // Throws FileError and leaves the file as it was.
   void SaveFile(const QString& path) const;
   // Write the current sheet, entitled with the file's name. 1 on success; otherwise the old file,
   // if any, stays and the reason, also that the work was given up, is told in a sentence.
@@ -78,20 +49,7 @@ class GridSurface : public QTableView {
                   const WorkProgress& progress = {}) const;
   void PrintSheet(bool board);
   void PrintBoard(bool board);
-  void AddSheet(const QString& name, int count);
-  void SetSheetName(const QString& name, int sheet);
-  void SetCurrentSheet(int sheet);
-  int SheetCount() const;
-  void Focus();
 
-  // Named switches in place of the display properties.
-  void setHeadingStripVisible(bool on);
-  void setRowNumbersVisible(bool on);
-  // Keeps the first rows and columns in view while the rest scrolls; they also serve as headings
-  // for assistive tools. Made for grids without strips, which do not follow.
-  void setFrozen(int cols, int rows);
-  // Columns without a width of their own share what is left of the grid's width.
-  void setSharesWidth(bool on);
   // False: cells can be selected and copied but not typed into.
   void setEditable(bool on);
   // Keeps the user from changing a column's cells; headings, which setFrozen() makes, are kept so
@@ -102,33 +60,23 @@ class GridSurface : public QTableView {
   // and the cell's tag goes. Emptying a cell empties its tag; cells copied in this program bring
   // their tags, and the rule is asked only where a tag would mean nothing: without one, and in a
   // column of another heading. All of it is undone as one step.
-  void setEntryRule(const EntryRule& rule);
+  void setEntryRule(const EntryRule& rule) { rule_ = rule; }
   // Whether a paste of more rows than there are adds rows, instead of raising PasteCut.
-  void setGrowsOnPaste(bool on);
+  void setGrowsOnPaste(bool on) { growsOnPaste_ = on; }
   // Gives the printed document's name when it is printed.
-  void setDocumentName(const std::function<QString()>& name);
+  void setDocumentName(const std::function<QString()>& name) { documentName_ = name; }
   // How printing, pasting and clearing tell that they take long; without one they do not.
-  void setWorkRunner(const WorkRunner& run);
-  void setColours(const GridColours& colours);
-  // Sets one column apart (its frozen heading and its edges) without touching its cells' colours;
-  // −1 for none.
-  void markColumn(int col);
-  // Sets rows, in ascending order, apart by a bar at their left end; the meanings are read by
-  // assistive tools and shown over the bars. The marks do not move with their rows.
-  void markRows(std::vector<RowMark> marks);
-  const std::vector<RowMark>& markedRows() const;
+  void setWorkRunner(const WorkRunner& run) { runWork_ = run; }
 
   // Between the two calls every change to the sheet, the user's or the program's, becomes one undo
   // step. Rules that change several rows at once are wrapped in it.
-  void beginUndoStep(const QString& name);
-  void endUndoStep();
-  void clearUndo();
+  void beginUndoStep(const QString& name) { edits_.begin(name, current()); }
+  void endUndoStep() { edits_.end(); }
+  void clearUndo() { edits_.clear(); }
 
  signals:
-  void CellEntered(int previousRow, int row);
   // Before the editor reads the cell's text, so that a handler may set it first.
   void CellEditStart(int col, int row);
-  void CellClick(int col, int row);
   // Enter or Space on the current cell of a grid that is not editable.
   void CellActivated(int col, int row);
   void RowDuplicate(int row);
@@ -141,39 +89,74 @@ class GridSurface : public QTableView {
   // once, after the cell that was typed into has closed.
   void EntriesRefused(int count, const QString& firstText);
 
- public:
-  QRect visualRect(const QModelIndex& index) const override;
-  QModelIndex indexAt(const QPoint& point) const override;
-  void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
-
  protected:
   bool edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) override;
-  void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
-  void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
-  void dataChanged(const QModelIndex& topLeft, const QModelIndex& bottomRight,
-                   const QList<int>& roles) override;
-  QRegion visualRegionForSelection(const QItemSelection& selection) const override;
-  int sizeHintForColumn(int column) const override;
-  int sizeHintForRow(int row) const override;
-  void scrollContentsBy(int dx, int dy) override;
-  bool viewportEvent(QEvent* event) override;
-  void paintEvent(QPaintEvent* event) override;
-  void resizeEvent(QResizeEvent* event) override;
-  void changeEvent(QEvent* event) override;
-  bool event(QEvent* event) override;
   void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
+  void openCell(CellPlace cell) override;
+  bool event(QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
-  void focusOutEvent(QFocusEvent* event) override;
-  void mousePressEvent(QMouseEvent* event) override;
-  void mouseMoveEvent(QMouseEvent* event) override;
-  void mouseReleaseEvent(QMouseEvent* event) override;
-  void mouseDoubleClickEvent(QMouseEvent* event) override;
-  void timerEvent(QTimerEvent* event) override;
   void contextMenuEvent(QContextMenuEvent* event) override;
 
  private:
-  class Parts;
-  std::unique_ptr<Parts> parts_;
+  // One entry of the context menu, with the keys that do the same.
+  struct Command {
+    QString text;
+    QList<QKeySequence> keys;
+    std::function<bool()> isEnabled;
+    std::function<void()> run;
+    bool endsGroup = false;
+  };
+  std::vector<Command> commands();
+  // Whether the user may change a cell of the range.
+  bool isAnyOpen(const CellRange& range) const;
+  bool canPaste() const;
+  bool canDuplicate() const;
+  void copy() const;
+  void cut();
+  void paste();
+  void empty(const QString& name);
+  void duplicateRow();
+  void print();
+  void printAs(const PageSetup& setup, PrintHeadings headings);
+  void goTo(CellPlace place);
+
+  // True when the open cell has got the key.
+  bool passToEditor(QKeyEvent& event);
+  bool useCommandKey(const QKeyEvent& event);
+  bool useMoveKey(const QKeyEvent& event);
+  bool useEditKey(QKeyEvent& event);
+  bool moveBy(int key, Qt::KeyboardModifiers modifiers);
+  bool leaveBy(int key, Qt::KeyboardModifiers modifiers);
+
+  // Null while no cell is being typed into.
+  CellEditor* editor() const;
+  // For keys that do something else while a cell is open; a text that is refused closes it.
+  void keepTypedText();
+  void enter(CellPlace cell, const QString& text);
+  void takeEntryBack();
+  // One step of the user's, which may take long: it is given up whole.
+  using Change = std::function<void(RangeEdit&, const WorkProgress&)>;
+  void edited(const QString& name, const Change& change);
+  void note(const RangeEdit& edit);
+  // Raises EntriesRefused for what was refused since the last time.
+  void tellRefused();
+
+  CellDelegate delegate_{look_};
+  EntryRule rule_;
+  bool growsOnPaste_ = false;
+  std::function<QString()> documentName_ = [] { return QString(); };
+  WorkRunner runWork_ = runUntold;
+  bool isPassing_ = false;  // a key is with the open cell's editor
+
+  // What the open cell held when it was opened. A part of its text that was kept meanwhile is one
+  // step with the rest.
+  struct Entry {
+    CellEntry before;
+    bool isKept = false;
+  };
+  Entry entry_;
+  int refused_ = 0;
+  QString firstRefused_;
 };
 
 }  // namespace vellora

@@ -1,7 +1,6 @@
 #include "grid/surface/heading_strip.h"
 
-#include "grid/surface/cell_look.h"
-#include "grid/surface/cell_painter.h"
+#include "grid/surface/grid_look.h"
 
 #include <QPainter>
 

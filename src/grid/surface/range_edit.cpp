@@ -1,7 +1,7 @@
 #include "grid/surface/range_edit.h"
 
 #include "grid/files/exported_sheet.h"
-#include "grid/surface/grid_colours.h"
+#include "grid/surface/grid_look.h"
 #include "routine/calendar_text.h"
 
 namespace vellora {
@@ -14,14 +14,6 @@ void copyCell(const Sheet& from, CellPlace cell, Sheet& to, CellPlace place) {
 }
 
 }  // namespace
-
-void copyCells(const Sheet& from, const CellRange& range, Sheet& to, CellPlace place) {
-  for (int row = range.row1; row <= range.row2; ++row) {
-    for (int col = range.col1; col <= range.col2; ++col) {
-      copyCell(from, {col, row}, to, {place.col + col - range.col1, place.row + row - range.row1});
-    }
-  }
-}
 
 bool RangeEdit::isOpen(CellPlace cell) const {
   return cell.col < sheet_.Cols() && cell.row < sheet_.Rows() &&

@@ -1,17 +1,29 @@
 #pragma once
 
 #include "grid/sheet/sheet.h"
-#include "grid/surface/cell_entry.h"
 #include "grid/surface/cell_range.h"
 #include "grid/surface/clipboard_text.h"
 #include "routine/work_step.h"
 
+#include <QString>
+
+#include <functional>
+#include <optional>
+
 namespace vellora {
 
-struct GridLook;
+// What a cell holds after the user put a text into it; lines are separated by character 13.
+struct CellEntry {
+  QString text;
+  QString tag;
+};
 
-// Cells with tags and looks, from one sheet to another place of the same or another.
-void copyCells(const Sheet& from, const CellRange& range, Sheet& to, CellPlace place);
+// How a window understands a text that the user types, or pastes from another program, into a cell:
+// what the cell is to hold, or nothing where the text means nothing there. Asked for texts that are
+// not empty, while the grid still holds what was there before.
+using EntryRule = std::function<std::optional<CellEntry>(int col, int row, const QString& text)>;
+
+struct GridLook;
 
 // One action of the user on the cells of a sheet. Hidden rows and cells that the look keeps from
 // the user stay as they are. A cell's tag belongs to its text: it comes from the rule, or with a

@@ -19,9 +19,6 @@ QString linesOf(QString text) {
 
 }  // namespace
 
-SheetModel::SheetModel(const Workbook& book, const GridLook& look, Typed typed)
-    : book_(book), look_(look), typed_(std::move(typed)) {}
-
 int SheetModel::rowCount(const QModelIndex& parent) const {
   return parent.isValid() ? 0 : rows_;
 }
@@ -91,7 +88,7 @@ bool SheetModel::setData(const QModelIndex& index, const QVariant& value, int ro
   if (role != Qt::EditRole || !flags(index).testFlag(Qt::ItemIsEditable)) return false;
   QString text = value.toString();
   text.replace(u"\r\n"_qs, u"\n"_qs).replace(u'\n', kLineBreak);
-  typed_(index.column(), index.row(), text);
+  emit typed(index.column(), index.row(), text);
   return true;
 }
 

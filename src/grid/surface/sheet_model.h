@@ -1,11 +1,10 @@
 #pragma once
 
 #include "grid/sheet/workbook.h"
-#include "grid/surface/cell_look.h"
+#include "grid/surface/grid_look.h"
 
 #include <QAbstractTableModel>
 
-#include <functional>
 #include <utility>
 #include <vector>
 
@@ -17,10 +16,7 @@ class SheetModel final : public QAbstractTableModel {
   Q_OBJECT
 
  public:
-  // Called with a text that the user entered, its lines separated by character 13.
-  using Typed = std::function<void(int col, int row, const QString& text)>;
-
-  SheetModel(const Workbook& book, const GridLook& look, Typed typed);
+  SheetModel(const Workbook& book, const GridLook& look) : book_(book), look_(look) {}
 
   int rowCount(const QModelIndex& parent = {}) const override;
   int columnCount(const QModelIndex& parent = {}) const override;
@@ -37,6 +33,10 @@ class SheetModel final : public QAbstractTableModel {
   // Tells that any text or look may have changed.
   void announceChanged();
 
+ signals:
+  // The user entered a text, its lines separated by character 13.
+  void typed(int col, int row, const QString& text);
+
  private:
   const Sheet& sheet() const { return book_.sheet(); }
   QString meaningOf(int row) const;  // of its mark
@@ -50,7 +50,6 @@ class SheetModel final : public QAbstractTableModel {
 
   const Workbook& book_;
   const GridLook& look_;
-  Typed typed_;
   int rows_ = 0;
   int cols_ = 0;
   Strip announcedStrip_;

@@ -1,7 +1,6 @@
 #include "grid/surface/text_layouts.h"
 
 #include "grid/print/drawn_style.h"
-#include "grid/surface/line_breaker.h"
 #include "routine/calendar_text.h"
 
 #include <QFontMetricsF>
@@ -14,6 +13,59 @@ namespace vellora {
 namespace {
 
 constexpr qreal kEndless = 1e6;
+constexpr int kTextMargin = 3;  // pixels left and right of a text
+
+// The room for a text.
+struct TextRoom {
+  qreal width;
+  int lines;
+  bool wraps;
+};
+
+constexpr QChar kEllipsis{u'…'};
+
+// From the line's start to the end of what the writer meant as one line.
+QString restOfLine(const QString& text, int start) {
+  const qsizetype end = text.indexOf(QChar::LineSeparator, start);
+  return text.mid(start, end < 0 ? -1 : end - start);
+}
+
+QString shownLine(const QTextLayout& layout, int number, const TextRoom& room) {
+  const QTextLine line = layout.lineAt(number);
+  const QString& text = layout.text();
+  const auto end = line.textStart() + line.textLength();
+  const bool isLast = number + 1 == room.lines && end < text.size();
+  const QFontMetricsF metrics(layout.font());
+  if (!isLast && room.wraps)
+    return text.mid(line.textStart(), line.textLength()).remove(QChar::LineSeparator);
+  const QString rest = restOfLine(text, line.textStart());
+  QString elided = metrics.elidedText(rest, Qt::ElideRight, room.width);
+  if (!isLast || elided != rest) return elided;
+  return metrics.elidedText(rest + kEllipsis, Qt::ElideRight, room.width);
+}
+
+// Breaks the layout's text into at most the room's lines; false when the text does not fit.
+bool breakLines(QTextLayout& layout, const TextRoom& room) {
+  bool fits = true;
+  layout.beginLayout();
+  while (layout.lineCount() < room.lines) {
+    QTextLine line = layout.createLine();
+    if (!line.isValid()) break;
+    line.setLineWidth(room.wraps ? room.width : kEndless);
+    if (line.naturalTextWidth() > room.width) fits = false;
+  }
+  layout.endLayout();
+  if (layout.lineCount() == 0) return fits;
+  const QTextLine last = layout.lineAt(layout.lineCount() - 1);
+  return fits && last.textStart() + last.textLength() == layout.text().size();
+}
+
+// The text with an ellipsis where a line, or the last one, does not fit; its lines are final.
+QString elidedLines(const QTextLayout& layout, const TextRoom& room) {
+  QStringList lines;
+  for (int i = 0; i < layout.lineCount(); ++i) lines << shownLine(layout, i, room);
+  return lines.join(QChar::LineSeparator);
+}
 
 // Chinese faces ask for wide gaps between lines, which two lines in a low row do not have.
 int lineHeightOf(const QFont& font) {
@@ -116,6 +168,17 @@ int TextLayouts::lineCount(const Request& request) const {
 void TextLayouts::clear() {
   texts_.clear();
   fonts_.clear();
+}
+
+QRect textRoom(const QRect& cell) {
+  return cell.adjusted(kTextMargin, 0, -kTextMargin - 1, -1);
+}
+
+TextLayouts::Request textRequest(TextLayouts& texts, const CellStyle& style, const QString& text,
+                                 const QRect& cell) {
+  const QRect room = textRoom(cell);
+  return {text,          texts.numberOf(style.font), room.width(),
+          room.height(), alignmentOf(style.align),   style.wrap};
 }
 
 void drawText(QPainter& painter, const LaidOutText& text, const QRect& room, Qt::Alignment align) {

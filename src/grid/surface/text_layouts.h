@@ -5,12 +5,12 @@
 #include <QCache>
 #include <QFont>
 #include <QGlyphRun>
+#include <QRect>
 #include <QString>
 
 #include <vector>
 
 class QPainter;
-class QTextLayout;
 
 namespace vellora {
 
@@ -73,6 +73,13 @@ class TextLayouts {
   std::vector<Font> fonts_;
   QCache<Key, LaidOutText> texts_{4096};
 };
+
+// Where a cell's text lies within its rectangle, grid line included.
+QRect textRoom(const QRect& cell);
+
+// How one cell's text is asked of the layouts.
+TextLayouts::Request textRequest(TextLayouts& texts, const CellStyle& style, const QString& text,
+                                 const QRect& cell);
 
 // Draws a text at its vertical place in the room, in the painter's pen.
 void drawText(QPainter& painter, const LaidOutText& text, const QRect& room, Qt::Alignment align);

@@ -43,7 +43,7 @@ TEST_F(GridAccessibility, FrozenCellsAreHeadingsAndStillCells) {
 }
 
 TEST_F(GridAccessibility, ASelectedCellSaysSo) {
-  grid.SelectRange(1, 1, 2, 2);
+  select(1, 1, 2, 2);
   EXPECT_TRUE(table()->cellAt(2, 2)->state().selected);
   EXPECT_FALSE(table()->cellAt(3, 2)->state().selected);
   EXPECT_EQ(table()->cellAt(1, 1)->rect().size(), rect(1, 1).size());

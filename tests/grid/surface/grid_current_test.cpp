@@ -108,7 +108,7 @@ TEST_F(GridCurrent, StaysWhileShiftSelects) {
 TEST_F(GridCurrent, InsertsRowsBelowItself) {
   grid.SetCellText(0, 2, u"after"_qs);
   grid.SetCurrentCell(0, 1);
-  grid.InsertRowsBelowCurrent(3);
+  grid.InsertRows(grid.CurrentRow() + 1, 3);
   EXPECT_EQ(grid.Rows(), 8);
   EXPECT_EQ(text(0, 5), u"after");
   EXPECT_EQ(grid.CurrentRow(), 1);

@@ -58,7 +58,7 @@ TEST_F(GridEditing, F2AddsToTheTextAndEscapeKeepsTheOldOne) {
 }
 
 TEST_F(GridEditing, EscapeTakesBackAllOfAnEntryWhateverWasPressedMeanwhile) {
-  grid.SetCellTag(0, 0, u"key"_qs);
+  grid.sheet().SetCellTag(0, 0, u"key"_qs);
   for (const int key : {Qt::Key_Shift, Qt::Key_CapsLock, Qt::Key_F3, Qt::Key_F8}) {
     // The program changes another cell in answer to the last.
     const auto answer = QObject::connect(&grid, &GridSurface::GridKeyDown, &grid, [&] {

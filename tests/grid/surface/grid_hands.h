@@ -28,7 +28,7 @@ class GridHands {
   GridHands(int cols, int rows) {
     grid.SetCols(cols);
     grid.SetRows(rows);
-    for (int col = 0; col < cols; ++col) grid.SetColumnWidth(col, 80);
+    for (int col = 0; col < cols; ++col) grid.sheet().SetColumnWidth(col, 80);
     grid.resize(640, 400);
     grid.show();
     grid.activateWindow();
@@ -58,9 +58,14 @@ class GridHands {
     QTest::mouseRelease(grid.viewport(), Qt::LeftButton, Qt::NoModifier, to);
   }
 
+  void select(int col1, int row1, int col2, int row2) {
+    grid.SetCurrentCell(col1, row1);
+    click(col2, row2, Qt::ShiftModifier);
+  }
+
   QPoint centre(int col, int row) const { return rect(col, row).center(); }
   QRect rect(int col, int row) const { return grid.visualRect(grid.model()->index(row, col)); }
-  CellPlace current() const { return {grid.CurrentCol(), grid.CurrentRow()}; }
+  CellPlace current() const { return {grid.currentIndex().column(), grid.currentIndex().row()}; }
   QString text(int col, int row) const { return grid.GetCellText(col, row); }
   // Null while no cell is being typed into.
   QWidget* editor() const { return grid.indexWidget(grid.currentIndex()); }

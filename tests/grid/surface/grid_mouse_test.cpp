@@ -65,7 +65,7 @@ TEST_F(GridMouse, DraggingSelectsFromWhereItBegan) {
 }
 
 TEST_F(GridMouse, ARightClickKeepsASelectionThatItHits) {
-  grid.SelectRange(0, 0, 1, 1);
+  select(0, 0, 1, 1);
   QTest::mouseClick(grid.viewport(), Qt::RightButton, Qt::NoModifier, centre(1, 1));
   EXPECT_EQ(grid.selectionModel()->selectedIndexes().size(), 4);
   QTest::mouseClick(grid.viewport(), Qt::RightButton, Qt::NoModifier, centre(3, 3));

@@ -61,7 +61,7 @@ TEST_F(GridPainting, TheCurrentCellKeepsItsColoursInsideAFrame) {
   grid.SetCurrentCell(1, 1);
   EXPECT_EQ(paperAt(1, 1), QColor(Qt::blue));
   EXPECT_EQ(picture().pixelColor(rect(1, 1).topLeft()), kFrame);
-  grid.SelectRange(0, 1, 1, 2);
+  select(1, 1, 0, 2);
   EXPECT_EQ(paperAt(1, 1), QColor(Qt::blue));
   EXPECT_EQ(paperAt(0, 2), kSelected);
   EXPECT_EQ(paperAt(2, 1), kPaper);

@@ -16,7 +16,7 @@ TEST_F(GridSizes, FollowTheSheetWhereverTheyAreSet) {
   grid.SetDefaultRowHeight(38);
   grid.sheet().SetRowHeight(2, 60);
   grid.sheet().HideRow(3);
-  grid.SetColumnWidth(1, 150);
+  grid.sheet().SetColumnWidth(1, 150);
   grid.Redraw();
   EXPECT_EQ(grid.rowHeight(0), 38);
   EXPECT_EQ(grid.rowHeight(2), 60);
@@ -43,7 +43,7 @@ TEST_F(GridSizes, FollowTheSheetWhereverTheyAreSet) {
 TEST_F(GridSizes, RowsAreNeverTooLowForTheirText) {
   grid.SetCellFont(2, kEveryRow, 30, kFontRegular, u"宋体"_qs);
   grid.SetDefaultRowHeight(10);
-  grid.SetRowHeight(1, 3);
+  grid.sheet().SetRowHeight(1, 3);
   grid.Redraw();
   QFont font(u"宋体"_qs);
   font.setPointSize(30);
@@ -56,7 +56,7 @@ TEST_F(GridSizes, ColumnsWithoutAWidthShareTheWindow) {
   shared.SetCols(8);
   shared.SetRows(3);
   shared.setSharesWidth(true);
-  shared.SetColumnWidth(0, 100);
+  shared.sheet().SetColumnWidth(0, 100);
   shared.resize(1000, 300);
   shared.show();
   settle();
@@ -85,11 +85,7 @@ TEST_F(GridSizes, WhatTheUserDraggedIsInASavedWorkbook) {
   QApplication::sendEvent(strip, &move);
   QTest::mouseRelease(strip, Qt::LeftButton, Qt::NoModifier, QPoint(edge + 45, y));
   EXPECT_EQ(grid.columnWidth(1), 125);
-  grid.SaveFile(path);
-  GridSurface other;
-  other.OpenFile(path);
-  EXPECT_EQ(other.columnWidth(1), 125);
-  EXPECT_EQ(other.Rows(), 6);
+  EXPECT_EQ(grid.sheet().ColumnWidth(1), 125);
 }
 
 TEST_F(GridSizes, ADoubleClickFitsAColumnToItsTexts) {
@@ -100,26 +96,6 @@ TEST_F(GridSizes, ADoubleClickFitsAColumnToItsTexts) {
                      QPoint(edge, grid.horizontalHeader()->height() / 2));
   EXPECT_GT(grid.columnWidth(1), 150);
   EXPECT_EQ(grid.sheet().ColumnWidth(1), grid.columnWidth(1));
-}
-
-TEST_F(GridSizes, AFileThatCannotBeReadLeavesTheWorkbook) {
-  grid.SetCellText(0, 0, u"kept"_qs);
-  EXPECT_THROW(grid.OpenFile(u"/nowhere/file"_qs), std::runtime_error);
-  EXPECT_EQ(text(0, 0), u"kept");
-  EXPECT_THROW(grid.SaveFile(u"/nowhere/file"_qs), std::runtime_error);
-}
-
-TEST_F(GridSizes, EverySheetOfTheWorkbookIsShownInItsTurn) {
-  grid.AddSheet(u"HD"_qs, 2);
-  EXPECT_EQ(grid.SheetCount(), 3);
-  grid.SetSheetName(u"SJ"_qs, 2);
-  grid.SetCurrentSheet(2);
-  EXPECT_EQ(grid.model()->rowCount(), 0);
-  grid.SetCols(1);
-  grid.SetRows(9);
-  grid.SetCurrentSheet(0);
-  EXPECT_EQ(grid.model()->rowCount(), 6);
-  EXPECT_EQ(grid.workbook().SheetName(2), u"SJ");
 }
 
 }  // namespace

@@ -1,4 +1,6 @@
-#include "grid/surface/grid_colours.h"
+#include "grid/surface/grid_look.h"
+
+#include "grid/print/drawn_style.h"
 
 namespace vellora {
 
@@ -14,6 +16,14 @@ GridColours coloursOf(const QPalette& palette) {
   colours.selectionPaper = palette.color(QPalette::Highlight);
   colours.today = palette.color(QPalette::ToolTipBase);
   return colours;
+}
+
+InkAndPaper inkAndPaper(const CellStyle& style, const GridColours& colours, bool isHeading,
+                        bool isEmpty) {
+  const bool isBlank = isEmpty && style.textColour == kBlack && style.backColour == kWhite;
+  if (style.hasColours && !isBlank) return {colourOf(style.textColour), colourOf(style.backColour)};
+  if (isHeading && !style.hasColours) return {colours.headingText, colours.headingPaper};
+  return {colours.text, colours.paper};
 }
 
 }  // namespace vellora
