@@ -4,7 +4,6 @@
 
 #include <QHBoxLayout>
 #include <QPushButton>
-#include <QScopeGuard>
 #include <QSignalBlocker>
 #include <QVBoxLayout>
 
@@ -125,8 +124,7 @@ void TableEditor::moveTo(int col, int row) {
 
 void TableEditor::change(const QString& name, const std::function<void()>& changes) {
   try {
-    grid_->beginUndoStep(name);
-    const auto whole = qScopeGuard([this] { grid_->endUndoStep(); });
+    const UndoStep step(*grid_, name);
     changes();
   } catch (const CellRefused& refused) {
     show(refused);

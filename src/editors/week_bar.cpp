@@ -7,6 +7,7 @@
 #include <QVBoxLayout>
 
 namespace vellora {
+
 WeekBar::WeekBar(const Clock& clock, QWidget* parent)
     : QWidget(parent),
       days_(makeWordStepper({u"DTP1"_qs, u"Lxq"_qs, u"所选日期"_qs}, clock, this)) {

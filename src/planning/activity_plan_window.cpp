@@ -3,8 +3,6 @@
 #include "grid/surface/grid_surface.h"
 #include "planning/count_field.h"
 #include "planning/plan_controls.h"
-#include "planning/undo_step.h"
-#include "planning/week_count_keys.h"
 #include "routine/calendar_text.h"
 #include "schedule/day_plan.h"
 #include "schedule/items.h"

@@ -1,6 +1,9 @@
 #include "planning/count_field.h"
 
+#include "schedule/plan_repetition.h"
+
 #include <QEvent>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 
@@ -55,6 +58,24 @@ void CountField::resizeEvent(QResizeEvent*) {
 void CountField::changeEvent(QEvent* event) {
   QWidget::changeEvent(event);
   if (event->type() == QEvent::FontChange) widenGap();
+}
+
+WeekCountKeys::WeekCountKeys(QLineEdit& box) : QObject(&box), box_(box) {
+  box.installEventFilter(this);
+}
+
+bool WeekCountKeys::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::KeyPress) beforeKey(static_cast<QKeyEvent*>(event)->key());
+  return QObject::eventFilter(watched, event);
+}
+
+// A count that had to be mended is selected, so that a digit replaces it.
+void WeekCountKeys::beforeKey(int key) {
+  const int change = key == Qt::Key_Up ? 1 : key == Qt::Key_Down ? -1 : 0;
+  const QString weeks = boundedWeeks(box_.text(), change);
+  if (weeks == box_.text()) return;
+  box_.setText(weeks);
+  box_.selectAll();
 }
 
 }  // namespace vellora

@@ -32,4 +32,21 @@ class CountField : public QWidget {
   QLineEdit* box_;
 };
 
+// The keys of a box that holds a week count: up and down step it, and any key first brings it back
+// within its bounds.
+class WeekCountKeys : public QObject {
+  Q_OBJECT
+
+ public:
+  explicit WeekCountKeys(QLineEdit& box);
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  void beforeKey(int key);
+
+  QLineEdit& box_;
+};
+
 }  // namespace vellora

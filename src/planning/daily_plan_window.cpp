@@ -2,7 +2,6 @@
 
 #include "grid/surface/grid_surface.h"
 #include "planning/plan_controls.h"
-#include "planning/undo_step.h"
 #include "routine/calendar_text.h"
 #include "schedule/day_plan.h"
 #include "shell/date_stepper.h"
@@ -14,6 +13,7 @@
 #include <QSignalBlocker>
 
 namespace vellora {
+
 DailyPlanWindow::DailyPlanWindow(ApplicationState& state, QDate firstDay, QWidget* parent)
     : EditedWindow(state, parent),
       first_day_(firstDay),

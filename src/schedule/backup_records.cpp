@@ -5,6 +5,7 @@
 #include "store/schema_tables.h"
 
 namespace vellora {
+
 TableRecords::TableRecords(ScheduleStore& store, const QString& table)
     : table_(table), rows_(store.readOnce(table)) {
   for (int col = 0; col < rows_.columnCount(); ++col) {

@@ -68,10 +68,6 @@ class GridSurface : public SheetView {
   // How printing, pasting and clearing tell that they take long; without one they do not.
   void setWorkRunner(const WorkRunner& run) { runWork_ = run; }
 
-  // Between the two calls every change to the sheet, the user's or the program's, becomes one undo
-  // step. Rules that change several rows at once are wrapped in it.
-  void beginUndoStep(const QString& name) { edits_.begin(name, current()); }
-  void endUndoStep() { edits_.end(); }
   void clearUndo() { edits_.clear(); }
 
  signals:
@@ -98,6 +94,8 @@ class GridSurface : public SheetView {
   void contextMenuEvent(QContextMenuEvent* event) override;
 
  private:
+  friend class UndoStep;
+
   // One entry of the context menu, with the keys that do the same.
   struct Command {
     QString text;
@@ -157,6 +155,21 @@ class GridSurface : public SheetView {
   Entry entry_;
   int refused_ = 0;
   QString firstRefused_;
+};
+
+// Makes every change to a grid's sheet until it goes, the user's or the program's, one undo step.
+// Rules that change several rows at once are wrapped in it.
+class UndoStep {
+ public:
+  UndoStep(GridSurface& grid, const QString& name) : grid_(grid) {
+    grid_.edits_.begin(name, grid_.current());
+  }
+  ~UndoStep() { grid_.edits_.end(); }
+  UndoStep(const UndoStep&) = delete;
+  UndoStep& operator=(const UndoStep&) = delete;
+
+ private:
+  GridSurface& grid_;
 };
 
 }  // namespace vellora

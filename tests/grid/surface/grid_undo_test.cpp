@@ -59,10 +59,11 @@ TEST_F(GridUndo, ForgetsWhatCanBeDoneAgainWhenSomethingElseIsTyped) {
 }
 
 TEST_F(GridUndo, TakesBackAWholeStepOfTheProgramWithItsRows) {
-  grid.beginUndoStep(u"追加"_qs);
-  grid.InsertRows(1, 2);
-  grid.SetCellText(0, 1, u"new"_qs);
-  grid.endUndoStep();
+  {
+    const UndoStep step(grid, u"追加"_qs);
+    grid.InsertRows(1, 2);
+    grid.SetCellText(0, 1, u"new"_qs);
+  }
   EXPECT_EQ(grid.Rows(), 7);
   undo();
   EXPECT_EQ(grid.Rows(), 5);
