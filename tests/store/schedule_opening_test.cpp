@@ -66,6 +66,25 @@ TEST(Opening, RefusesFilesThatAreNoScheduleAndLeavesThemAsTheyAre) {
   }
 }
 
+TEST(Opening, ReportsATruncatedOrOverwrittenSchedule) {
+  ScheduleBuilder builder;
+  builder.fullDay(50).fullPlan(kMonday, 60, 50, 5);
+  const QByteArray whole = contentOf(builder.path());
+  const QString path = builder.folder() + u"/broken.mdb";
+  for (const qsizetype size :
+       {qsizetype{512}, qsizetype{4'096}, whole.size() / 2, whole.size() - 1}) {
+    writeContent(path, whole.first(size));
+    EXPECT_EQ(openingFault(path), StoreFault::Damaged) << size << " of " << whole.size();
+    EXPECT_EQ(contentOf(path).size(), size);
+  }
+  QByteArray overwritten = whole;
+  overwritten.replace(whole.size() / 2, 40'000, QByteArray(40'000, '\xA5'));
+  writeContent(path, overwritten);
+  ScheduleStore store(path);
+  EXPECT_EQ(faultOf([&] { store.open(statements::allPlans()).count(); }), StoreFault::Damaged);
+  EXPECT_EQ(store.open(statements::allBlocks()).count(), 50) << "what can be read is read";
+}
+
 // Bytes 18 and 19 of the file and 44 to 47 tell how it may be written, read and understood.
 TEST(Opening, NeitherMisreadsNorChangesAFileOfANewerFormat) {
   const struct {
