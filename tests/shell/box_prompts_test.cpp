@@ -16,7 +16,8 @@ namespace {
 
 // Looks at the box that the prompt opens and presses Enter, Escape or the button of that caption.
 template <typename Prompt>
-auto answered(const QString& hand, Prompt prompt, std::function<void(QMessageBox&)> look = {}) {
+auto answered(const QString& hand, Prompt prompt,
+              const std::function<void(QMessageBox&)>& look = {}) {
   QTimer::singleShot(0, qApp, [=] {
     auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
     ASSERT_NE(box, nullptr);
