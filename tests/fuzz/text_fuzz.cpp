@@ -87,7 +87,7 @@ void fuzzNumber(const QByteArray& input) {
   const double typed = numericValue(textOf(input));
   require(std::isfinite(typed) && typed >= 0, "a text's number is a number");
   double raw = 0;
-  std::memcpy(&raw, input.data(), std::min<std::size_t>(input.size(), sizeof raw));
+  std::memcpy(&raw, input.data(), std::min(static_cast<std::size_t>(input.size()), sizeof raw));
   requireNumber(typed);
   if (std::isfinite(raw)) requireNumber(raw);
 }

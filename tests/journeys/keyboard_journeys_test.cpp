@@ -123,7 +123,7 @@ TEST_F(WeekWithoutMouse, IsPlannedByDayAndChangedFromTheBoardsCells) {
 }
 
 TEST_F(WeekWithoutMouse, IsCountedPrintedAndExportedAndEndsWithANewLook) {
-  inWindow(u"Command3"_qs, [this] {
+  inWindow(u"Command3"_qs, [] {
     tabTo(u"D2"_qs);
     press(Qt::Key_Return);
     EXPECT_EQ(cell(1, 0) + u' ' + cell(2, 0) + u' ' + cell(3, 0), u"读书 10小时30分钟 3"_qs);
