@@ -28,8 +28,7 @@ class WeekBoard : public PlannerWindow {
   void attachCommand(BoardCommand command, Handler handler);
 
   // What a click on a day's heading or on a planned cell opens, and Enter or Space on it. The same
-  // holds as for a command's handler; afterwards the board is always rebuilt. Without a handler a
-  // click does nothing.
+  // holds as for a command's handler. Without a handler a click does nothing.
   using DayHandler = std::function<void(QDate day)>;
   using ActivityHandler = std::function<void(const QString& activity)>;
   void attachDayHeading(DayHandler handler) { open_day_ = std::move(handler); }
