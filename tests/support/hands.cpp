@@ -13,11 +13,18 @@
 
 #include <algorithm>
 #include <gtest/gtest.h>
+#include <map>
 #include <stdexcept>
 
 namespace vellora::test {
 
 namespace {
+
+const std::map<QChar, int> kKeys{{u'\t', Qt::Key_Tab},
+                                 {u'\n', Qt::Key_Return},
+                                 {u' ', Qt::Key_Space},
+                                 {u'↑', Qt::Key_Up},
+                                 {u'↓', Qt::Key_Down}};
 
 QRect rectOf(int col, int row) {
   if (row < 0) {
@@ -93,10 +100,18 @@ void press(int key, Qt::KeyboardModifiers modifiers, int times) {
 
 void type(const QString& text) {
   for (const QChar letter : text) {
-    const int key = letter == u'\t' ? Qt::Key_Tab : letter == u'\n' ? Qt::Key_Return : 0;
-    QTest::sendKeyEvent(QTest::Click, front().windowHandle(), Qt::Key(key), QString(letter),
-                        Qt::NoModifier);
+    if (const auto key = kKeys.find(letter); key != kKeys.end()) {
+      press(key->second);
+    } else {
+      QTest::sendKeyEvent(QTest::Click, front().windowHandle(), Qt::Key(0), QString(letter),
+                          Qt::NoModifier);
+    }
   }
+}
+
+void type(const QString& name, const QString& text) {
+  tabTo(name);
+  type(text);
 }
 
 void commit(const QString& text) {
