@@ -126,6 +126,7 @@ TEST_P(EditedWindows, TakeAndLoseNothingWhileTheyCannotRead) {
   prompts_.warnings.clear();
   schedule_.sql(u"BEGIN EXCLUSIVE"_qs);
   click(u"CmdFetch"_qs);
+  EXPECT_EQ(control(GetParam().save).isEnabled(), prompts_.warnings.isEmpty());
   schedule_.sql(u"ROLLBACK"_qs);
   if (!prompts_.warnings.isEmpty()) click(u"CmdFetch"_qs);
   EXPECT_EQ(stored(), before);
