@@ -31,7 +31,9 @@ QRect rectOf(int col, int row) {
     QHeaderView& heading = *grid().horizontalHeader();
     return {heading.sectionViewportPosition(col), 0, heading.sectionSize(col), heading.height()};
   }
-  return grid().visualRect(grid().model()->index(row, col));
+  const QModelIndex index = grid().model()->index(row, col);
+  grid().scrollTo(index);
+  return grid().visualRect(index);
 }
 
 QWidget& viewportOf(int row) {
