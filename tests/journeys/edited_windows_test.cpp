@@ -21,6 +21,7 @@ template <typename Kind>
 Window make(ApplicationState& state) {
   return std::make_unique<Kind>(state);
 }
+
 template <>
 Window make<DailyPlanWindow>(ApplicationState& state) {
   return std::make_unique<DailyPlanWindow>(state, kMonday);
@@ -30,7 +31,7 @@ Window make<DailyPlanWindow>(ApplicationState& state) {
 struct Edited {
   Window (*make)(ApplicationState& state);
   QString field;    // that is typed into
-  int col;          // if it is a grid
+  int col;          // if that is a grid
   QString save;     // button
   QString saved;    // table and column
   void (*leave)();  // turns to other content without a question
@@ -70,17 +71,13 @@ class EditedWindows : public PlannerTest, public testing::WithParamInterface<Edi
   }
   // Changes the row and leaves the field open.
   void type() {
-    QWidget& field = control(GetParam().field);
-    if (auto* cells = qobject_cast<GridSurface*>(&field)) {
-      cells->SetCurrentCell(GetParam().col, 0);
-    }
-    field.setFocus();
+    if (GetParam().col > 0) grid().SetCurrentCell(GetParam().col, 0);
+    control(GetParam().field).setFocus();
     test::type(u"y"_qs);
   }
   // As its shortcut does: the focus stays in the field.
   void save() { control<QPushButton>(GetParam().save).click(); }
   static QString status() { return text(u"EditStatus"_qs); }
-  QStringList stored() { return dumpOf(store_); }
 
   Window window_;
 };
@@ -89,7 +86,7 @@ class EditedWindows : public PlannerTest, public testing::WithParamInterface<Edi
 
 TEST_P(EditedWindows, AskBeforeTheyCloseOverWhatIsNotSaved) {
   enum Answer { Save, Discard, Cancel };
-  const QStringList before = stored();
+  const QStringList before = dumpOf(store_);
   for (const bool isLocked : {true, false}) {
     for (const Answer answer : {Cancel, Discard, Save}) {
       openAndType();
@@ -100,11 +97,10 @@ TEST_P(EditedWindows, AskBeforeTheyCloseOverWhatIsNotSaved) {
       schedule_.sql(u"ROLLBACK"_qs);
       EXPECT_EQ(prompts_.questions.size(), 1) << "what is still being typed counts";
       EXPECT_EQ(window_->isVisible(), answer == Cancel || (answer == Save && isLocked));
-      EXPECT_EQ(stored() == before, answer != Save || isLocked);
+      EXPECT_EQ(dumpOf(store_) == before, answer != Save || isLocked);
     }
   }
-  EXPECT_EQ(prompts_.warnings.filter(u"保存完毕"_qs).size() + 1, prompts_.warnings.size())
-      << "the failed save alone says why";
+  EXPECT_EQ(prompts_.warnings.size(), prompts_.warnings.filter(u"保存完毕"_qs).size() + 1);
   openAndType();
   save();
   window_->close();
@@ -112,14 +108,13 @@ TEST_P(EditedWindows, AskBeforeTheyCloseOverWhatIsNotSaved) {
 }
 
 TEST_P(EditedWindows, TakeAndLoseNothingWhileTheyCannotRead) {
-  const QStringList before = stored();
+  const QStringList before = dumpOf(store_);
   schedule_.sql(u"BEGIN EXCLUSIVE"_qs);
   openAndType();
   EXPECT_TRUE(status().startsWith(u"没有读出来："_qs)) << status().toStdString();
   EXPECT_FALSE(control(GetParam().save).isEnabled());
   schedule_.sql(u"ROLLBACK"_qs);
   click(u"CmdRefresh"_qs);
-  EXPECT_EQ(status(), QString());
   type();
   GetParam().leave();
   EXPECT_EQ(status(), QString());
@@ -129,9 +124,9 @@ TEST_P(EditedWindows, TakeAndLoseNothingWhileTheyCannotRead) {
   EXPECT_EQ(control(GetParam().save).isEnabled(), prompts_.warnings.isEmpty());
   schedule_.sql(u"ROLLBACK"_qs);
   if (!prompts_.warnings.isEmpty()) click(u"CmdFetch"_qs);
-  EXPECT_EQ(stored(), before);
+  EXPECT_EQ(dumpOf(store_), before);
   save();
-  EXPECT_EQ(stored().filter(u"y"_qs).size(), 1) << "what was dropped is back";
+  EXPECT_EQ(dumpOf(store_).filter(u"y"_qs).size(), 1) << "what was dropped is back";
 }
 
 TEST_P(EditedWindows, AskBeforeTheyOverwriteWhatAnotherCopySaved) {
@@ -139,12 +134,12 @@ TEST_P(EditedWindows, AskBeforeTheyOverwriteWhatAnotherCopySaved) {
   for (const Answer answer : {Cancel, ReadAgain, Overwrite}) {
     openAndType();
     schedule_.sql(u"UPDATE %1 = '另一个%2'"_qs.arg(GetParam().saved).arg(answer));
-    const QStringList before = stored();
+    const QStringList before = dumpOf(store_);
     prompts_.questions.clear();
     prompts_.choices = {answer};
     save();
     EXPECT_EQ(prompts_.questions.size(), 1);
-    EXPECT_EQ(stored() == before, answer != Overwrite);
+    EXPECT_EQ(dumpOf(store_) == before, answer != Overwrite);
     EXPECT_EQ(status().isEmpty(), answer != Cancel) << status().toStdString();
   }
 }

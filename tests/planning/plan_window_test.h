@@ -2,7 +2,7 @@
 
 #include "support/hands.h"
 #include "support/planner_test.h"
-#include "support/saved_plans.h"
+#include "support/schedule_dump.h"
 
 namespace vellora::test {
 
