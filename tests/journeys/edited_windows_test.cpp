@@ -77,7 +77,6 @@ class EditedWindows : public PlannerTest, public testing::WithParamInterface<Edi
   }
   // As its shortcut does: the focus stays in the field.
   void save() { control<QPushButton>(GetParam().save).click(); }
-  static QString status() { return text(u"EditStatus"_qs); }
 
   Window window_;
 };
@@ -111,13 +110,14 @@ TEST_P(EditedWindows, TakeAndLoseNothingWhileTheyCannotRead) {
   const QStringList before = dumpOf(store_);
   schedule_.sql(u"BEGIN EXCLUSIVE"_qs);
   openAndType();
-  EXPECT_TRUE(status().startsWith(u"没有读出来："_qs)) << status().toStdString();
+  EXPECT_TRUE(text(u"EditStatus"_qs).startsWith(u"没有读出来："_qs))
+      << text(u"EditStatus"_qs).toStdString();
   EXPECT_FALSE(control(GetParam().save).isEnabled());
   schedule_.sql(u"ROLLBACK"_qs);
   click(u"CmdRefresh"_qs);
   type();
   GetParam().leave();
-  EXPECT_EQ(status(), QString());
+  EXPECT_EQ(text(u"EditStatus"_qs), QString());
   prompts_.warnings.clear();
   schedule_.sql(u"BEGIN EXCLUSIVE"_qs);
   click(u"CmdFetch"_qs);
@@ -140,7 +140,8 @@ TEST_P(EditedWindows, AskBeforeTheyOverwriteWhatAnotherCopySaved) {
     save();
     EXPECT_EQ(prompts_.questions.size(), 1);
     EXPECT_EQ(dumpOf(store_) == before, answer != Overwrite);
-    EXPECT_EQ(status().isEmpty(), answer != Cancel) << status().toStdString();
+    EXPECT_EQ(text(u"EditStatus"_qs).isEmpty(), answer != Cancel)
+        << text(u"EditStatus"_qs).toStdString();
   }
 }
 
