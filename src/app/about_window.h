@@ -3,7 +3,6 @@
 #include "shell/planner_window.h"
 
 class QLayout;
-class QPushButton;
 
 namespace vellora {
 
@@ -17,10 +16,9 @@ class AboutWindow : public PlannerWindow {
  private:
   QLayout* layOutTexts();
   QLayout* layOutButtons();
-  QPushButton* makeButton(const QString& objectName, const QString& caption);
 
   void chooseSkin();
-  bool takeSkin(const QString& path);
+  bool storeSkin(const QString& path);
 };
 
 }  // namespace vellora

@@ -14,9 +14,9 @@ namespace {
 
 volatile std::sig_atomic_t writing_end = -1;
 
-void tell(int /*signal*/) {
+void writeToPipe(int /*signal*/) {
   const char one = 1;
-  const auto written = write(writing_end, &one, 1);  // a full pipe has told already
+  const auto written = write(writing_end, &one, 1);  // a full pipe says it already
   static_cast<void>(written);
 }
 
@@ -33,9 +33,9 @@ CloseSignals::CloseSignals() {
   for (const int failure : {SIGPIPE, SIGXFSZ}) handle(failure, SIG_IGN);
   if (pipe2(ends_.data(), O_CLOEXEC | O_NONBLOCK) != 0) return;  // signals end the program then
   writing_end = ends_[1];
-  for (const int end : {SIGTERM, SIGHUP, SIGINT}) handle(end, tell);
-  auto* told = new QSocketNotifier(ends_[0], QSocketNotifier::Read, this);
-  connect(told, &QSocketNotifier::activated, this, &CloseSignals::take);
+  for (const int end : {SIGTERM, SIGHUP, SIGINT}) handle(end, writeToPipe);
+  auto* notifier = new QSocketNotifier(ends_[0], QSocketNotifier::Read, this);
+  connect(notifier, &QSocketNotifier::activated, this, &CloseSignals::closeOnSignal);
   connect(qApp, &QGuiApplication::commitDataRequest, this, [](QSessionManager& session) {
     if (!closeWindows()) session.cancel();
   });
@@ -47,7 +47,7 @@ CloseSignals::~CloseSignals() {
 }
 
 // A second signal while a window asks changes nothing.
-void CloseSignals::take() {
+void CloseSignals::closeOnSignal() {
   char one = 0;
   while (read(ends_[0], &one, 1) > 0) continue;
   if (is_closing_) return;

@@ -19,7 +19,7 @@ class CloseSignals : public QObject {
   ~CloseSignals() override;
 
  private:
-  void take();
+  void closeOnSignal();
   static bool closeWindows();
 
   std::array<int, 2> ends_{-1, -1};  // a signal's handler may do no more than write

@@ -1,6 +1,6 @@
 #include "app/platform.h"
 
-#include "app/product_icon.h"
+#include "app/product.h"
 #include "app/skin_style.h"
 #include "grid/print/drawn_style.h"
 #include "shell/double_click_guard.h"

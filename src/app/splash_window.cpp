@@ -1,6 +1,6 @@
 #include "app/splash_window.h"
 
-#include "app/product_labels.h"
+#include "app/product.h"
 #include "grid/print/drawn_style.h"
 #include "shell/skin.h"
 

@@ -1,8 +1,8 @@
 #include "app/start_up.h"
 
 #include "app/attach_windows.h"
+#include "app/skin_setting.h"
 #include "app/splash_window.h"
-#include "store/statements.h"
 
 #include <QTimer>
 
@@ -16,23 +16,17 @@ QString schedulePath(const QString& programDir) {
   return programDir + u"/SY.mdb"_qs;
 }
 
-// The stored path as it stands, or the default skin beside the executable.
-QString readSkinPath(ScheduleStore& store, const QString& programDir) {
-  auto setting = store.open(statements::skinSetting());
-  return setting.isEmpty() ? programDir + u"/KTZ0.SKN"_qs : setting.text(u"jm");
-}
-
 }  // namespace
 
 StartUp::StartUp(const QString& programDir, Prompts& prompts, const Clock& clock)
-    : look_(schedulePath(programDir), [this] { tellOfDamage(); }),
-      store_(schedulePath(programDir), kPatience, [this] { return waitGoesOn(); }),
+    : damage_check_(schedulePath(programDir), [this] { reportDamage(); }),
+      store_(schedulePath(programDir), kPatience, [this] { return mayKeepWaiting(); }),
       state_{store_, prompts, clock, programDir, readSkinPath(store_, programDir), QString()} {}
 
-// What is waited for may be this program's own look.
-bool StartUp::waitGoesOn() {
-  look_.makeWay();
-  return wait_.goesOn();
+// What is waited for may be this program's own check.
+bool StartUp::mayKeepWaiting() {
+  damage_check_.yieldToSave();
+  return wait_.mayContinue();
 }
 
 void StartUp::showBoard() {
@@ -46,22 +40,22 @@ void StartUp::showBoard() {
     board_->Show();
   }
   // The board comes first.
-  QTimer::singleShot(kSettled, board_.get(), [this] { look_.begin(); });
+  QTimer::singleShot(kSettled, board_.get(), [this] { damage_check_.begin(); });
   if (store_.isReadOnly()) {
     state_.prompts.warn(board_.get(),
                         u"日程文件或所在文件夹只能读取，不能写入，所做的更改将无法保存。"_qs);
   }
 }
 
-// On the look's own thread.
-void StartUp::tellOfDamage() {
+// On the check's own thread.
+void StartUp::reportDamage() {
   QMetaObject::invokeMethod(
       &wait_, [this] { warnOfDamage(); }, Qt::QueuedConnection);
 }
 
-void StartUp::finishLook() {
-  look_.begin();
-  look_.finish();
+void StartUp::finishDamageCheck() {
+  damage_check_.begin();
+  damage_check_.finish();
 }
 
 void StartUp::warnOfDamage() {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/damage_look.h"
+#include "app/damage_check.h"
 #include "board/week_board.h"
 #include "shell/application_state.h"
 #include "shell/store_wait.h"
@@ -20,19 +20,19 @@ class StartUp {
   // saved. Damage to the schedule is looked for a moment later, and told from the event loop.
   void showBoard();
   // Waits until the schedule has been looked through.
-  void finishLook();
+  void finishDamageCheck();
 
   ApplicationState& state() { return state_; }
   const ApplicationState& state() const { return state_; }
   WeekBoard& board() { return *board_; }
 
  private:
-  bool waitGoesOn();
-  void tellOfDamage();
+  bool mayKeepWaiting();
+  void reportDamage();
   void warnOfDamage();
 
   StoreWait wait_;
-  DamageLook look_;  // asked to make way from the opening of the store on
+  DamageCheck damage_check_;  // asked to make way from the opening of the store on
   ScheduleStore store_;
   ApplicationState state_;
   std::unique_ptr<WeekBoard> board_;

@@ -1,7 +1,8 @@
 #include "app/usage_notes_window.h"
 
-#include "app/product_labels.h"
+#include "app/product.h"
 #include "grid/print/drawn_style.h"
+#include "shell/controls.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -64,9 +65,6 @@ UsageNotesWindow::UsageNotesWindow(ApplicationState& state, QWidget* parent)
     : PlannerWindow(state, parent) {
   setObjectName(u"FormSYSM"_qs);
   setWindowTitle(u"使用说明"_qs);
-  auto* close = new QPushButton(u"关闭(&Q) "_qs, this);
-  close->setObjectName(u"CmdEND"_qs);
-  connect(close, &QPushButton::clicked, this, &QWidget::close);
   auto* middle = new QHBoxLayout;
   middle->setSpacing(20);
   middle->addLayout(makeNotes(this), 1);
@@ -78,7 +76,8 @@ UsageNotesWindow::UsageNotesWindow(ApplicationState& state, QWidget* parent)
   all->addWidget(makeHeading(this));
   all->addWidget(makeSeparator(QFrame::HLine, this));
   all->addLayout(middle, 1);
-  all->addWidget(close, 0, Qt::AlignRight);
+  all->addWidget(makeButton(u"CmdEND"_qs, u"关闭(&Q) "_qs, this, [this] { close(); }), 0,
+                 Qt::AlignRight);
 }
 
 }  // namespace vellora

@@ -6,6 +6,7 @@
 #include "grid/surface/grid_surface.h"
 #include "schedule/backup.h"
 #include "schedule/backup_records.h"
+#include "shell/controls.h"
 #include "shell/work_dialog.h"
 #include "store/store_error.h"
 
@@ -20,16 +21,6 @@
 #include <QVBoxLayout>
 
 namespace vellora {
-namespace {
-
-template <typename Control>
-Control* named(Control* control, const QString& name, const QString& accessibleName) {
-  control->setObjectName(name);
-  control->setAccessibleName(accessibleName);
-  return control;
-}
-
-}  // namespace
 
 BackupWindow::BackupWindow(ApplicationState& state, QWidget* parent)
     : PlannerWindow(state, parent),
@@ -52,9 +43,7 @@ BackupWindow::BackupWindow(ApplicationState& state, QWidget* parent)
 void BackupWindow::layOut() {
   auto* all = new QVBoxLayout(this);
   all->addLayout(makePlaces());
-  auto* content = new QLabel(u"备份内容:"_qs, this);
-  content->setBuddy(grid_);
-  all->addWidget(content);
+  all->addWidget(makeLabel(u"备份内容:"_qs, grid_));
   all->addWidget(grid_, 1);
   all->addLayout(makeButtons());
   resize(640, 600);
@@ -63,7 +52,7 @@ void BackupWindow::layOut() {
 QLayout* BackupWindow::makePlaces() {
   auto* chosen = new QHBoxLayout;
   chosen->addWidget(path_, 1);
-  auto* open = makeButton(u"cmdOPEN"_qs, u"打开(&F)…"_qs, &BackupWindow::chooseFile);
+  auto* open = makeButton(u"cmdOPEN"_qs, u"打开(&F)…"_qs, this, [this] { chooseFile(); });
   chosen->addWidget(open);
   setTabOrder(path_, open);
   setTabOrder(open, grid_);
@@ -80,21 +69,10 @@ QLayout* BackupWindow::makePlaces() {
 QLayout* BackupWindow::makeButtons() {
   auto* buttons = new QHBoxLayout;
   buttons->addStretch();
-  buttons->addWidget(makeButton(u"cmdO"_qs, u"备份(&O)"_qs, &BackupWindow::backUp));
-  buttons->addWidget(makeButton(u"CmdI"_qs, u"恢复(&I)"_qs, &BackupWindow::restore));
-  auto* close = new QPushButton(u"关闭(&Q)"_qs, this);
-  close->setObjectName(u"CmdEND"_qs);
-  connect(close, &QPushButton::clicked, this, &QWidget::close);
-  buttons->addWidget(close);
+  buttons->addWidget(makeButton(u"cmdO"_qs, u"备份(&O)"_qs, this, [this] { backUp(); }));
+  buttons->addWidget(makeButton(u"CmdI"_qs, u"恢复(&I)"_qs, this, [this] { restore(); }));
+  buttons->addWidget(makeButton(u"CmdEND"_qs, u"关闭(&Q)"_qs, this, [this] { close(); }));
   return buttons;
-}
-
-QPushButton* BackupWindow::makeButton(const QString& name, const QString& caption,
-                                      void (BackupWindow::*act)()) {
-  auto* button = new QPushButton(caption, this);
-  button->setObjectName(name);
-  connect(button, &QPushButton::clicked, this, act);
-  return button;
 }
 
 void BackupWindow::onLoad() {
@@ -175,7 +153,7 @@ QString BackupWindow::outcomeOf(const Wording& wording, const Job& job) {
     return failure(error.number(), error.description());
   } catch (const FileError& error) {
     return failure(BackupError::kFile, error.description());
-  } catch (const WorkGivenUp&) {
+  } catch (const WorkCancelled&) {
     return {};  // as the user wished
   }
 }

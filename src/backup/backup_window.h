@@ -37,7 +37,6 @@ class BackupWindow : public PlannerWindow {
   void layOut();
   QLayout* makePlaces();
   QLayout* makeButtons();
-  QPushButton* makeButton(const QString& name, const QString& caption, void (BackupWindow::*act)());
   void showPath();
   void goToDrive();
   void chooseFile();

@@ -1,6 +1,7 @@
 #include "board/command_bar.h"
 
 #include "grid/print/drawn_style.h"
+#include "shell/controls.h"
 
 #include <QPushButton>
 #include <QScrollBar>
@@ -45,10 +46,8 @@ CommandBar::CommandBar(QWidget* parent) : QScrollArea(parent) {
   auto* column = new QVBoxLayout(panel);
   column->setContentsMargins({});
   for (const auto& [command, name, caption, opensGroup] : kCommands) {
-    auto* button = new QPushButton(QString::fromUtf16(caption), panel);
-    button->setObjectName(QString::fromUtf16(name));
-    connect(button, &QPushButton::clicked, this,
-            [this, which = command] { emit triggered(which); });
+    auto* button = makeButton(QString::fromUtf16(name), QString::fromUtf16(caption), panel,
+                              [this, which = command] { emit triggered(which); });
     if (opensGroup) column->addSpacing(12);
     column->addWidget(button);
     buttons_[static_cast<std::size_t>(command)] = button;

@@ -110,14 +110,14 @@ void WeekBoard::showWhole(const std::function<void()>& read) {
     read();
     shown_ = firstDay();
     changes_seen_ = state().Db.changedRows();
-    tell({});
+    showMessage({});
   } catch (const StoreError& error) {
     grid_->workbook() = before;
     grid_->Redraw();
     grid_->SetRedrawSwitch(true);
     const QSignalBlocker asBefore(days_);
     if (shown_.isValid()) days_->setDate(shown_);
-    tell(u"没有读出：%1 按 F5 再试。"_qs.arg(error.description()));
+    showMessage(u"没有读出：%1 按 F5 再试。"_qs.arg(error.description()));
     prompts().warn(this, error.description());
   }
 }
@@ -189,7 +189,7 @@ void WeekBoard::fillAfterStep() {
 void WeekBoard::runCommand(BoardCommand command) {
   handlers_.at(command)();
   returnFromWindow();
-  if (state().Db.changedRows() != changes_seen_) tell(u"内容可能已改变，按 F5 刷新。"_qs);
+  if (state().Db.changedRows() != changes_seen_) showMessage(u"内容可能已改变，按 F5 刷新。"_qs);
 }
 
 void WeekBoard::returnFromWindow() {

@@ -4,6 +4,7 @@
 #include "editors/item_fields.h"
 #include "grid/surface/grid_surface.h"
 #include "routine/category.h"
+#include "shell/controls.h"
 #include "store/store_error.h"
 
 #include <QComboBox>
@@ -26,35 +27,26 @@ constexpr QSize kOpeningSize(760, 560);  // all columns, and twenty items
 ActivityItemEditor::ActivityItemEditor(ApplicationState& state, QWidget* parent)
     : EditedWindow(state, parent),
       catalogue_(state.Db),
-      filter_(new QComboBox(this)),
-      refresh_(makeButton(u"CmdSX"_qs, u"刷新"_qs)),
-      grid_(new GridSurface(this)),
+      filter_(named(new QComboBox(this), u"Combo2"_qs)),
+      refresh_(makeButton(u"CmdSX"_qs, u"刷新"_qs, this, [this] { filter(); })),
+      grid_(named(new GridSurface(this), u"Cell1"_qs, u"活动项目"_qs)),
       fields_(new ItemFields(this)),
-      store_(makeButton(u"cmdOK"_qs, u"确定(&U)"_qs)),
-      cancel_(makeButton(u"cmdCancel"_qs, u"取消(&C)"_qs)),
-      add_(makeButton(u"CmdNEW"_qs, u"添加(&N)"_qs)),
-      delete_(makeButton(u"CmdDEL"_qs, u"删除(&D)"_qs)),
-      close_(makeButton(u"CmdEND"_qs, u"关闭(&Q) "_qs)) {
+      store_(makeButton(u"cmdOK"_qs, u"确定(&U)"_qs, this, [this] { store(); })),
+      cancel_(makeButton(u"cmdCancel"_qs, u"取消(&C)"_qs, this, [this] { cancel(); })),
+      add_(makeButton(u"CmdNEW"_qs, u"添加(&N)"_qs, this, [this] { startNew(); })),
+      delete_(makeButton(u"CmdDEL"_qs, u"删除(&D)"_qs, this, [this] { remove(); })),
+      close_(makeButton(u"CmdEND"_qs, u"关闭(&Q) "_qs, this, [this] { close(); })) {
   nameControls();
   layOut();
   connectControls();
   answerGridKeys(*grid_, [] { return u"活动项目"_qs; });
 }
 
-QPushButton* ActivityItemEditor::makeButton(const QString& objectName, const QString& caption) {
-  auto* button = new QPushButton(caption, this);
-  button->setObjectName(objectName);
-  return button;
-}
-
 void ActivityItemEditor::nameControls() {
   setObjectName(u"ActivityItemEditor"_qs);
   setWindowTitle(u"没置活动项目"_qs);
-  filter_->setObjectName(u"Combo2"_qs);
   filter_->addItem(allCategoriesLabel());
   for (const Category& category : categories()) filter_->addItem(category.label);
-  grid_->setObjectName(u"Cell1"_qs);
-  grid_->setAccessibleName(u"活动项目"_qs);
   grid_->setRowNumbersVisible(false);
   grid_->setEditable(false);
 }
@@ -68,11 +60,9 @@ void ActivityItemEditor::layOut() {
 }
 
 QBoxLayout* ActivityItemEditor::layOutList() {
-  auto* label = new QLabel(u"活动项目分类"_qs, this);
-  label->setBuddy(filter_);
   auto* top = new QHBoxLayout;
   top->setSpacing(kControlGap);
-  top->addWidget(label);
+  top->addWidget(makeLabel(u"活动项目分类"_qs, filter_));
   top->addWidget(filter_);
   top->addWidget(refresh_);
   top->addStretch();
@@ -106,18 +96,12 @@ QBoxLayout* ActivityItemEditor::layOutItem() {
 
 void ActivityItemEditor::connectControls() {
   connect(filter_, &QComboBox::activated, this, &ActivityItemEditor::filter);
-  connect(refresh_, &QPushButton::clicked, this, &ActivityItemEditor::filter);
   connect(grid_, &GridSurface::CellEntered, this, &ActivityItemEditor::changeRow);
   connect(grid_, &GridSurface::CellActivated, fields_, &ItemFields::focusCode);
-  connect(fields_, &ItemFields::edited, this, [this] { happened(ItemEvent::FieldsChanged); });
+  connect(fields_, &ItemFields::edited, this, [this] { apply(ItemEvent::FieldsChanged); });
   connect(fields_, &ItemFields::finished, this, [this] {
     if (store_->isEnabled()) store_->setFocus();
   });
-  connect(store_, &QPushButton::clicked, this, &ActivityItemEditor::store);
-  connect(cancel_, &QPushButton::clicked, this, &ActivityItemEditor::cancel);
-  connect(add_, &QPushButton::clicked, this, &ActivityItemEditor::startNew);
-  connect(delete_, &QPushButton::clicked, this, &ActivityItemEditor::remove);
-  connect(close_, &QPushButton::clicked, this, &QWidget::close);
 }
 
 void ActivityItemEditor::onActivate() {
@@ -165,7 +149,7 @@ void ActivityItemEditor::changeRow(int left, int entered) {
     suggested_code_ = suggestedCode(codeAt(left));
   }
   if (entered >= 0) showRow(entered);
-  happened(ItemEvent::EditEnded);
+  apply(ItemEvent::EditEnded);
 }
 
 // Returns where the entered row is afterwards; −1 when none is left.
@@ -203,7 +187,7 @@ void ActivityItemEditor::keepDiscardedItem() {
   keepDiscarded([this, mode = mode_, id = shown_id_, item = fields_->item()] {
     return bringBack(mode, id, item);
   });
-  happened(ItemEvent::EditEnded);
+  apply(ItemEvent::EditEnded);
 }
 
 bool ActivityItemEditor::bringBack(ItemMode mode, qint64 id, const Item& item) {
@@ -218,7 +202,7 @@ bool ActivityItemEditor::bringBack(ItemMode mode, qint64 id, const Item& item) {
     move(grid_->CurrentRow(), row);
   }
   fields_->showItem(item);
-  happened(ItemEvent::FieldsChanged);
+  apply(ItemEvent::FieldsChanged);
   return true;
 }
 
@@ -236,7 +220,7 @@ void ActivityItemEditor::startNew() {
     grid_->Redraw();
   }
   move(left, row);
-  happened(ItemEvent::NewStarted);
+  apply(ItemEvent::NewStarted);
   fields_->focusCode();
 }
 
@@ -249,7 +233,7 @@ bool ActivityItemEditor::store() {
   const StoreStep step = storeStep(item, adding, isNewRow(grid_->CurrentRow()), found.has_value());
   switch (step) {
     case StoreStep::Incomplete:
-      tell(u"活动编号和活动名称都要填写。"_qs);
+      showMessage(u"活动编号和活动名称都要填写。"_qs);
       fields_->focusCode();
       break;
     case StoreStep::CodeTaken:
@@ -308,7 +292,7 @@ void ActivityItemEditor::cancel() {
   } else {
     fields_->clear();
   }
-  happened(ItemEvent::EditEnded);
+  apply(ItemEvent::EditEnded);
   add_->setFocus();
 }
 
@@ -318,7 +302,7 @@ void ActivityItemEditor::remove() {
   try {
     if (!isNewRow(row) && itemAt(row)) catalogue_.remove();
   } catch (const StoreError& error) {
-    tell(u"没有删除："_qs + error.description());
+    showMessage(u"没有删除："_qs + error.description());
     return;  // the item stays in the list, as it does in the schedule
   }
   grid_->SetCellText(kItemCodeCol, row, {});
@@ -326,15 +310,15 @@ void ActivityItemEditor::remove() {
   move(row, row + 1 < grid_->Rows() ? row + 1 : grid_->Rows() - 2);
 }
 
-void ActivityItemEditor::happened(ItemEvent event) {
-  tell({});
+void ActivityItemEditor::apply(ItemEvent event) {
+  showMessage({});
   mode_ = nextMode(mode_, event, !hasItem());
   showButtons();
   if (event != ItemEvent::FieldsChanged) {
     shown_ = fields_->item();
     shown_id_ = itemIdAt(grid_->sheet(), grid_->CurrentRow());
   }
-  lookAgain();
+  updateChanges();
 }
 
 bool ActivityItemEditor::hasItem() {

@@ -30,7 +30,6 @@ class ActivityItemEditor : public EditedWindow {
   void setTypable(bool on) override;
 
  private:
-  QPushButton* makeButton(const QString& objectName, const QString& caption);
   void nameControls();
   void layOut();
   QBoxLayout* layOutList();
@@ -56,7 +55,7 @@ class ActivityItemEditor : public EditedWindow {
   void cancel();
   void remove();
 
-  void happened(ItemEvent event);
+  void apply(ItemEvent event);
   bool hasItem();
   void showButtons();
 

@@ -1,6 +1,7 @@
 #include "editors/item_fields.h"
 
 #include "routine/category.h"
+#include "shell/controls.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -10,12 +11,6 @@
 
 namespace vellora {
 namespace {
-
-QLineEdit* makeField(const QString& objectName, QWidget* parent) {
-  auto* field = new QLineEdit(parent);
-  field->setObjectName(objectName);
-  return field;
-}
 
 // A text from elsewhere may be longer than what can be typed here: cutting it would store it cut
 // with the next change.
@@ -29,14 +24,12 @@ void setText(QLineEdit& field, const QString& text, int limit) {
 
 ItemFields::ItemFields(QWidget* parent)
     : QWidget(parent),
-      code_(makeField(u"TxtHDBH"_qs, this)),
-      name_(makeField(u"txtHDMC"_qs, this)),
-      category_(new QComboBox(this)),
-      completed_(new QCheckBox(u"是否完成"_qs, this)) {
-  category_->setObjectName(u"Combo1"_qs);
+      code_(named(new QLineEdit(this), u"TxtHDBH"_qs)),
+      name_(named(new QLineEdit(this), u"txtHDMC"_qs)),
+      category_(named(new QComboBox(this), u"Combo1"_qs)),
+      completed_(named(new QCheckBox(u"是否完成"_qs, this), u"Check1"_qs)) {
   for (const Category& category : categories()) category_->addItem(category.label);
   category_->setCurrentIndex(-1);
-  completed_->setObjectName(u"Check1"_qs);
   setTexts({}, {});
   layOut();
   connect(code_, &QLineEdit::textChanged, this, &ItemFields::edited);

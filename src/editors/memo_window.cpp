@@ -2,6 +2,7 @@
 
 #include "grid/surface/cell_editor.h"
 #include "schedule/memos.h"
+#include "shell/controls.h"
 #include "shell/date_stepper.h"
 #include "store/store_error.h"
 
@@ -15,9 +16,7 @@ namespace vellora {
 namespace {
 
 QPlainTextEdit* makeTextBox(QWidget* parent) {
-  auto* box = new PlainTextBox(parent);
-  box->setObjectName(u"Text1"_qs);
-  box->setAccessibleName(u"备忘内容"_qs);
+  auto* box = named(new PlainTextBox(parent), u"Text1"_qs, u"备忘内容"_qs);
   box->setFont(QFont(u"楷体_GB2312"_qs, 12));
   box->setTabChangesFocus(true);
   return box;
@@ -39,28 +38,23 @@ MemoWindow::MemoWindow(ApplicationState& state, QWidget* parent)
     : EditedWindow(state, parent),
       days_(makeArrowStepper({u"D1"_qs, u"Lxq"_qs, u"备忘日期"_qs}, state.clock, this)),
       text_(makeTextBox(this)),
-      update_(new QPushButton(u"更新(&U) "_qs, this)) {
+      update_(makeButton(u"CmdSV"_qs, u"更新(&U) "_qs, this, [this] { save(); })) {
   setObjectName(u"FormBWL"_qs);
   setWindowTitle(u"备忘录"_qs);
-  update_->setObjectName(u"CmdSV"_qs);
   update_->setFocusPolicy(Qt::TabFocus);  // a click must not turn to a typed date before it stores
   layOut();
   connect(days_, &DateStepper::dateChanged, this, &MemoWindow::showDay);
-  connect(text_, &QPlainTextEdit::textChanged, this, &MemoWindow::lookAgain);
-  connect(update_, &QPushButton::clicked, this, &MemoWindow::save);
+  connect(text_, &QPlainTextEdit::textChanged, this, &MemoWindow::updateChanges);
 }
 
 void MemoWindow::layOut() {
-  auto* end = new QPushButton(u"关闭(&Q) "_qs, this);
-  end->setObjectName(u"CmdEND"_qs);
-  connect(end, &QPushButton::clicked, this, &QWidget::close);
   auto* top = new QHBoxLayout;
   top->addWidget(days_);
   top->addStretch();
   auto* buttons = new QHBoxLayout;
   buttons->addStretch();
   buttons->addWidget(update_);
-  buttons->addWidget(end);
+  buttons->addWidget(makeButton(u"CmdEND"_qs, u"关闭(&Q) "_qs, this, [this] { close(); }));
   auto* all = new QVBoxLayout(this);
   all->addLayout(top);
   all->addWidget(text_, 1);
@@ -138,7 +132,7 @@ bool MemoWindow::save() {
   }
   shown_ = text;
   text_->document()->setModified(false);
-  lookAgain();
+  updateChanges();
   days_->finishTyping();
   return true;
 }

@@ -1,6 +1,7 @@
 #include "editors/table_editor.h"
 
 #include "grid/surface/grid_surface.h"
+#include "shell/controls.h"
 
 #include <QHBoxLayout>
 #include <QPushButton>
@@ -16,12 +17,10 @@ TableEditor::TableEditor(ApplicationState& state, const Kind& kind, QWidget* abo
   setWindowTitle(kind.caption);
   auto* column = new QVBoxLayout(this);
   if (above) column->addWidget(above);
-  grid_ = new GridSurface(this);
-  grid_->setObjectName(u"Cell1"_qs);
-  grid_->setAccessibleName(kind.gridName);
+  grid_ = named(new GridSurface(this), u"Cell1"_qs, kind.gridName);
   grid_->setHeadingStripVisible(true);
   grid_->setRowNumbersVisible(true);
-  tellCutPastes(*grid_);
+  reportTrimmedPastes(*grid_);
   answerGridKeys(*grid_, [name = kind.documentName] { return name; });
   watch(*grid_);
   column->addWidget(grid_, 1);
@@ -36,16 +35,10 @@ TableEditor::TableEditor(ApplicationState& state, const Kind& kind, QWidget* abo
 QHBoxLayout* TableEditor::makeButtons() {
   auto* row = new QHBoxLayout;
   row->addStretch();
-  const auto add = [&](const QString& name, const QString& caption, auto action) {
-    auto* button = new QPushButton(caption, this);
-    button->setObjectName(name);
-    connect(button, &QPushButton::clicked, this, action);
-    row->addWidget(button);
-    return button;
-  };
-  add(u"cmdOP"_qs, u"打开(&O)"_qs, [this] { open(); });
-  save_ = add(u"cmdSV"_qs, u"保存(&S)"_qs, [this] { save(); });
-  add(u"CmdEND"_qs, u"关闭(&Q) "_qs, [this] { close(); });
+  row->addWidget(makeButton(u"cmdOP"_qs, u"打开(&O)"_qs, this, [this] { open(); }));
+  save_ = makeButton(u"cmdSV"_qs, u"保存(&S)"_qs, this, [this] { save(); });
+  row->addWidget(save_);
+  row->addWidget(makeButton(u"CmdEND"_qs, u"关闭(&Q) "_qs, this, [this] { close(); }));
   return row;
 }
 
@@ -102,7 +95,7 @@ bool TableEditor::save() {
     prompts().warn(this, error.description());
     return false;
   }
-  lookAgain();
+  updateChanges();
   prompts().warn(this, u"保存完毕!"_qs);
   return true;
 }

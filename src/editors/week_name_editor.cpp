@@ -1,8 +1,13 @@
 #include "editors/week_name_editor.h"
 
-#include "editors/week_bar.h"
 #include "grid/surface/grid_surface.h"
 #include "schedule/week_names.h"
+#include "shell/controls.h"
+#include "shell/date_stepper.h"
+
+#include <QHBoxLayout>
+#include <QPushButton>
+#include <QVBoxLayout>
 
 namespace vellora {
 namespace {
@@ -16,18 +21,30 @@ TableEditor::Kind weekNameKind() {
 }  // namespace
 
 WeekNameEditor::WeekNameEditor(ApplicationState& state, QWidget* parent)
-    : WeekNameEditor(state, new WeekBar(state.clock), parent) {}
+    : WeekNameEditor(state, new QWidget, parent) {}
 
-WeekNameEditor::WeekNameEditor(ApplicationState& state, WeekBar* bar, QWidget* parent)
-    : TableEditor(state, weekNameKind(), bar, nullptr, parent), bar_(bar) {
-  connect(bar, &WeekBar::addWeek, this, &WeekNameEditor::addPickedWeek);
-  connect(bar, &WeekBar::addFollowingWeeks, this, &WeekNameEditor::addTenWeeks);
+WeekNameEditor::WeekNameEditor(ApplicationState& state, QWidget* bar, QWidget* parent)
+    : TableEditor(state, weekNameKind(), bar, nullptr, parent),
+      bar_(bar),
+      days_(makeWordStepper({u"DTP1"_qs, u"Lxq"_qs, u"所选日期"_qs}, state.clock, bar)) {
+  layOutBar();
   grid().setGrowsOnPaste(true);
   connect(&grid(), &GridSurface::CellEntered, this, &WeekNameEditor::carryName);
 }
 
+void WeekNameEditor::layOutBar() {
+  auto* add = new QHBoxLayout;
+  add->addWidget(makeButton(u"CmdBR"_qs, u"添加本日"_qs, bar_, [this] { addPickedWeek(); }));
+  add->addWidget(makeButton(u"CmdLX"_qs, u"连续添加"_qs, bar_, [this] { addTenWeeks(); }));
+  add->addStretch();
+  auto* lines = new QVBoxLayout(bar_);
+  lines->setContentsMargins({});
+  lines->addWidget(days_, 0, Qt::AlignLeft);
+  lines->addLayout(add);
+}
+
 void WeekNameEditor::onActivate() {
-  bar_->setDate(state().clock.today());
+  days_->setDate(state().clock.today());
   TableEditor::onActivate();
 }
 
@@ -38,7 +55,7 @@ void WeekNameEditor::setTypable(bool on) {
 
 void WeekNameEditor::addPickedWeek() {
   change(u"添加本日"_qs, [this] {
-    const int row = addWeek(grid().sheet(), grid().CurrentRow(), bar_->date());
+    const int row = addWeek(grid().sheet(), grid().CurrentRow(), days_->date());
     grid().Redraw();
     moveTo(kWeekNameCol, row);
   });

@@ -4,7 +4,7 @@
 
 namespace vellora {
 
-class WeekBar;
+class DateStepper;
 
 // Names the weeks of a term; see week_names.h.
 class WeekNameEditor : public TableEditor {
@@ -18,12 +18,14 @@ class WeekNameEditor : public TableEditor {
   void setTypable(bool on) override;
 
  private:
-  WeekNameEditor(ApplicationState& state, WeekBar* bar, QWidget* parent);
+  WeekNameEditor(ApplicationState& state, QWidget* bar, QWidget* parent);
+  void layOutBar();
   void addPickedWeek();
   void addTenWeeks();
   void carryName(int leftRow, int enteredRow);
 
-  WeekBar* bar_;
+  QWidget* bar_;  // what adds weeks: the first day of one, and what is done with it
+  DateStepper* days_;
 };
 
 }  // namespace vellora

@@ -2,7 +2,6 @@
 
 #include "grid/surface/grid_surface.h"
 #include "planning/count_field.h"
-#include "planning/plan_controls.h"
 #include "routine/calendar_text.h"
 #include "schedule/day_plan.h"
 #include "schedule/items.h"
@@ -75,8 +74,8 @@ void ActivityPlanWindow::connectGrid() {
     prompts().warn(this,
                    u"“%1”不是时间块，没有填写。请填时间块的编号、名称或起止时间。"_qs.arg(text));
   });
-  connect(controls_.chosen, &QLineEdit::textChanged, this, &ActivityPlanWindow::lookAgain);
-  tellCutPastes(*grid);
+  connect(controls_.chosen, &QLineEdit::textChanged, this, &ActivityPlanWindow::updateChanges);
+  reportTrimmedPastes(*grid);
   watch(*grid);
   connect(grid, &GridSurface::RowDuplicate, this, &ActivityPlanWindow::duplicateRow);
 }
@@ -271,17 +270,17 @@ bool ActivityPlanWindow::SavePlan() {
         })) {
       return false;
     }
-  } catch (const WorkGivenUp&) {
+  } catch (const WorkCancelled&) {
     return false;
   }
   if (outcome.saved) saved_ = *outcome.saved;
   taken_ = outcome.taken;
-  lookAgain();
-  tellOutcome(outcome);
+  updateChanges();
+  showOutcome(outcome);
   return outcome.failure.isEmpty();
 }
 
-void ActivityPlanWindow::tellOutcome(const PlanSaveOutcome& outcome) {
+void ActivityPlanWindow::showOutcome(const PlanSaveOutcome& outcome) {
   if (outcome.saved) guarded([this] { showDay(); });
   for (const TakenBlock& taken : outcome.taken) {
     prompts().warn(this, taken.date + takenText() + taken.holder);
@@ -338,7 +337,7 @@ void ActivityPlanWindow::guarded(const std::function<void()>& step) {
     step();
   } catch (const StoreError& error) {
     prompts().warn(this, error.description());
-  } catch (const WorkGivenUp&) {
+  } catch (const WorkCancelled&) {
     return;  // as the user wished
   }
 }

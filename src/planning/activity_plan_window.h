@@ -1,7 +1,7 @@
 #pragma once
 
 #include "grid/surface/range_edit.h"
-#include "planning/activity_plan_controls.h"
+#include "planning/plan_controls.h"
 #include "schedule/plan_saving.h"
 #include "schedule/time_blocks.h"
 #include "shell/edited_window.h"
@@ -49,7 +49,7 @@ class ActivityPlanWindow : public EditedWindow {
   bool bringBack(const QString& activity, const Sheet& rows);
   void PlaceBlock(int position);
   bool SavePlan();
-  void tellOutcome(const PlanSaveOutcome& outcome);
+  void showOutcome(const PlanSaveOutcome& outcome);
   void DeletePlan();
   void Repeat(const QString& count, int stepDays);
   void duplicateRow(int row);

@@ -4,6 +4,7 @@
 #include "planning/plan_controls.h"
 #include "routine/calendar_text.h"
 #include "schedule/day_plan.h"
+#include "shell/controls.h"
 #include "shell/date_stepper.h"
 
 #include <QHBoxLayout>
@@ -18,17 +19,15 @@ DailyPlanWindow::DailyPlanWindow(ApplicationState& state, QDate firstDay, QWidge
     : EditedWindow(state, parent),
       first_day_(firstDay),
       day_(makeWordStepper({u"DTP1"_qs, u"Lxq"_qs, u"计划日期"_qs}, state.clock, this)),
-      grid_(new GridSurface(this)),
+      grid_(named(new GridSurface(this), u"Cell1"_qs, u"每日计划表"_qs)),
       items_list_(makeNameList(u"List1"_qs, u"活动项目"_qs, this)),
-      save_(makeButton(u"cmdSV"_qs, u"保存(&S)"_qs, this)) {
+      save_(makeButton(u"cmdSV"_qs, u"保存(&S)"_qs, this, [this] { SaveDayPlan(); })) {
   setWindowTitle(u"每日活动计划"_qs);
-  grid_->setObjectName(u"Cell1"_qs);
-  grid_->setAccessibleName(u"每日计划表"_qs);
   grid_->setColumnLocked(kDayBlock, true);
   answerGridKeys(*grid_, [this]() -> QString { return isoDate(date()) + u" 活动计划"; });
   connect(day_, &DateStepper::dateChanged, this, &DailyPlanWindow::openDay);
   placeFromList(*items_list_, [this](int position) { placeItem(position); });
-  tellCutPastes(*grid_);
+  reportTrimmedPastes(*grid_);
   watch(*grid_);
   layOut();
 }
@@ -50,21 +49,16 @@ void DailyPlanWindow::layOut() {
 }
 
 QVBoxLayout* DailyPlanWindow::layItems() {
-  auto* hint = makePlacingHint(*items_list_, this);
-  hint->setObjectName(u"Label4"_qs);
   auto* column = new QVBoxLayout;
-  column->addWidget(hint);
+  column->addWidget(named(makePlacingHint(*items_list_), u"Label4"_qs));
   column->addWidget(items_list_, 1);
   return column;
 }
 
 QHBoxLayout* DailyPlanWindow::layButtons() {
-  auto* open = makeButton(u"cmdOP"_qs, u"打开(&O)"_qs, this);
-  auto* end = makeButton(u"CmdEND"_qs, u"关闭(&Q) "_qs, this);
+  auto* open = makeButton(u"cmdOP"_qs, u"打开(&O)"_qs, this, [this] { openDay(); });
+  auto* end = makeButton(u"CmdEND"_qs, u"关闭(&Q) "_qs, this, [this] { close(); });
   save_->setFocusPolicy(Qt::TabFocus);  // a click must not turn to a typed date before it saves
-  connect(open, &QPushButton::clicked, this, &DailyPlanWindow::openDay);
-  connect(save_, &QPushButton::clicked, this, &DailyPlanWindow::SaveDayPlan);
-  connect(end, &QPushButton::clicked, this, &QWidget::close);
   setTabOrder(open, save_);
   setTabOrder(save_, end);
   auto* row = new QHBoxLayout;
@@ -196,7 +190,7 @@ bool DailyPlanWindow::SaveDayPlan() {
     return false;
   }
   if (outcome.saved) showSaved(*outcome.saved);
-  lookAgain();
+  updateChanges();
   prompts().warn(this, outcome.failure.isEmpty() ? u"保存完毕!"_qs : outcome.failure);
   if (outcome.failure.isEmpty()) day_->finishTyping();
   return outcome.failure.isEmpty();

@@ -18,16 +18,16 @@ struct WorkStep {
 using WorkProgress = std::function<bool(const WorkStep&)>;
 
 // Thrown through the work when it is given up.
-struct WorkGivenUp {};
+struct WorkCancelled {};
 
 // Passes on one step; false to give the work up.
-inline bool goesOn(const WorkProgress& progress, const WorkStep& step) {
+inline bool mayContinue(const WorkProgress& progress, const WorkStep& step) {
   return !progress || progress(step) || !step.canStop;
 }
 
-// Passes on one step; throws WorkGivenUp.
+// Passes on one step; throws WorkCancelled.
 inline void report(const WorkProgress& progress, const WorkStep& step) {
-  if (!goesOn(progress, step)) throw WorkGivenUp();
+  if (!mayContinue(progress, step)) throw WorkCancelled();
 }
 
 }  // namespace vellora

@@ -24,7 +24,7 @@ inline const QString& backedUpTable(int index) {
   return backedUpTables()[static_cast<std::size_t>(index)];
 }
 
-// Both throw StoreError, FileError, BackupError and WorkGivenUp; they give the number of records
+// Both throw StoreError, FileError, BackupError and WorkCancelled; they give the number of records
 // and leave the file's content in `workbook`, which stays as it was when they throw.
 
 // Replaces the file whole or not at all, and only after the new one was read back from the disk and

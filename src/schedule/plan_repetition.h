@@ -28,8 +28,8 @@ QString boundedWeeks(const QString& text, int change);
 // Copies a row of the plan grid `count` times directly below itself, each `stepDays` later. A copy
 // whose block is taken on its date shows that entry's activity in red, its requirement and level.
 // Returns the row below the last copy; nothing, and nothing happens, when the row has no activity
-// or no date. Copies end with the year 9999. Throws StoreError, or WorkGivenUp, and leaves the grid
-// as it was.
+// or no date. Copies end with the year 9999. Throws StoreError, or WorkCancelled, and leaves the
+// grid as it was.
 std::optional<int> repeatPlanRow(ScheduleStore& store, Sheet& sheet, int row,
                                  const Repetition& repetition, const WorkProgress& progress = {});
 

@@ -31,9 +31,9 @@ struct PlanSaveOutcome {
 //
 // Everything is one transaction, and entries are changed in place and deleted last. So a row that
 // cannot be saved ends the save with the rows before it saved and every other old entry still
-// there, and a save that is killed, given up (WorkGivenUp) or cannot be committed leaves all as it
-// was. Throws StoreFault::RowChanged, with nothing saved, when the saved plan is not `asRead` any
-// more, unless that is null.
+// there, and a save that is killed, given up (WorkCancelled) or cannot be committed leaves all as
+// it was. Throws StoreFault::RowChanged, with nothing saved, when the saved plan is not `asRead`
+// any more, unless that is null.
 PlanSaveOutcome writePlan(ScheduleStore& store, const Sheet& sheet, const QString& activity,
                           const SavedEntries* asRead, const WorkProgress& progress = {});
 

@@ -88,7 +88,7 @@ void DatePicker::mark(const QString& fault) {
   QToolTip::showText(mapToGlobal(rect().bottomLeft()), u"“%1”%2"_qs.arg(text(), fault), this);
 }
 
-bool DatePicker::takeBack() {
+bool DatePicker::revert() {
   if (text() == isoDate(date_)) return false;
   showDate();
   selectAll();
@@ -129,7 +129,7 @@ void DatePicker::keyPressEvent(QKeyEvent* event) {
     event->setAccepted(!finishTyping());  // the window's default button is for a date
     selectAll();
   } else if (event->key() == Qt::Key_Escape) {
-    event->setAccepted(takeBack());
+    event->setAccepted(revert());
   } else if (!answer(*event)) {
     QAbstractSpinBox::keyPressEvent(event);
   }
@@ -191,26 +191,26 @@ void DatePicker::openCalendar() {
   calendar->open();
 }
 
-QStyleOptionComboBox DatePicker::look() const {
+QStyleOptionComboBox DatePicker::comboOption() const {
   QStyleOptionSpinBox box;
   initStyleOption(&box);
-  QStyleOptionComboBox look;
-  look.initFrom(this);
-  look.editable = true;
-  look.frame = box.frame;
-  look.subControls = QStyle::SC_All;
-  look.activeSubControls = box.activeSubControls;
-  return look;
+  QStyleOptionComboBox option;
+  option.initFrom(this);
+  option.editable = true;
+  option.frame = box.frame;
+  option.subControls = QStyle::SC_All;
+  option.activeSubControls = box.activeSubControls;
+  return option;
 }
 
 QRect DatePicker::partOf(int subControl) const {
-  const QStyleOptionComboBox box = look();
+  const QStyleOptionComboBox box = comboOption();
   return style()->subControlRect(QStyle::CC_ComboBox, &box,
                                  static_cast<QStyle::SubControl>(subControl), this);
 }
 
 QSize DatePicker::sizeHint() const {
-  const QStyleOptionComboBox box = look();
+  const QStyleOptionComboBox box = comboOption();
   const int width = fontMetrics().horizontalAdvance(u"9999-12-24 "_qs);
   const QSize content(width, lineEdit()->sizeHint().height());
   return style()->sizeFromContents(QStyle::CT_ComboBox, &box, content, this);
@@ -222,7 +222,7 @@ void DatePicker::resizeEvent(QResizeEvent* event) {
 }
 
 void DatePicker::paintEvent(QPaintEvent* /*event*/) {
-  QStylePainter(this).drawComplexControl(QStyle::CC_ComboBox, look());
+  QStylePainter(this).drawComplexControl(QStyle::CC_ComboBox, comboOption());
 }
 
 }  // namespace vellora

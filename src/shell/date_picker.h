@@ -49,13 +49,13 @@ class DatePicker : public QAbstractSpinBox {
 
  private:
   bool answer(const QKeyEvent& event);
-  bool takeBack();
+  bool revert();
   void stepTo(QDate date);
   void selectNumber(bool forward);
   void openCalendar();
   void showDate();
   void mark(const QString& fault);
-  QStyleOptionComboBox look() const;
+  QStyleOptionComboBox comboOption() const;
   QRect partOf(int subControl) const;
 
   const Clock& clock_;

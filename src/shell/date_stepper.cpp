@@ -2,6 +2,7 @@
 
 #include "grid/print/drawn_style.h"
 #include "routine/calendar_text.h"
+#include "shell/controls.h"
 #include "shell/date_picker.h"
 
 #include <QHBoxLayout>
@@ -30,11 +31,10 @@ DateStepper::DateStepper(const Names& names, std::initializer_list<StepButton> b
   auto* row = new QHBoxLayout(this);
   row->setContentsMargins({});
   const auto addButton = [&](const StepButton& step) {
-    auto* button = new QPushButton(step.caption, this);
-    button->setObjectName(step.objectName);
+    auto* button =
+        makeButton(step.objectName, step.caption, this, [this, days = step.days] { stepBy(days); });
     button->setToolTip(step.toolTip);
     button->setFixedWidth(narrowWidth(*button));
-    connect(button, &QPushButton::clicked, this, [this, days = step.days] { stepBy(days); });
     row->addWidget(button);
   };
   for (const auto& step : buttons) {

@@ -1,6 +1,7 @@
 #include "shell/edited_window.h"
 
 #include "grid/surface/grid_surface.h"
+#include "shell/controls.h"
 #include "shell/status_line.h"
 #include "store/store_error.h"
 
@@ -19,7 +20,7 @@ constexpr std::size_t kMostDiscarded = 20;
 EditedWindow::EditedWindow(ApplicationState& state, QWidget* parent)
     : PlannerWindow(state, parent), status_(makeStatus()) {
   later_.setSingleShot(true);
-  connect(&later_, &QTimer::timeout, this, &EditedWindow::lookAgain);
+  connect(&later_, &QTimer::timeout, this, &EditedWindow::updateChanges);
 }
 
 // Keeps a line's room, so that the first change does not move what stands above it.
@@ -32,10 +33,8 @@ QWidget* EditedWindow::makeStatus() {
   row->addWidget(text_, 1);
   row->addStretch();
   const auto add = [&](const QString& name, const QString& caption, auto act) {
-    auto* button = new QPushButton(caption, status);
-    button->setObjectName(name);
+    auto* button = makeButton(name, caption, status, act);
     button->hide();
-    connect(button, &QPushButton::clicked, this, act);
     row->addWidget(button);
     return button;
   };
@@ -66,7 +65,7 @@ bool EditedWindow::read(const std::function<void()>& reading, bool quietly) {
   is_read_ = true;
   reason_.clear();
   setTypable(true);
-  lookAgain();
+  updateChanges();
   return true;
 }
 
@@ -77,7 +76,7 @@ void EditedWindow::forget() {
   showStatus();
 }
 
-void EditedWindow::lookAgain() {
+void EditedWindow::updateChanges() {
   later_.stop();
   if (!is_read_) return;
   changes_ = changes();
@@ -85,7 +84,7 @@ void EditedWindow::lookAgain() {
 }
 
 bool EditedWindow::isChanged() {
-  lookAgain();
+  updateChanges();
   return changes_.any();
 }
 
@@ -113,7 +112,7 @@ void EditedWindow::showStatus() {
   const QString text = is_read_ || reason_.isEmpty()
                            ? changes_.text()
                            : u"没有读出来："_qs + reason_ + u"请按“刷新”再试。";
-  if (text != text_->text()) text_->tell(text);
+  if (text != text_->text()) text_->showMessage(text);
   refresh_->setVisible(!is_read_ && !reason_.isEmpty());
   fetch_->setVisible(!discarded_.empty());
 }
@@ -129,7 +128,7 @@ void EditedWindow::bringBack() {
   const auto last = discarded_.back();
   discarded_.pop_back();
   if (!last()) discarded_.push_back(last);
-  lookAgain();
+  updateChanges();
   showStatus();
 }
 
@@ -156,7 +155,7 @@ bool EditedWindow::overwritesByChoice() {
       this, u"打开之后，另一个程序已经改动了这里要保存的内容。要用现在的内容覆盖它吗？"_qs,
       {u"覆盖"_qs, u"重新读出"_qs, u"取消"_qs}, Cancel);
   if (answer == ReadAgain) readAgain();
-  if (answer == Cancel) lookAgain();
+  if (answer == Cancel) updateChanges();
   return answer == Overwrite;
 }
 

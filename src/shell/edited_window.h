@@ -44,7 +44,7 @@ class EditedWindow : public PlannerWindow {
   void forget();
   bool isRead() const { return is_read_; }
   // Brings marks and status up to date: what is shown or what is saved has changed.
-  void lookAgain();
+  void updateChanges();
   // Whether a save would change anything. Looks again.
   bool isChanged();
   // Marks the changed rows of the grid, and looks again whenever it changes.

@@ -22,7 +22,7 @@ bool GridKeys::answer(QKeyEvent* event) {
   const int key = event->key();
   if (key != Qt::Key_F3 && key != Qt::Key_F7 && key != Qt::Key_F8) return false;
   event->accept();
-  status_.tell({});
+  status_.showMessage({});
   if (key == Qt::Key_F3) print();
   if (key == Qt::Key_F7) exportList(&GridSurface::ExportHtml, u".HTM"_qs);
   if (key == Qt::Key_F8) exportList(&GridSurface::ExportExcel, u".xls"_qs);
@@ -41,7 +41,7 @@ void GridKeys::exportList(Export write, const QString& extension) {
   if (writeList(write, folder + fileNameFor(name), &reason)) {
     state_.prompts.inform(grid_.window(), folder + name + u"已保存！");
   } else {
-    status_.tell(u"没有导出："_qs + reason);
+    status_.showMessage(u"没有导出："_qs + reason);
   }
 }
 

@@ -49,15 +49,15 @@ QWidget* PlannerWindow::statusLine() {
   return status_line_;
 }
 
-void PlannerWindow::tell(const QString& text) {
-  status_line_->tell(text);
+void PlannerWindow::showMessage(const QString& text) {
+  status_line_->showMessage(text);
 }
 
 void PlannerWindow::answerGridKeys(GridSurface& grid, const std::function<QString()>& baseName) {
   grid_keys_ = new GridKeys(grid, state_, *status_line_, baseName);
 }
 
-void PlannerWindow::tellCutPastes(GridSurface& grid) {
+void PlannerWindow::reportTrimmedPastes(GridSurface& grid) {
   connect(&grid, &GridSurface::PasteCut, this, [this](int rows, int cols) {
     QStringList parts;
     if (rows > 0) parts << u"%1 行"_qs.arg(rows);
@@ -74,7 +74,7 @@ void PlannerWindow::Load() {
 }
 
 // No larger than the screen has room for, and over the window that opened it.
-void PlannerWindow::takePlace() {
+void PlannerWindow::placeOnScreen() {
   const QRect room = roomOn(*(parentWidget() ? parentWidget()->screen() : screen()));
   const QSize wanted = testAttribute(Qt::WA_Resized) ? size() : sizeHint();
   resize(wanted.boundedTo(room.size()).expandedTo(minimumSizeHint()));
@@ -89,7 +89,7 @@ void PlannerWindow::takePlace() {
 }
 
 void PlannerWindow::Show() {
-  takePlace();
+  placeOnScreen();
   show();
   onActivate();
 }

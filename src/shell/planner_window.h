@@ -48,12 +48,12 @@ class PlannerWindow : public QWidget {
   void showTitle(const QString& title);
   // For what the user should know but need not answer; to be put where the window's list ends.
   QWidget* statusLine();
-  void tell(const QString& text);
+  void showMessage(const QString& text);
   // From now on the grid answers to the print and export keys, wherever in the window the focus is;
   // see grid_keys.h.
   void answerGridKeys(GridSurface& grid, const std::function<QString()>& baseName);
   // From now on tells the user what a paste into the grid had to leave out.
-  void tellCutPastes(GridSurface& grid);
+  void reportTrimmedPastes(GridSurface& grid);
 
   void closeEvent(QCloseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
@@ -62,7 +62,7 @@ class PlannerWindow : public QWidget {
   void closed();
 
  private:
-  void takePlace();
+  void placeOnScreen();
 
   ApplicationState& state_;
   StatusLine* status_line_;

@@ -13,7 +13,7 @@ StatusLine::StatusLine(QWidget* parent) : QLabel(parent) {
 }
 
 // A label's text is its accessible name only while it has no other; screen readers hear of it.
-void StatusLine::tell(const QString& text) {
+void StatusLine::showMessage(const QString& text) {
   setText(text);
   setAccessibleName(text.isEmpty() ? QString() : u"提示："_qs + text);
   setVisible(!text.isEmpty());

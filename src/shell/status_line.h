@@ -13,7 +13,7 @@ class StatusLine : public QLabel {
   explicit StatusLine(QWidget* parent);
 
   // An empty text takes the line away.
-  void tell(const QString& text);
+  void showMessage(const QString& text);
 };
 
 }  // namespace vellora

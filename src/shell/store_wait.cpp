@@ -16,13 +16,13 @@ StoreWait::StoreWait() {
 
 StoreWait::~StoreWait() = default;
 
-bool StoreWait::goesOn() {
+bool StoreWait::mayContinue() {
   if (!dialog_) dialog_ = std::make_unique<WorkDialog>(nullptr);
   if (!over_.isActive()) begin();
   over_.start();
-  const bool goesOn = dialog_->progress()({u"另一个程序正在使用日程文件，正在等待……"_qs});
-  if (!goesOn) end();
-  return goesOn;
+  const bool mayContinue = dialog_->progress()({u"另一个程序正在使用日程文件，正在等待……"_qs});
+  if (!mayContinue) end();
+  return mayContinue;
 }
 
 // Stays over the window in front without belonging to it, which may be closed meanwhile.

@@ -19,7 +19,7 @@ class StoreWait : public QObject {
   ~StoreWait() override;
 
   // To be asked often while the store waits; false once the user gives up.
-  bool goesOn();
+  bool mayContinue();
 
  private:
   void begin();

@@ -3,6 +3,7 @@
 #include "grid/surface/grid_surface.h"
 #include "routine/category.h"
 #include "schedule/time_use.h"
+#include "shell/controls.h"
 #include "shell/date_picker.h"
 #include "shell/work_dialog.h"
 #include "store/store_error.h"
@@ -55,13 +56,10 @@ StatisticsWindow::StatisticsWindow(ApplicationState& state, QWidget* parent)
     : PlannerWindow(state, parent),
       start_(new DatePicker(u"D1"_qs, u"起始日期"_qs, state.clock, this)),
       end_(new DatePicker(u"D2"_qs, u"截止日期"_qs, state.clock, this)),
-      total_(new QLabel(u"作息总时数"_qs, this)),
-      grid_(new GridSurface(this)) {
+      total_(named(new QLabel(u"作息总时数"_qs, this), u"LbZSS"_qs)),
+      grid_(named(new GridSurface(this), u"Cell1"_qs, u"统计表"_qs)) {
   setObjectName(u"StatisticsWindow"_qs);
   setWindowTitle(u"Vellora日程表 统计分析"_qs);
-  total_->setObjectName(u"LbZSS"_qs);
-  grid_->setObjectName(u"Cell1"_qs);
-  grid_->setAccessibleName(u"统计表"_qs);
   grid_->setEditable(false);
   setUpTimeUse(grid_->sheet());
   grid_->Redraw();
@@ -80,28 +78,20 @@ void StatisticsWindow::layOut() {
 }
 
 QLayout* StatisticsWindow::makeRange() {
-  auto* compute = new QPushButton(u"统  计(&U)"_qs, this);
-  compute->setObjectName(u"Command1"_qs);
-  compute->setDefault(true);
-  connect(compute, &QPushButton::clicked, this, &StatisticsWindow::compute);
-  auto* close = new QPushButton(u"返  回(&Q)"_qs, this);
-  close->setObjectName(u"Command2"_qs);
-  connect(close, &QPushButton::clicked, this, &QWidget::close);
+  auto* run = makeButton(u"Command1"_qs, u"统  计(&U)"_qs, this, [this] { compute(); });
+  run->setDefault(true);
+  auto* back = makeButton(u"Command2"_qs, u"返  回(&Q)"_qs, this, [this] { close(); });
   auto* range = new QHBoxLayout;
-  const auto addPicker = [&](DatePicker* picker) {
-    auto* label = new QLabel(picker->accessibleName(), this);
-    label->setBuddy(picker);
-    range->addWidget(label);
+  for (auto* picker : {start_, end_}) {
+    range->addWidget(makeLabel(picker->accessibleName(), picker));
     range->addWidget(picker);
-  };
-  addPicker(start_);
-  addPicker(end_);
+  }
   range->addStretch();
-  range->addWidget(compute);
-  range->addWidget(close);
-  setTabOrder(end_, compute);
-  setTabOrder(compute, close);
-  setTabOrder(close, grid_);
+  range->addWidget(run);
+  range->addWidget(back);
+  setTabOrder(end_, run);
+  setTabOrder(run, back);
+  setTabOrder(back, grid_);
   return range;
 }
 
@@ -126,10 +116,9 @@ QGridLayout* StatisticsWindow::makeCategoryLines() {
 StatisticsWindow::CategoryLine StatisticsWindow::makeCategoryLine(int index) {
   const CategoryLine line{new QLabel(this), new QLabel(u"总用时"_qs, this)};
   const QString& label = categories()[static_cast<std::size_t>(index)].label;
-  line.bar->setObjectName(u"LbTJ%1"_qs.arg(index));
-  line.bar->setAccessibleName(label + u"所占比例"_qs);
+  named(line.bar, u"LbTJ%1"_qs.arg(index), label + u"所占比例"_qs);
   fillWith(*line.bar, barColour(index));
-  line.text->setObjectName(u"LbYS%1"_qs.arg(index));
+  named(line.text, u"LbYS%1"_qs.arg(index));
   return line;
 }
 
@@ -149,7 +138,7 @@ void StatisticsWindow::compute() {
     failure = error.description();
   } catch (const NoPlannedTime& error) {
     failure = error.description();
-  } catch (const WorkGivenUp&) {
+  } catch (const WorkCancelled&) {
     // as the user wished; what was shown before stays
   }
   grid_->Redraw();
@@ -159,7 +148,7 @@ void StatisticsWindow::compute() {
 // Both sums are read from one view of the schedule, so that the percentages fit the total.
 void StatisticsWindow::showTimeUse(const WorkProgress& progress) {
   const ScheduleStore::Watch watch(state().Db,
-                                   [&] { return goesOn(progress, {u"正在统计……"_qs}); });
+                                   [&] { return mayContinue(progress, {u"正在统计……"_qs}); });
   const QDate first = start_->date();
   const QDate last = end_->date();
   const ScheduleStore::ReadTransaction view(state().Db);

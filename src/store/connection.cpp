@@ -73,9 +73,9 @@ bool lacksLeaveToWrite(sqlite3* connection, const QString& path) {
 }  // namespace
 
 Connection::Connection(const QString& path, std::chrono::milliseconds patience,
-                       std::function<bool()> waitGoesOn)
+                       std::function<bool()> mayKeepWaiting)
     : patience_(patience),
-      waitGoesOn_(std::move(waitGoesOn)),
+      waitGoesOn_(std::move(mayKeepWaiting)),
       database_(openedDatabase(path)),
       statements_(database_.getHandle()) {
   sqlite3_extended_result_codes(handle(), 1);
@@ -119,12 +119,12 @@ StoreError Connection::outcome(const StoreError& failure, std::optional<quint32>
           u"内容已经写入日程文件，但磁盘随后报告了错误，请检查磁盘。"_qs};
 }
 
-void Connection::setPulse(std::function<bool()>* goesOn) {
+void Connection::setProgressHandler(std::function<bool()>* mayContinue) {
   constexpr int kSteps = 50'000;  // of the engine's own, a few milliseconds
   const auto ask = [](void* asked) noexcept {
     return (*static_cast<std::function<bool()>*>(asked))() ? 0 : 1;
   };
-  sqlite3_progress_handler(handle(), kSteps, goesOn ? +ask : nullptr, goesOn);
+  sqlite3_progress_handler(handle(), kSteps, mayContinue ? +ask : nullptr, mayContinue);
 }
 
 int Connection::wait(void* connection, int timesWaited) noexcept {

@@ -17,9 +17,9 @@ namespace vellora {
 class Connection {
  public:
   // Opens an existing file and never creates one. Another program that is writing is waited for,
-  // and meanwhile `waitGoesOn` is asked often; false ends the waiting.
+  // and meanwhile `mayKeepWaiting` is asked often; false ends the waiting.
   Connection(const QString& path, std::chrono::milliseconds patience,
-             std::function<bool()> waitGoesOn = {});
+             std::function<bool()> mayKeepWaiting = {});
   Connection(const Connection&) = delete;
   Connection& operator=(const Connection&) = delete;
 
@@ -51,8 +51,9 @@ class Connection {
     }
   }
 
-  // Asked every few milliseconds of a statement; false ends it with WorkGivenUp. Null for nothing.
-  void setPulse(std::function<bool()>* goesOn);
+  // Asked every few milliseconds of a statement; false ends it with WorkCancelled. Null for
+  // nothing.
+  void setProgressHandler(std::function<bool()>* mayContinue);
 
   // Runs one of the program's own statements that gives no rows.
   void run(const char* sql);

@@ -30,7 +30,7 @@ PreparedStatement::PreparedStatement(sqlite3* connection, const QByteArray& sql)
 }
 
 void PreparedStatement::check(int code) {
-  if (code == SQLITE_INTERRUPT) throw WorkGivenUp();
+  if (code == SQLITE_INTERRUPT) throw WorkCancelled();
   if (code != SQLITE_OK) throw engineError(sqlite3_db_handle(statement_.get()));
 }
 

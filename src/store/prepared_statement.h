@@ -15,7 +15,7 @@ namespace vellora {
 // One statement of the engine, prepared once and run many times. It stands on the engine's own
 // interface because a board fill runs hundreds of look-ups of about a microsecond each.
 //
-// Everything but reset() throws StoreError, and step() WorkGivenUp when it was told to stop.
+// Everything but reset() throws StoreError, and step() WorkCancelled when it was told to stop.
 class PreparedStatement {
  public:
   PreparedStatement(sqlite3* connection, const QByteArray& sql);

@@ -10,8 +10,8 @@
 namespace vellora {
 
 ScheduleStore::ScheduleStore(const QString& path, std::chrono::milliseconds patience,
-                             std::function<bool()> waitGoesOn)
-    : connection_(std::make_unique<Connection>(path, patience, std::move(waitGoesOn))) {
+                             std::function<bool()> mayKeepWaiting)
+    : connection_(std::make_unique<Connection>(path, patience, std::move(mayKeepWaiting))) {
   requireSchema(*connection_);
   requireWholeFile(*connection_, path);
   addMissingIndices(*connection_);
@@ -48,13 +48,13 @@ bool ScheduleStore::isReadOnly() const {
   return connection_->isReadOnly();
 }
 
-ScheduleStore::Watch::Watch(ScheduleStore& store, std::function<bool()> goesOn)
-    : connection_(*store.connection_), goesOn_(std::move(goesOn)) {
-  connection_.setPulse(&goesOn_);
+ScheduleStore::Watch::Watch(ScheduleStore& store, std::function<bool()> mayContinue)
+    : connection_(*store.connection_), goesOn_(std::move(mayContinue)) {
+  connection_.setProgressHandler(&goesOn_);
 }
 
 ScheduleStore::Watch::~Watch() {
-  connection_.setPulse(nullptr);
+  connection_.setProgressHandler(nullptr);
 }
 
 ScheduleStore::Transaction::Transaction(ScheduleStore& store)

@@ -21,12 +21,12 @@ class ScheduleStore {
  public:
   // Opens an existing schedule, checks that all six tables and their columns are there, and adds
   // the planner's indices where they are missing. Never creates a file. `patience` is how long a
-  // program that is writing is waited for, and `waitGoesOn` is asked again and again meanwhile,
+  // program that is writing is waited for, and `mayKeepWaiting` is asked again and again meanwhile,
   // from the opening on; false ends the waiting with StoreFault::Busy, as the end of the patience
   // does. What is asked must keep off the store.
   explicit ScheduleStore(const QString& path,
                          std::chrono::milliseconds patience = std::chrono::seconds(5),
-                         std::function<bool()> waitGoesOn = {});
+                         std::function<bool()> mayKeepWaiting = {});
   ~ScheduleStore();
   ScheduleStore(const ScheduleStore&) = delete;
   ScheduleStore& operator=(const ScheduleStore&) = delete;
@@ -47,10 +47,10 @@ class ScheduleStore {
   bool isReadOnly() const;
 
   // While it lives, asks every few milliseconds of a long statement whether to go on; false ends
-  // the statement with WorkGivenUp. What is asked must keep off the store. Watches do not nest.
+  // the statement with WorkCancelled. What is asked must keep off the store. Watches do not nest.
   class Watch {
    public:
-    Watch(ScheduleStore& store, std::function<bool()> goesOn);
+    Watch(ScheduleStore& store, std::function<bool()> mayContinue);
     ~Watch();
     Watch(const Watch&) = delete;
     Watch& operator=(const Watch&) = delete;
@@ -111,7 +111,7 @@ class ScheduleCheck {
   ScheduleCheck(const ScheduleCheck&) = delete;
   ScheduleCheck& operator=(const ScheduleCheck&) = delete;
 
-  // Nobody can save to the schedule meanwhile. Ends with WorkGivenUp when it is interrupted.
+  // Nobody can save to the schedule meanwhile. Ends with WorkCancelled when it is interrupted.
   bool isSound();
   // From any thread; in vain while isSound() has not begun to read.
   void interrupt();

@@ -1,4 +1,4 @@
-#include "app/product_icon.h"
+#include "app/product.h"
 
 #include <QImage>
 #include <QPixmap>

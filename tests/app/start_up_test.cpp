@@ -68,7 +68,7 @@ TEST_F(StartUpTest, SaysAtOnceThatNothingCanBeSaved) {
 TEST_F(StartUpTest, SaysThatTheScheduleIsDamagedAndShowsWhatCanBeRead) {
   damage();
   EXPECT_EQ(start(QFileInfo(path_).path()), 21);
-  start_up_->finishLook();
+  start_up_->finishDamageCheck();
   QCoreApplication::processEvents();
   ASSERT_EQ(prompts_.warnings.size(), 1);
   EXPECT_TRUE(prompts_.warnings[0].contains(u"已损坏"_qs));
@@ -78,7 +78,7 @@ TEST_F(StartUpTest, SaysThatTheScheduleIsDamagedAndShowsWhatCanBeRead) {
 TEST_F(StartUpTest, LooksForDamageAgainInAScheduleThatWasBusy) {
   damage();
   std::atomic<bool> isTold = false;
-  DamageLook look(
+  DamageCheck look(
       path_, [&] { isTold = true; }, milliseconds(50));
   {
     SQLite::Database other(path_.toStdString(), SQLite::OPEN_READWRITE);
@@ -94,11 +94,11 @@ TEST_F(StartUpTest, LooksForDamageAgainInAScheduleThatWasBusy) {
 TEST_F(StartUpTest, LooksForDamageAfterASaveThatItHinders) {
   schedule_.fullDay(50).fullPlan(kToday, 600, 50, 1);
   for (bool hasMet = false; !hasMet;) {
-    DamageLook look(
+    DamageCheck look(
         schedule_.path(), [] { ADD_FAILURE(); }, std::chrono::hours(1));
     ScheduleStore store(schedule_.path(), std::chrono::hours(1), [&] {
       hasMet = true;
-      look.makeWay();
+      look.yieldToSave();
       return true;
     });
     look.begin();

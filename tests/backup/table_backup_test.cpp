@@ -42,7 +42,7 @@ class TableBackupTest : public testing::Test {
       return {};
     } catch (const std::runtime_error& error) {
       reason = QString::fromUtf8(error.what());
-    } catch (const WorkGivenUp&) {
+    } catch (const WorkCancelled&) {
       reason = u"given up"_qs;
     }
     EXPECT_EQ(rows(), rowsBefore);

@@ -94,7 +94,7 @@ Told toldByProgram(const QString& folder) {
   Told told = toldBy([&] {
     StartUp startUp(folder, prompts, clock);
     startUp.showBoard();
-    startUp.finishLook();
+    startUp.finishDamageCheck();
     QCoreApplication::processEvents();
     try {
       openEveryWindow(startUp.board());

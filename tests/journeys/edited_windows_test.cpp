@@ -110,8 +110,7 @@ TEST_P(EditedWindows, TakeAndLoseNothingWhileTheyCannotRead) {
   const QStringList before = dumpOf(store_);
   schedule_.sql(u"BEGIN EXCLUSIVE"_qs);
   openAndType();
-  EXPECT_TRUE(text(u"EditStatus"_qs).startsWith(u"没有读出来："_qs))
-      << text(u"EditStatus"_qs).toStdString();
+  EXPECT_TRUE(text(u"EditStatus"_qs).startsWith(u"没有读出来："_qs));
   EXPECT_FALSE(control(GetParam().save).isEnabled());
   schedule_.sql(u"ROLLBACK"_qs);
   click(u"CmdRefresh"_qs);
@@ -140,8 +139,7 @@ TEST_P(EditedWindows, AskBeforeTheyOverwriteWhatAnotherCopySaved) {
     save();
     EXPECT_EQ(prompts_.questions.size(), 1);
     EXPECT_EQ(dumpOf(store_) == before, answer != Overwrite);
-    EXPECT_EQ(text(u"EditStatus"_qs).isEmpty(), answer != Cancel)
-        << text(u"EditStatus"_qs).toStdString();
+    EXPECT_EQ(text(u"EditStatus"_qs).isEmpty(), answer != Cancel);
   }
 }
 

@@ -102,7 +102,7 @@ TEST_F(PlanSaving, ABadRowKeepsTheRowsBeforeItAndEveryOldEntryBehindIt) {
 TEST_F(PlanSaving, ASaveThatIsGivenUpLeavesNoTrace) {
   changeAListedPlan();
   const QStringList before = saved();
-  EXPECT_THROW(save([](const WorkStep& step) { return step.done < 2; }), WorkGivenUp);
+  EXPECT_THROW(save([](const WorkStep& step) { return step.done < 2; }), WorkCancelled);
   EXPECT_EQ(saved(), before);
 }
 

@@ -40,7 +40,7 @@ class StoreWaitTest : public testing::Test {
   ScheduleStore other_{schedule_.path()};
   StoreWait wait_;
   ScheduleStore store_{schedule_.path(), std::chrono::minutes(1),
-                       [this] { return wait_.goesOn(); }};
+                       [this] { return wait_.mayContinue(); }};
   std::optional<ScheduleStore::Transaction> save_;
   int told_ = 0;
 };

@@ -85,7 +85,7 @@ TEST(Watch, EndsALongStatementWithoutATrace) {
   {
     const ScheduleStore::Transaction save(store);
     const ScheduleStore::Watch watch(store, [&asked] { return ++asked < 2; });
-    EXPECT_THROW(store.execute(deletion), WorkGivenUp);
+    EXPECT_THROW(store.execute(deletion), WorkCancelled);
   }
   EXPECT_EQ(asked, 2);
   EXPECT_EQ(store.execute(deletion), 30'000) << "nobody is asked any more";

@@ -20,7 +20,7 @@ struct ExcelPage {
 };
 
 // Writes one sheet of a binary Excel file from its BOF to its EOF. Throws FileError, which names
-// the cell, for a text that is too long, and WorkGivenUp.
+// the cell, for a text that is too long, and WorkCancelled.
 class ExcelSheet {
  public:
   ExcelSheet(const Sheet& sheet, const PageSetup& setup, ExcelStyles& styles,

@@ -84,7 +84,7 @@ class SharedStrings {
   // The number, from 0, of a cell's text that is not empty; at most 65,535 UTF-16 units. A text
   // that the sheet does not number (0) is written each time.
   quint32 numberOf(quint32 sheetNumber, const QString& text);
-  // The records SST and, for readers that look up single texts, EXTSST. Throws WorkGivenUp.
+  // The records SST and, for readers that look up single texts, EXTSST. Throws WorkCancelled.
   void write(BiffStream& stream, const WorkProgress& progress = {}) const;
 
  private:

@@ -12,8 +12,8 @@ namespace vellora {
 // 65,536 rows goes on, with the headings, on further sheets. A binary Excel file knows only 56
 // colours; see ExcelPalette.
 //
-// Replaces the file whole or, throwing FileError or WorkGivenUp, not at all. Refuses more than 256
-// columns, texts over 32,767 characters and more looks than the format has room for.
+// Replaces the file whole or, throwing FileError or WorkCancelled, not at all. Refuses more than
+// 256 columns, texts over 32,767 characters and more looks than the format has room for.
 void writeExcelFile(const Sheet& sheet, const PageSetup& setup, const QString& sheetName,
                     const QString& path, const WorkProgress& progress = {});
 

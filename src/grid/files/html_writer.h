@@ -11,7 +11,7 @@ namespace vellora {
 // so that none is cut. Hidden rows and columns are left out. Spreadsheets that open it keep texts
 // such as 001 and =1+1 as they are.
 //
-// Replaces the file whole or, throwing FileError or WorkGivenUp, not at all.
+// Replaces the file whole or, throwing FileError or WorkCancelled, not at all.
 void writeHtmlFile(const Sheet& sheet, const PageSetup& setup, const QString& title,
                    const QString& path, const WorkProgress& progress = {});
 

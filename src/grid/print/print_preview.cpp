@@ -39,7 +39,7 @@ bool runTold(const WorkRunner& run, QWidget* parent,
              const std::function<void(const WorkProgress&)>& work) {
   try {
     run(parent, work);
-  } catch (const WorkGivenUp&) {
+  } catch (const WorkCancelled&) {
     return false;
   } catch (const FileError& error) {
     QMessageBox box(QMessageBox::Warning, u"打印"_qs, error.description(), QMessageBox::Ok, parent);
@@ -104,7 +104,7 @@ void savePdf(const Sheet& sheet, const PageSetup& setup, PrintHeadings headings,
   });
 }
 
-void runUntold(QWidget* /*window*/, const std::function<void(const WorkProgress&)>& work) {
+void runWithoutProgress(QWidget* /*window*/, const std::function<void(const WorkProgress&)>& work) {
   work({});
 }
 

@@ -14,16 +14,16 @@ using WorkRunner =
     std::function<void(QWidget* window, const std::function<void(const WorkProgress&)>& work)>;
 
 // The runner that tells nothing.
-void runUntold(QWidget* window, const std::function<void(const WorkProgress&)>& work);
+void runWithoutProgress(QWidget* window, const std::function<void(const WorkProgress&)>& work);
 
 // Shows a preview of the printed sheet from which the user prints or saves a PDF file. Gives back
 // the set-up as the user left it, which belongs to the workbook. Giving up the layout closes the
 // preview.
 PageSetup previewSheet(const Sheet& sheet, const PageSetup& setup, PrintHeadings headings,
                        const QString& documentName, QWidget* parent,
-                       const WorkRunner& run = runUntold);
+                       const WorkRunner& run = runWithoutProgress);
 
-// Replaces the file whole or, throwing FileError or WorkGivenUp, not at all.
+// Replaces the file whole or, throwing FileError or WorkCancelled, not at all.
 void savePdf(const Sheet& sheet, const PageSetup& setup, PrintHeadings headings,
              const QPageLayout& paper, const QString& documentName, const QString& path,
              const WorkProgress& progress = {});

@@ -36,7 +36,7 @@ class SheetPages {
     double width;
   };
 
-  // Measuring takes far longer than drawing. Throws WorkGivenUp.
+  // Measuring takes far longer than drawing. Throws WorkCancelled.
   SheetPages(const Sheet& sheet, PrintHeadings headings, bool mustFit, QPaintDevice& device,
              const WorkProgress& progress);
 

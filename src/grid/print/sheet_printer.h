@@ -17,7 +17,7 @@ QPageLayout paperOf(const PageSetup& setup);
 // paper: headings repeated, pages numbered, texts wrapped, rows made higher or continued on further
 // pages, nothing cut. Hidden rows and empty rows at the end are left out. The paper is the
 // device's own; of the set-up only fitToOnePageWidth counts. Throws FileError when the device
-// does not take the pages, and WorkGivenUp.
+// does not take the pages, and WorkCancelled.
 void printSheet(const Sheet& sheet, const PageSetup& setup, PrintHeadings headings,
                 QPagedPaintDevice& device, const WorkProgress& progress = {});
 

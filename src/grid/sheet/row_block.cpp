@@ -64,16 +64,18 @@ void RowBlock::keepColumns(int count) {
   columns_.erase(columns_.lower_bound(count), columns_.end());
 }
 
-RowLook RowBlock::look(int index) const {
-  return index < std::ssize(looks_) ? looks_[static_cast<std::size_t>(index)] : RowLook();
+RowLayout RowBlock::layout(int index) const {
+  return index < std::ssize(looks_) ? looks_[static_cast<std::size_t>(index)] : RowLayout();
 }
 
-RowLook& RowBlock::writableLook(int index) {
+RowLayout& RowBlock::writableLayout(int index) {
   return grownTo(looks_, index);
 }
 
 int RowBlock::nextSized(int index) const {
-  const auto isSized = [](const RowLook& look) { return look.hidden || look.height.has_value(); };
+  const auto isSized = [](const RowLayout& layout) {
+    return layout.hidden || layout.height.has_value();
+  };
   const auto begin = looks_.begin() + std::min(std::ptrdiff_t{index}, std::ssize(looks_));
   const auto found = std::find_if(begin, looks_.end(), isSized);
   if (found == looks_.end()) return std::numeric_limits<int>::max();

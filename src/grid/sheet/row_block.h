@@ -13,7 +13,7 @@ namespace vellora {
 using Restyle = std::function<StyleTable::Number(StyleTable::Number)>;
 
 // What is known of a row apart from its cells.
-struct RowLook {
+struct RowLayout {
   std::optional<int> height;
   bool hidden = false;
 };
@@ -27,8 +27,8 @@ class RowBlock {
   void restyle(int col, int first, int last, const Restyle& map);
   void keepColumns(int count);
 
-  RowLook look(int index) const;
-  RowLook& writableLook(int index);
+  RowLayout layout(int index) const;
+  RowLayout& writableLayout(int index);
   // The first row from index on that is hidden or has a height; beyond every row when there is
   // none.
   int nextSized(int index) const;
@@ -41,7 +41,7 @@ class RowBlock {
  private:
   // By column, those with content only: a cell far to the right costs no more than others.
   std::map<int, std::vector<CellNumbers>> columns_;
-  std::vector<RowLook> looks_;
+  std::vector<RowLayout> looks_;
 };
 
 }  // namespace vellora

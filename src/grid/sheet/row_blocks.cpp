@@ -74,14 +74,14 @@ CellNumbers& RowBlocks::writableCell(int col, int row) {
   return own(chunk).writableCell(col, row - chunk.first);
 }
 
-RowLook RowBlocks::look(int row) const {
+RowLayout RowBlocks::layout(int row) const {
   const Chunk& chunk = chunks_[chunkOf(row)];
-  return chunk.block ? chunk.block->look(row - chunk.first) : RowLook();
+  return chunk.block ? chunk.block->layout(row - chunk.first) : RowLayout();
 }
 
-RowLook& RowBlocks::writableLook(int row) {
+RowLayout& RowBlocks::writableLayout(int row) {
   Chunk& chunk = chunks_[chunkOf(row)];
-  return own(chunk).writableLook(row - chunk.first);
+  return own(chunk).writableLayout(row - chunk.first);
 }
 
 void RowBlocks::restyle(int col, int firstRow, int lastRow, const Restyle& map) {

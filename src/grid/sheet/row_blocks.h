@@ -23,8 +23,8 @@ class RowBlocks {
   // Rows at 0 <= row < count().
   const CellNumbers& cell(int col, int row) const;
   CellNumbers& writableCell(int col, int row);
-  RowLook look(int row) const;
-  RowLook& writableLook(int row);
+  RowLayout layout(int row) const;
+  RowLayout& writableLayout(int row);
   void restyle(int col, int firstRow, int lastRow, const Restyle& map);
   // The first row from row on that was ever written; count() when there is none.
   int nextWritten(int row) const;

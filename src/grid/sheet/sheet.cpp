@@ -155,7 +155,7 @@ void Sheet::SetRangeBorder(int col1, int row1, int col2, int row2, int kind, int
 }
 
 const CellStyle& Sheet::StyleAt(int col, int row) const {
-  return content_->styles().look(static_cast<StyleTable::Number>(StyleNumberAt(col, row)));
+  return content_->styles().style(static_cast<StyleTable::Number>(StyleNumberAt(col, row)));
 }
 
 int Sheet::StyleNumberAt(int col, int row) const {
@@ -186,11 +186,11 @@ std::optional<int> Sheet::ColumnWidth(int col) const {
 
 void Sheet::SetRowHeight(int row, int height) {
   if (!hasRow(row)) return;
-  change().blocks().writableLook(row).height = std::clamp(height, 0, kMaxPixels);
+  change().blocks().writableLayout(row).height = std::clamp(height, 0, kMaxPixels);
 }
 
 std::optional<int> Sheet::RowHeight(int row) const {
-  return hasRow(row) ? content_->blocks().look(row).height : std::nullopt;
+  return hasRow(row) ? content_->blocks().layout(row).height : std::nullopt;
 }
 
 void Sheet::SetDefaultRowHeight(int height) {
@@ -202,11 +202,11 @@ int Sheet::DefaultRowHeight() const {
 }
 
 void Sheet::HideRow(int row) {
-  if (hasRow(row)) change().blocks().writableLook(row).hidden = true;
+  if (hasRow(row)) change().blocks().writableLayout(row).hidden = true;
 }
 
 bool Sheet::IsRowHidden(int row) const {
-  return hasRow(row) && content_->blocks().look(row).hidden;
+  return hasRow(row) && content_->blocks().layout(row).hidden;
 }
 
 int Sheet::NextShownRow(int row) const {

@@ -39,7 +39,7 @@ class SheetContent {
   void setOwn(int col, int row, StyleTable::Number style);
   void setBorder(int col, int firstRow, int lastRow, quint64 word);
   void setDefaultFont(const CellFont& font);
-  CellFont defaultFont() const { return styles_.look(base_).font; }
+  CellFont defaultFont() const { return styles_.style(base_).font; }
 
   std::optional<int> width(int col) const { return column(col).width; }
   void setWidth(int col, int width) { column(col).width = width; }

@@ -115,31 +115,31 @@ StyleTable::Number StyleTable::keep(const Set& set) {
   if (known != numbers_.end()) return known->second;
   const auto number = static_cast<Number>(sets_.size());
   sets_.push_back(set);
-  looks_.push_back(lookOf(set));
+  styles_.push_back(styleOf(set));
   numbers_.emplace(set, number);
   return number;
 }
 
-CellStyle StyleTable::lookOf(const Set& set) const {
-  CellStyle look;
-  if (set.has(CellProperty::Font)) look.font = fontOf(set.word(CellProperty::Font));
+CellStyle StyleTable::styleOf(const Set& set) const {
+  CellStyle style;
+  if (set.has(CellProperty::Font)) style.font = fontOf(set.word(CellProperty::Font));
   if (set.has(CellProperty::Colours)) {
     const CellColours colours = coloursOf(set.word(CellProperty::Colours));
-    look.hasColours = true;
-    look.textColour = colours.text;
-    look.backColour = colours.back;
+    style.hasColours = true;
+    style.textColour = colours.text;
+    style.backColour = colours.back;
   }
   if (set.has(CellProperty::Border)) {
     const CellBorder border = borderOf(set.word(CellProperty::Border));
-    look.border = border.width > 0;
-    look.borderWidth = border.width;
-    look.borderColour = border.colour;
+    style.border = border.width > 0;
+    style.borderWidth = border.width;
+    style.borderColour = border.colour;
   }
-  if (set.has(CellProperty::Align)) look.align = plainOf(set.word(CellProperty::Align));
-  if (set.has(CellProperty::Input)) look.inputMode = plainOf(set.word(CellProperty::Input));
-  if (set.has(CellProperty::Option)) look.option = plainOf(set.word(CellProperty::Option));
-  look.wrap = set.has(CellProperty::Wrap) && set.word(CellProperty::Wrap) != 0;
-  return look;
+  if (set.has(CellProperty::Align)) style.align = plainOf(set.word(CellProperty::Align));
+  if (set.has(CellProperty::Input)) style.inputMode = plainOf(set.word(CellProperty::Input));
+  if (set.has(CellProperty::Option)) style.option = plainOf(set.word(CellProperty::Option));
+  style.wrap = set.has(CellProperty::Wrap) && set.word(CellProperty::Wrap) != 0;
+  return style;
 }
 
 CellFont StyleTable::fontOf(quint64 word) const {

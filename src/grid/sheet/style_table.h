@@ -32,7 +32,7 @@ class StyleTable {
   Number over(Number upper, Number lower);
 
   // What a set of properties looks like; absent ones have their first values.
-  const CellStyle& look(Number set) const { return looks_[set]; }
+  const CellStyle& style(Number set) const { return styles_[set]; }
   CellSettings settings(Number set) const;
   Number numberOf(const CellSettings& settings);
   quint32 properties(Number set) const { return sets_[set].properties; }
@@ -56,11 +56,11 @@ class StyleTable {
   };
 
   Number keep(const Set& set);
-  CellStyle lookOf(const Set& set) const;
+  CellStyle styleOf(const Set& set) const;
   CellFont fontOf(quint64 word) const;
 
   std::vector<Set> sets_;
-  std::deque<CellStyle> looks_;  // does not move what StyleAt() refers to
+  std::deque<CellStyle> styles_;  // does not move what StyleAt() refers to
   std::unordered_map<Set, Number, SetHash> numbers_;
   std::vector<QString> faces_;
 };

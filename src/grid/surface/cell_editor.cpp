@@ -100,9 +100,9 @@ QWidget* CellDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&
   editor->document()->setDefaultTextOption(QTextOption(
       index.data(Qt::TextAlignmentRole).value<Qt::Alignment>() & Qt::AlignHorizontal_Mask));
   QPalette palette = parent->palette();
-  palette.setColor(QPalette::Text, look_.colours.text);
-  palette.setColor(QPalette::Base, look_.colours.paper);
-  palette.setColor(QPalette::WindowText, look_.colours.current);
+  palette.setColor(QPalette::Text, appearance_.colours.text);
+  palette.setColor(QPalette::Base, appearance_.colours.paper);
+  palette.setColor(QPalette::WindowText, appearance_.colours.current);
   editor->setPalette(palette);
   editor->setFont(index.data(Qt::FontRole).value<QFont>());
   editor->setAccessibleName(index.model()->headerData(index.column(), Qt::Horizontal).toString());

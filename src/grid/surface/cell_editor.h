@@ -1,6 +1,6 @@
 #pragma once
 
-#include "grid/surface/grid_look.h"
+#include "grid/surface/grid_appearance.h"
 
 #include <QPlainTextEdit>
 #include <QStyledItemDelegate>
@@ -55,7 +55,7 @@ class CellDelegate final : public QStyledItemDelegate {
   Q_OBJECT
 
  public:
-  explicit CellDelegate(const GridLook& look) : look_(look) {}
+  explicit CellDelegate(const GridAppearance& appearance) : appearance_(appearance) {}
 
   QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option,
                         const QModelIndex& index) const override;
@@ -76,7 +76,7 @@ class CellDelegate final : public QStyledItemDelegate {
   void close(QWidget* editor, EndEditHint hint);
   void leave(QWidget* editor, int key, Qt::KeyboardModifiers modifiers);
 
-  const GridLook& look_;
+  const GridAppearance& appearance_;
 };
 
 }  // namespace vellora

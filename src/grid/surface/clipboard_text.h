@@ -20,7 +20,7 @@ using TextTable = std::vector<QStringList>;
 QString tabSeparated(const Sheet& sheet, const CellRange& range);
 
 // Reads any spreadsheet's tab-separated text, or plain lines; line ends of every system. A quote
-// that never closes stands for itself. Rows may differ in length. Throws WorkGivenUp.
+// that never closes stands for itself. Rows may differ in length. Throws WorkCancelled.
 TextTable readTabSeparated(const QString& text, const WorkProgress& progress = {});
 
 // The same cells for spreadsheets, which keep a text as it stands, word processors and mail.
@@ -56,7 +56,7 @@ class CopiedCells final : public QMimeData {
 const QMimeData* clipboardData();
 
 // The cells that another program put on the clipboard. Its text is as it was shown there, but for
-// line breaks within cells, which only its HTML has. Throws WorkGivenUp.
+// line breaks within cells, which only its HTML has. Throws WorkCancelled.
 TextTable textsOf(const QMimeData& data, const WorkProgress& progress);
 
 }  // namespace vellora

@@ -22,7 +22,7 @@ bool GridSurface::edit(const QModelIndex& index, EditTrigger trigger, QEvent* ev
   const CellPlace cell = placeOf(index);
   const bool opens =
       index.isValid() && !isEditing() && (trigger == AllEditTriggers || trigger == AnyKeyPressed);
-  if (!opens || !look_.isOpen(cell.col, cell.row)) {
+  if (!opens || !appearance_.isOpen(cell.col, cell.row)) {
     return QTableView::edit(index, trigger, event);
   }
   if (current() != cell) makeCurrent(cell);
@@ -35,10 +35,10 @@ bool GridSurface::edit(const QModelIndex& index, EditTrigger trigger, QEvent* ev
 
 // Escape closes with the hint to take everything back.
 void GridSurface::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) {
-  if (hint == QAbstractItemDelegate::RevertModelCache) takeEntryBack();
+  if (hint == QAbstractItemDelegate::RevertModelCache) revertEntry();
   entry_.isKept = false;
   QTableView::closeEditor(editor, hint);
-  tellRefused();
+  reportRefused();
 }
 
 void GridSurface::keepTypedText() {
@@ -49,24 +49,24 @@ void GridSurface::keepTypedText() {
 }
 
 void GridSurface::enter(CellPlace cell, const QString& text) {
-  takeEntryBack();
+  revertEntry();
   if (GetCellText(cell.col, cell.row) == text) return;
   const quint64 before = sheet().revision();
   edits_.edit(u"输入"_qs, cell, [&](Sheet& shown) {
-    RangeEdit edit(shown, {look_, rule_});
+    RangeEdit edit(shown, {appearance_, rule_});
     edit.enter(cell, text);
     note(edit);
   });
   entry_.isKept = isEditing() && sheet().revision() != before;
-  if (!isEditing()) tellRefused();
+  if (!isEditing()) reportRefused();
   showChangesLater();
 }
 
 // Where the program changed something since, there is no step to take back.
-void GridSurface::takeEntryBack() {
+void GridSurface::revertEntry() {
   if (!std::exchange(entry_.isKept, false)) return;
   const CellPlace cell = current();
-  if (!edits_.takeBack()) {
+  if (!edits_.revert()) {
     edits_.edit(u"输入"_qs, cell, [&](Sheet& shown) {
       shown.SetCellText(cell.col, cell.row, entry_.before.text);
       shown.SetCellTag(cell.col, cell.row, entry_.before.tag);
@@ -80,26 +80,26 @@ void GridSurface::note(const RangeEdit& edit) {
   refused_ += edit.refused();
 }
 
-void GridSurface::tellRefused() {
+void GridSurface::reportRefused() {
   if (const int count = std::exchange(refused_, 0)) emit EntriesRefused(count, firstRefused_);
 }
 
 // On a copy of the sheet: the grid goes on being painted while its user waits.
 void GridSurface::edited(const QString& name, const Change& change) {
-  if (!look_.isEditable || current().isNone()) return;
+  if (!appearance_.isEditable || current().isNone()) return;
   Sheet changed = sheet();
   try {
     runWork_(this, [&](const WorkProgress& progress) {
-      RangeEdit edit(changed, {look_, rule_, growsOnPaste_}, progress);
+      RangeEdit edit(changed, {appearance_, rule_, growsOnPaste_}, progress);
       change(edit, progress);
       note(edit);
     });
-  } catch (const WorkGivenUp&) {
+  } catch (const WorkCancelled&) {
     return;
   }
   edits_.edit(name, current(), [&](Sheet& shown) { shown = changed; });
   showChanges();
-  tellRefused();
+  reportRefused();
 }
 
 void GridSurface::copy() const {
@@ -109,7 +109,7 @@ void GridSurface::copy() const {
 }
 
 void GridSurface::cut() {
-  if (!look_.isEditable) return;
+  if (!appearance_.isEditable) return;
   copy();
   empty(u"剪切"_qs);
 }
@@ -121,13 +121,13 @@ void GridSurface::empty(const QString& name) {
 bool GridSurface::isAnyOpen(const CellRange& range) const {
   bool isOpen = false;
   for (int col = range.col1; col <= range.col2; ++col) {
-    isOpen = isOpen || look_.isOpen(col, range.row2);
+    isOpen = isOpen || appearance_.isOpen(col, range.row2);
   }
   return isOpen;
 }
 
 bool GridSurface::canPaste() const {
-  if (!look_.isEditable || selected().isEmpty()) return false;
+  if (!appearance_.isEditable || selected().isEmpty()) return false;
   const QMimeData* offered = clipboardData();
   return offered && (offered->hasText() || offered->hasHtml());
 }

@@ -26,7 +26,7 @@ int exported(Writer write, const GridSurface& grid, const QString& path, QString
   } catch (const FileError& error) {
     if (reason) *reason = error.description();
     return 0;
-  } catch (const WorkGivenUp&) {
+  } catch (const WorkCancelled&) {
     if (reason) *reason = u"已取消，原来的文件没有改动。"_qs;
     return 0;
   }
@@ -99,7 +99,7 @@ void GridSurface::printAs(const PageSetup& setup, PrintHeadings headings) {
 }
 
 void GridSurface::print() {
-  if (look_.frozenRows > 0) {
+  if (appearance_.frozenRows > 0) {
     PrintBoard(true);
   } else {
     PrintSheet(false);
@@ -107,16 +107,16 @@ void GridSurface::print() {
 }
 
 void GridSurface::setEditable(bool on) {
-  look_.isEditable = on;
+  appearance_.isEditable = on;
   setTabKeyNavigation(on);
   setEditTriggers(on ? AnyKeyPressed : NoEditTriggers);
 }
 
 void GridSurface::setColumnLocked(int col, bool locked) {
   if (locked) {
-    look_.lockedCols.insert(col);
+    appearance_.lockedCols.insert(col);
   } else {
-    look_.lockedCols.erase(col);
+    appearance_.lockedCols.erase(col);
   }
 }
 
@@ -130,8 +130,8 @@ void GridSurface::goTo(CellPlace place) {
 std::vector<GridSurface::Command> GridSurface::commands() {
   const auto canCopy = [this] { return !selected().isEmpty(); };
   const auto canEdit = [this] { return isAnyOpen(selected()); };
-  const auto canUndo = [this] { return look_.isEditable && edits_.canUndo(); };
-  const auto canRedo = [this] { return look_.isEditable && edits_.canRedo(); };
+  const auto canUndo = [this] { return appearance_.isEditable && edits_.canUndo(); };
+  const auto canRedo = [this] { return appearance_.isEditable && edits_.canRedo(); };
   const auto keysOf = [](QKeySequence::StandardKey key) { return QKeySequence::keyBindings(key); };
   return {
       {named(u"撤消"_qs, edits_.undoName()), keysOf(QKeySequence::Undo), canUndo,
@@ -157,7 +157,7 @@ std::vector<GridSurface::Command> GridSurface::commands() {
 }
 
 bool GridSurface::canDuplicate() const {
-  return look_.isEditable && !current().isNone() &&
+  return appearance_.isEditable && !current().isNone() &&
          isSignalConnected(QMetaMethod::fromSignal(&GridSurface::RowDuplicate));
 }
 
@@ -249,7 +249,7 @@ bool GridSurface::moveBy(int key, Qt::KeyboardModifiers modifiers) {
 bool GridSurface::useEditKey(QKeyEvent& event) {
   const CellPlace cell = current();
   if (cell.isNone()) return false;
-  if (!look_.isEditable) {
+  if (!appearance_.isEditable) {
     if (!isEnter(event.key()) && event.key() != Qt::Key_Space) return false;
     emit CellActivated(cell.col, cell.row);
     return true;

@@ -131,19 +131,19 @@ class GridSurface : public SheetView {
   // For keys that do something else while a cell is open; a text that is refused closes it.
   void keepTypedText();
   void enter(CellPlace cell, const QString& text);
-  void takeEntryBack();
+  void revertEntry();
   // One step of the user's, which may take long: it is given up whole.
   using Change = std::function<void(RangeEdit&, const WorkProgress&)>;
   void edited(const QString& name, const Change& change);
   void note(const RangeEdit& edit);
   // Raises EntriesRefused for what was refused since the last time.
-  void tellRefused();
+  void reportRefused();
 
-  CellDelegate delegate_{look_};
+  CellDelegate delegate_{appearance_};
   EntryRule rule_;
   bool growsOnPaste_ = false;
   std::function<QString()> documentName_ = [] { return QString(); };
-  WorkRunner runWork_ = runUntold;
+  WorkRunner runWork_ = runWithoutProgress;
   bool isPassing_ = false;  // a key is with the open cell's editor
 
   // What the open cell held when it was opened. A part of its text that was kept meanwhile is one

@@ -63,31 +63,31 @@ void HeaderSizes::applyDefaultHeight(const Sheet& sheet) {
 
 void HeaderSizes::applyHeights(const Sheet& sheet) {
   const int height = view_.verticalHeader()->defaultSectionSize();
-  std::map<int, RowLook> looks = ownLooks(sheet);
-  for (const auto& [row, look] : shown_) {
-    if (!looks.contains(row)) show(row, {height, false});
+  std::map<int, RowLayout> layouts = ownLayouts(sheet);
+  for (const auto& [row, layout] : shown_) {
+    if (!layouts.contains(row)) show(row, {height, false});
   }
-  for (const auto& [row, look] : looks) show(row, look);
-  shown_ = std::move(looks);
+  for (const auto& [row, layout] : layouts) show(row, layout);
+  shown_ = std::move(layouts);
 }
 
-std::map<int, HeaderSizes::RowLook> HeaderSizes::ownLooks(const Sheet& sheet) const {
-  std::map<int, RowLook> looks;
+std::map<int, HeaderSizes::RowLayout> HeaderSizes::ownLayouts(const Sheet& sheet) const {
+  std::map<int, RowLayout> layouts;
   const int rows = std::min(sheet.Rows(), view_.verticalHeader()->count());
   const int usual = view_.verticalHeader()->defaultSectionSize();
   for (int row = sheet.NextSizedRow(0); row < rows; row = sheet.NextSizedRow(row + 1)) {
     const int height = std::max(sheet.RowHeight(row).value_or(usual), lowestRow_);
-    looks[row] = {height, sheet.IsRowHidden(row)};
+    layouts[row] = {height, sheet.IsRowHidden(row)};
   }
-  return looks;
+  return layouts;
 }
 
-void HeaderSizes::show(int row, const RowLook& look) {
+void HeaderSizes::show(int row, const RowLayout& layout) {
   QHeaderView& header = *view_.verticalHeader();
   if (row >= header.count()) return;
-  if (header.isSectionHidden(row) != look.hidden) header.setSectionHidden(row, look.hidden);
-  if (!look.hidden && header.sectionSize(row) != look.height) {
-    header.resizeSection(row, look.height);
+  if (header.isSectionHidden(row) != layout.hidden) header.setSectionHidden(row, layout.hidden);
+  if (!layout.hidden && header.sectionSize(row) != layout.height) {
+    header.resizeSection(row, layout.height);
   }
 }
 

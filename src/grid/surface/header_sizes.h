@@ -34,14 +34,14 @@ class HeaderSizes : public QObject {
   void rowDragged(int row, int height);
 
  private:
-  struct RowLook {
+  struct RowLayout {
     int height;
     bool hidden;
-    friend bool operator==(const RowLook&, const RowLook&) = default;
+    friend bool operator==(const RowLayout&, const RowLayout&) = default;
   };
-  std::map<int, RowLook> ownLooks(const Sheet& sheet) const;
+  std::map<int, RowLayout> ownLayouts(const Sheet& sheet) const;
   void applyHeights(const Sheet& sheet);
-  void show(int row, const RowLook& look);
+  void show(int row, const RowLayout& appearance);
   int sharedWidth(const Sheet& sheet, int* remainder) const;
   void listen(QHeaderView* header, void (HeaderSizes::*dragged)(int, int));
 
@@ -49,7 +49,7 @@ class HeaderSizes : public QObject {
   bool sharesWidth_ = false;
   bool isApplying_ = false;
   int lowestRow_ = 1;
-  std::map<int, RowLook> shown_;  // rows that differ from the default
+  std::map<int, RowLayout> shown_;  // rows that differ from the default
 };
 
 }  // namespace vellora

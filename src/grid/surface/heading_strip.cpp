@@ -1,6 +1,6 @@
 #include "grid/surface/heading_strip.h"
 
-#include "grid/surface/grid_look.h"
+#include "grid/surface/grid_appearance.h"
 
 #include <QPainter>
 
@@ -11,9 +11,9 @@ constexpr int kMargin = 5;  // pixels on every side of a heading's text
 
 }  // namespace
 
-HeadingStrip::HeadingStrip(Qt::Orientation orientation, const Workbook& book, const GridLook& look,
-                           TextLayouts& texts)
-    : QHeaderView(orientation), book_(book), look_(look), texts_(texts) {
+HeadingStrip::HeadingStrip(Qt::Orientation orientation, const Workbook& book,
+                           const GridAppearance& appearance, TextLayouts& texts)
+    : QHeaderView(orientation), book_(book), appearance_(appearance), texts_(texts) {
   setSectionsClickable(true);
   setHighlightSections(false);
   setAccessibleName(orientation == Qt::Horizontal ? u"列标题"_qs : u"行号"_qs);
@@ -29,14 +29,15 @@ const CellStyle& HeadingStrip::style(int section) const {
 }
 
 void HeadingStrip::paintSection(QPainter* painter, const QRect& rect, int section) const {
-  const GridColours& colours = look_.colours;
+  const GridColours& colours = appearance_.colours;
   const CellStyle& heading = style(section);
-  const auto [ink, paper] = inkAndPaper(heading, colours, true, text(section).isEmpty());
+  const auto [foreground, background] =
+      textColours(heading, colours, true, text(section).isEmpty());
   const TextLayouts::Request request = textRequest(texts_, heading, text(section), rect);
-  painter->fillRect(rect, paper);
+  painter->fillRect(rect, background);
   painter->fillRect(rect.right(), rect.top(), 1, rect.height(), colours.line);
   painter->fillRect(rect.left(), rect.bottom(), rect.width(), 1, colours.line);
-  painter->setPen(ink);
+  painter->setPen(foreground);
   if (request.width > 0) drawText(*painter, texts_.layOut(request), textRoom(rect), request.align);
 }
 

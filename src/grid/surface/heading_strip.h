@@ -7,7 +7,7 @@
 
 namespace vellora {
 
-struct GridLook;
+struct GridAppearance;
 
 // The headings above a sheet's columns, or the numbers beside its rows, painted flat in the skin's
 // colours.
@@ -15,7 +15,7 @@ class HeadingStrip final : public QHeaderView {
   Q_OBJECT
 
  public:
-  HeadingStrip(Qt::Orientation orientation, const Workbook& book, const GridLook& look,
+  HeadingStrip(Qt::Orientation orientation, const Workbook& book, const GridAppearance& appearance,
                TextLayouts& texts);
 
  protected:
@@ -27,7 +27,7 @@ class HeadingStrip final : public QHeaderView {
   const CellStyle& style(int section) const;
 
   const Workbook& book_;
-  const GridLook& look_;
+  const GridAppearance& appearance_;
   TextLayouts& texts_;
 };
 

@@ -1,7 +1,7 @@
 #include "grid/surface/range_edit.h"
 
 #include "grid/files/exported_sheet.h"
-#include "grid/surface/grid_look.h"
+#include "grid/surface/grid_appearance.h"
 #include "routine/calendar_text.h"
 
 namespace vellora {
@@ -17,10 +17,10 @@ void copyCell(const Sheet& from, CellPlace cell, Sheet& to, CellPlace place) {
 
 bool RangeEdit::isOpen(CellPlace cell) const {
   return cell.col < sheet_.Cols() && cell.row < sheet_.Rows() &&
-         settings_.look.isOpen(cell.col, cell.row);
+         settings_.appearance.isOpen(cell.col, cell.row);
 }
 
-void RangeEdit::tell(int row, int rows) const {
+void RangeEdit::reportProgress(int row, int rows) const {
   reportRow(progress_, u"正在改动各行……"_qs, row, rows);
 }
 
@@ -42,7 +42,7 @@ void RangeEdit::empty(const CellRange& range) {
 
 void RangeEdit::fill(const CellRange& range, const std::function<void(CellPlace)>& put) {
   for (int row = range.row1; (row = sheet_.NextShownRow(row)) <= range.row2; ++row) {
-    tell(row - range.row1, range.row2 - range.row1 + 1);
+    reportProgress(row - range.row1, range.row2 - range.row1 + 1);
     for (int col = range.col1; col <= range.col2; ++col) put({col, row});
   }
 }
@@ -54,7 +54,7 @@ void RangeEdit::paste(const CellRange& range, const Source& source) {
   }
   int row = sheet_.NextShownRow(range.row1);
   for (int from = 0; from < source.rows; ++from, row = sheet_.NextShownRow(row + 1)) {
-    tell(from, source.rows);
+    reportProgress(from, source.rows);
     if (row >= sheet_.Rows() && settings_.addsRows) sheet_.SetRows(row + source.rows - from);
     if (row >= sheet_.Rows()) ++lost_rows_;
     const int cols = source.cols(from);

@@ -23,7 +23,7 @@ struct CellEntry {
 // not empty, while the grid still holds what was there before.
 using EntryRule = std::function<std::optional<CellEntry>(int col, int row, const QString& text)>;
 
-struct GridLook;
+struct GridAppearance;
 
 // One action of the user on the cells of a sheet. Hidden rows and cells that the look keeps from
 // the user stay as they are. A cell's tag belongs to its text: it comes from the rule, or with a
@@ -31,7 +31,7 @@ struct GridLook;
 class RangeEdit {
  public:
   struct Settings {
-    const GridLook& look;
+    const GridAppearance& appearance;
     const EntryRule& rule;
     bool addsRows = false;  // where a paste finds too few
   };
@@ -40,7 +40,7 @@ class RangeEdit {
       : sheet_(sheet), settings_(settings), progress_(std::move(progress)) {}
 
   void enter(CellPlace cell, const QString& text);
-  // These throw WorkGivenUp, the sheet half done. One text or cell fills the whole range; more go
+  // These throw WorkCancelled, the sheet half done. One text or cell fills the whole range; more go
   // in from its top left, beyond the range where they must.
   void empty(const CellRange& range);
   void pasteTexts(const CellRange& range, const TextTable& table);
@@ -66,7 +66,7 @@ class RangeEdit {
   void pasteCell(const Sheet& from, CellPlace cell, CellPlace to);
   bool keepsTag(const Sheet& from, CellPlace cell, CellPlace to) const;
   bool isOpen(CellPlace cell) const;
-  void tell(int row, int rows) const;
+  void reportProgress(int row, int rows) const;
 
   Sheet& sheet_;
   Settings settings_;

@@ -59,7 +59,7 @@ CellPlace SheetEdits::redo() {
   return show(at_ + 1, states_[at_ + 1].place);
 }
 
-bool SheetEdits::takeBack() {
+bool SheetEdits::revert() {
   if (undo().isNone()) return false;
   states_.resize(at_ + 1);
   return true;

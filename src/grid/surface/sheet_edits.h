@@ -33,7 +33,7 @@ class SheetEdits {
   CellPlace undo();
   CellPlace redo();
   // Undoes the last step as if it had never been; false when it cannot be undone.
-  bool takeBack();
+  bool revert();
   void clear();
 
  private:

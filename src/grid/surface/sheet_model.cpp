@@ -28,13 +28,13 @@ int SheetModel::columnCount(const QModelIndex& parent) const {
 }
 
 QString SheetModel::meaningOf(int row) const {
-  const RowMark* mark = look_.markOf(row);
+  const RowMark* mark = appearance_.markOf(row);
   return mark ? mark->meaning : QString();
 }
 
-InkAndPaper SheetModel::coloursAt(int col, int row) const {
-  return inkAndPaper(sheet().StyleAt(col, row), look_.colours, look_.isHeading(col, row),
-                     sheet().GetCellText(col, row).isEmpty());
+TextColours SheetModel::coloursAt(int col, int row) const {
+  return textColours(sheet().StyleAt(col, row), appearance_.colours,
+                     appearance_.isHeading(col, row), sheet().GetCellText(col, row).isEmpty());
 }
 
 QVariant SheetModel::data(const QModelIndex& index, int role) const {
@@ -46,9 +46,9 @@ QVariant SheetModel::data(const QModelIndex& index, int role) const {
     case Qt::EditRole:
       return linesOf(sheet().GetCellText(col, row));
     case Qt::ForegroundRole:
-      return coloursAt(col, row).ink;
+      return coloursAt(col, row).foreground;
     case Qt::BackgroundRole:
-      return coloursAt(col, row).paper;
+      return coloursAt(col, row).background;
     case Qt::FontRole:
       return fontOf(style.font);
     case Qt::TextAlignmentRole:
@@ -63,10 +63,11 @@ QVariant SheetModel::data(const QModelIndex& index, int role) const {
 // Frozen rows and columns serve as headings where the strip itself is empty.
 QString SheetModel::headingText(int section, Qt::Orientation orientation) const {
   if (orientation == Qt::Vertical) {
-    return look_.frozenCols > 0 ? sheet().GetCellText(0, section) : QString::number(section + 1);
+    return appearance_.frozenCols > 0 ? sheet().GetCellText(0, section)
+                                      : QString::number(section + 1);
   }
   const QString strip = sheet().GetCellText(section, kHeadingRow);
-  return strip.isEmpty() && look_.frozenRows > 0 ? sheet().GetCellText(section, 0) : strip;
+  return strip.isEmpty() && appearance_.frozenRows > 0 ? sheet().GetCellText(section, 0) : strip;
 }
 
 QVariant SheetModel::headerData(int section, Qt::Orientation orientation, int role) const {
@@ -80,7 +81,7 @@ QVariant SheetModel::headerData(int section, Qt::Orientation orientation, int ro
 
 Qt::ItemFlags SheetModel::flags(const QModelIndex& index) const {
   const Qt::ItemFlags flags = QAbstractTableModel::flags(index);
-  const bool isOpen = index.isValid() && look_.isOpen(index.column(), index.row());
+  const bool isOpen = index.isValid() && appearance_.isOpen(index.column(), index.row());
   return isOpen ? flags | Qt::ItemIsEditable : flags;
 }
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "grid/sheet/workbook.h"
-#include "grid/surface/grid_look.h"
+#include "grid/surface/grid_appearance.h"
 
 #include <QAbstractTableModel>
 
@@ -16,7 +16,8 @@ class SheetModel final : public QAbstractTableModel {
   Q_OBJECT
 
  public:
-  SheetModel(const Workbook& book, const GridLook& look) : book_(book), look_(look) {}
+  SheetModel(const Workbook& book, const GridAppearance& appearance)
+      : book_(book), appearance_(appearance) {}
 
   int rowCount(const QModelIndex& parent = {}) const override;
   int columnCount(const QModelIndex& parent = {}) const override;
@@ -40,7 +41,7 @@ class SheetModel final : public QAbstractTableModel {
  private:
   const Sheet& sheet() const { return book_.sheet(); }
   QString meaningOf(int row) const;  // of its mark
-  InkAndPaper coloursAt(int col, int row) const;
+  TextColours coloursAt(int col, int row) const;
   QString headingText(int section, Qt::Orientation orientation) const;
   void syncRows(int rows);
   void syncCols(int cols);
@@ -49,7 +50,7 @@ class SheetModel final : public QAbstractTableModel {
   Strip strip() const;
 
   const Workbook& book_;
-  const GridLook& look_;
+  const GridAppearance& appearance_;
   int rows_ = 0;
   int cols_ = 0;
   Strip announcedStrip_;

@@ -47,7 +47,7 @@ SheetView::SheetView(QWidget* parent)
   setVerticalScrollMode(ScrollPerPixel);
   setWordWrap(false);
   viewport()->setMouseTracking(true);
-  look_.colours = coloursOf(palette());
+  appearance_.colours = coloursOf(palette());
   showChanges();
 }
 
@@ -57,7 +57,7 @@ SheetView::~SheetView() {
 }
 
 QHeaderView& SheetView::addHeader(Qt::Orientation orientation) {
-  auto* header = new HeadingStrip(orientation, book_, look_, texts_);
+  auto* header = new HeadingStrip(orientation, book_, appearance_, texts_);
   if (orientation == Qt::Horizontal) {
     setHorizontalHeader(header);
   } else {
@@ -120,8 +120,8 @@ void SheetView::Redraw() {
 }
 
 void SheetView::setFrozen(int cols, int rows) {
-  look_.frozenCols = std::max(cols, 0);
-  look_.frozenRows = std::max(rows, 0);
+  appearance_.frozenCols = std::max(cols, 0);
+  appearance_.frozenRows = std::max(rows, 0);
   cols_.setFrozen(cols);
   rows_.setFrozen(rows);
   viewport()->update();
@@ -133,7 +133,7 @@ void SheetView::setSharesWidth(bool on) {
 }
 
 void SheetView::setColours(const GridColours& colours) {
-  look_.colours = colours;
+  appearance_.colours = colours;
   hasSkin_ = true;
   viewport()->update();
   QPalette headings = palette();
@@ -145,12 +145,12 @@ void SheetView::setColours(const GridColours& colours) {
 }
 
 void SheetView::markColumn(int col) {
-  look_.markedCol = col;
+  appearance_.markedCol = col;
   viewport()->update();
 }
 
 void SheetView::markRows(std::vector<RowMark> marks) {
-  look_.markedRows = std::move(marks);
+  appearance_.markedRows = std::move(marks);
   viewport()->update();
 }
 
@@ -280,7 +280,7 @@ void SheetView::resizeEvent(QResizeEvent* event) {
 void SheetView::changeEvent(QEvent* event) {
   QTableView::changeEvent(event);
   if (event->type() == QEvent::PaletteChange && !hasSkin_) {
-    look_.colours = coloursOf(palette());
+    appearance_.colours = coloursOf(palette());
   }
   if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) {
     texts_.clear();
@@ -291,8 +291,9 @@ void SheetView::changeEvent(QEvent* event) {
 void SheetView::paintEvent(QPaintEvent* event) {
   QPainter painter(viewport());
   painter.setClipRegion(event->region());
-  const SurfacePainter surface{sheet(),    look_,     cols_,     rows_, texts_, viewport()->size(),
-                               selected(), current(), hasFocus()};
+  const SurfacePainter surface{sheet(),    appearance_, cols_,
+                               rows_,      texts_,      viewport()->size(),
+                               selected(), current(),   hasFocus()};
   surface.paint(painter);
   if (shownRevision_ != sheet().revision()) showChangesLater();
 }
@@ -325,7 +326,7 @@ int SheetView::sizeHintForRow(int row) const {
 // What a cell cannot show: what its row is marked for, and the whole of a text that is cut.
 QString SheetView::hintAt(CellPlace cell, const QRect& rect) const {
   QStringList hints;
-  const RowMark* mark = cell.col == 0 ? look_.markOf(cell.row) : nullptr;
+  const RowMark* mark = cell.col == 0 ? appearance_.markOf(cell.row) : nullptr;
   if (mark) hints << mark->meaning;
   const auto request = textRequest(texts_, sheet().StyleAt(cell.col, cell.row),
                                    sheet().GetCellText(cell.col, cell.row), rect);

@@ -60,7 +60,7 @@ class SheetView : public QTableView {
   // Sets rows, in ascending order, apart by a bar at their left end; the meanings are read by
   // assistive tools and shown over the bars. The marks do not move with their rows.
   void markRows(std::vector<RowMark> marks);
-  const std::vector<RowMark>& markedRows() const { return look_.markedRows; }
+  const std::vector<RowMark>& markedRows() const { return appearance_.markedRows; }
 
   QRect visualRect(const QModelIndex& index) const override;
   QModelIndex indexAt(const QPoint& point) const override { return indexOf(cellAt(point)); }
@@ -125,9 +125,9 @@ class SheetView : public QTableView {
   mutable TextLayouts texts_;
 
  protected:
-  GridLook look_;
+  GridAppearance appearance_;
   SheetEdits edits_{book_};
-  SheetModel model_{book_, look_};
+  SheetModel model_{book_, appearance_};
 
  private:
   QHeaderView& addHeader(Qt::Orientation orientation);

@@ -1,7 +1,7 @@
 #include "grid/surface/surface_painter.h"
 
 #include "grid/print/drawn_style.h"
-#include "grid/surface/grid_look.h"
+#include "grid/surface/grid_appearance.h"
 #include "grid/surface/text_layouts.h"
 
 #include <QPainter>
@@ -25,8 +25,9 @@ void drawEdges(QPainter& painter, const QRect& rect, int width, const QColor& co
 // Paints cells of one sheet during one paint event: papers, texts, grid lines and borders.
 class CellPainter {
  public:
-  CellPainter(QPainter& painter, const Sheet& sheet, const GridLook& look, TextLayouts& texts)
-      : painter_(painter), sheet_(sheet), look_(look), texts_(texts) {}
+  CellPainter(QPainter& painter, const Sheet& sheet, const GridAppearance& appearance,
+              TextLayouts& texts)
+      : painter_(painter), sheet_(sheet), appearance_(appearance), texts_(texts) {}
 
   // These cells show in the selection's colours, all but the current one.
   void setSelection(const CellRange& selected, CellPlace current);
@@ -35,9 +36,9 @@ class CellPainter {
 
  private:
   // What cells of one style share.
-  struct Look {
-    QColor ink;
-    QColor paper;
+  struct SharedStyle {
+    QColor foreground;
+    QColor background;
     const CellStyle* style;
     int font;
     Qt::Alignment align;
@@ -47,9 +48,9 @@ class CellPainter {
     const CellStyle* style;
   };
 
-  const Look& lookAt(int col, int row, bool isEmpty);
+  const SharedStyle& sharedStyleAt(int col, int row, bool isEmpty);
   void paintCell(const Span& col, const Span& row);
-  void paintText(const QString& text, const Look& look, const QRect& cell);
+  void paintText(const QString& text, const SharedStyle& shared, const QRect& cell);
   void paintLines(const std::vector<Span>& cols, const std::vector<Span>& rows);
   void paintBorder(const Bordered& bordered);
   bool isInverted(CellPlace cell) const;
@@ -57,11 +58,11 @@ class CellPainter {
 
   QPainter& painter_;
   const Sheet& sheet_;
-  const GridLook& look_;
+  const GridAppearance& appearance_;
   TextLayouts& texts_;
   CellRange selected_;
   CellPlace current_;
-  std::unordered_map<int, Look> looks_;
+  std::unordered_map<int, SharedStyle> shared_styles_;
   std::vector<Bordered> bordered_;
 };
 
@@ -75,19 +76,21 @@ bool CellPainter::isInverted(CellPlace cell) const {
 }
 
 bool CellPainter::isMarkedHeading(CellPlace cell) const {
-  return cell.col == look_.markedCol && look_.isHeading(cell.col, cell.row) &&
+  return cell.col == appearance_.markedCol && appearance_.isHeading(cell.col, cell.row) &&
          !sheet_.StyleAt(cell.col, cell.row).hasColours;
 }
 
 // Headings and empty cells differ from other cells of the same style.
-const CellPainter::Look& CellPainter::lookAt(int col, int row, bool isEmpty) {
-  const bool isHeading = look_.isHeading(col, row);
+const CellPainter::SharedStyle& CellPainter::sharedStyleAt(int col, int row, bool isEmpty) {
+  const bool isHeading = appearance_.isHeading(col, row);
   const int number = sheet_.StyleNumberAt(col, row);
-  const auto [place, isNew] = looks_.try_emplace(4 * number + 2 * isHeading + isEmpty);
+  const auto [place, isNew] = shared_styles_.try_emplace(4 * number + 2 * isHeading + isEmpty);
   if (isNew) {
     const CellStyle& style = sheet_.StyleAt(col, row);
-    const auto [ink, paper] = inkAndPaper(style, look_.colours, isHeading, isEmpty);
-    place->second = {ink, paper, &style, texts_.numberOf(style.font), alignmentOf(style.align)};
+    const auto [foreground, background] =
+        textColours(style, appearance_.colours, isHeading, isEmpty);
+    place->second = {foreground, background, &style, texts_.numberOf(style.font),
+                     alignmentOf(style.align)};
   }
   return place->second;
 }
@@ -105,40 +108,40 @@ void CellPainter::paintCell(const Span& col, const Span& row) {
   const CellPlace place{col.section, row.section};
   const QRect cell(col.start, row.start, col.size, row.size);
   const QString text = sheet_.GetCellText(place.col, place.row);
-  const Look& look = lookAt(place.col, place.row, text.isEmpty());
+  const SharedStyle& shared = sharedStyleAt(place.col, place.row, text.isEmpty());
   const bool inverted = isInverted(place);
-  const QColor& paper = isMarkedHeading(place) ? look_.colours.today : look.paper;
-  painter_.fillRect(cell, inverted ? look_.colours.selectionPaper : paper);
-  if (look.style->border) bordered_.push_back({cell, look.style});
+  const QColor& paper = isMarkedHeading(place) ? appearance_.colours.today : shared.background;
+  painter_.fillRect(cell, inverted ? appearance_.colours.selectionPaper : paper);
+  if (shared.style->border) bordered_.push_back({cell, shared.style});
   if (text.isEmpty()) return;
-  painter_.setPen(inverted ? look_.colours.selectionText : look.ink);
-  paintText(text, look, cell);
+  painter_.setPen(inverted ? appearance_.colours.selectionText : shared.foreground);
+  paintText(text, shared, cell);
 }
 
-void CellPainter::paintText(const QString& text, const Look& look, const QRect& cell) {
+void CellPainter::paintText(const QString& text, const SharedStyle& shared, const QRect& cell) {
   const QRect room = textRoom(cell);
   if (room.width() <= 0) return;
-  const LaidOutText& laidOut =
-      texts_.layOut({text, look.font, room.width(), room.height(), look.align, look.style->wrap});
-  drawText(painter_, laidOut, room, look.align);
+  const LaidOutText& laidOut = texts_.layOut(
+      {text, shared.font, room.width(), room.height(), shared.align, shared.style->wrap});
+  drawText(painter_, laidOut, room, shared.align);
 }
 
 void CellPainter::paintLines(const std::vector<Span>& cols, const std::vector<Span>& rows) {
   if (cols.empty() || rows.empty()) return;
   const QRect area(QPoint(cols.front().start, rows.front().start),
                    QPoint(cols.back().end() - 1, rows.back().end() - 1));
-  const QColor& line = look_.colours.line;
+  const QColor& line = appearance_.colours.line;
   for (const Span& row : rows) painter_.fillRect(area.left(), row.end() - 1, area.width(), 1, line);
   for (const Span& col : cols) painter_.fillRect(col.end() - 1, area.top(), 1, area.height(), line);
 }
 
 // The right and lower edges lie on the cell's grid lines, the others on its neighbours'; at the
-// sheet's own edge they lie inside. As with texts, black is the skin's ink.
+// sheet's own edge they lie inside. As with texts, black is the skin's text colour.
 void CellPainter::paintBorder(const Bordered& bordered) {
   const QRect cell = bordered.cell;
   const int width = bordered.style->borderWidth;
   const PackedColour given = bordered.style->borderColour;
-  const QColor colour = given == kBlack ? look_.colours.text : colourOf(given);
+  const QColor colour = given == kBlack ? appearance_.colours.text : colourOf(given);
   const int left = std::max(cell.left() - 1, 0);
   const int top = std::max(cell.top() - 1, 0);
   const int right = cell.right() - width + 1;
@@ -162,7 +165,7 @@ void SurfacePainter::paint(QPainter& painter) const {
   const auto frozenRows = rows.frozenSpans(height);
   const auto scrolledCols = cols.scrolledSpans(width);
   const auto scrolledRows = rows.scrolledSpans(height);
-  painter.fillRect(QRect(QPoint(), size), look.colours.paper);
+  painter.fillRect(QRect(QPoint(), size), appearance.colours.paper);
   paintArea(painter, scrolledCols, scrolledRows, {bandX, bandY, width - bandX, height - bandY});
   paintArea(painter, scrolledCols, frozenRows, {bandX, 0, width - bandX, bandY});
   paintArea(painter, frozenCols, scrolledRows, {0, bandY, bandX, height - bandY});
@@ -173,7 +176,7 @@ void SurfacePainter::paintArea(QPainter& painter, const std::vector<Span>& areaC
                                const std::vector<Span>& areaRows, const QRect& clip) const {
   if (clip.isEmpty() || areaCols.empty() || areaRows.empty()) return;
   painter.setClipRect(clip);
-  CellPainter cells(painter, sheet, look, texts);
+  CellPainter cells(painter, sheet, appearance, texts);
   const bool isFrameEnough = selected.isOneCell() && selected.contains(current);
   cells.setSelection(isFrameEnough ? CellRange() : selected, current);
   cells.paint(areaCols, areaRows);
@@ -185,11 +188,11 @@ void SurfacePainter::paintArea(QPainter& painter, const std::vector<Span>& areaC
 void SurfacePainter::paintMarkedColumn(QPainter& painter, const std::vector<Span>& areaCols,
                                        const QRect& clip) const {
   for (const Span& col : areaCols) {
-    if (col.section != look.markedCol) continue;
+    if (col.section != appearance.markedCol) continue;
     const bool isHeading = clip.top() < rows.band();
     const int bottom = rows.has(sheet.Rows() - 1) ? rows.spanOf(sheet.Rows() - 1).end() : 0;
     const int height = std::min(clip.bottom() + 1, bottom) - clip.top();
-    const QColor& colour = look.colours.today;
+    const QColor& colour = appearance.colours.today;
     painter.fillRect(col.start - 1, clip.top(), kMark, height, colour);
     painter.fillRect(col.end() - kMark, clip.top(), kMark, height, colour);
     if (isHeading) painter.fillRect(col.start, clip.top(), col.size, kMark + 1, colour);
@@ -201,7 +204,7 @@ void SurfacePainter::paintMarkedRows(QPainter& painter, const std::vector<Span>&
                                      const std::vector<Span>& areaRows) const {
   if (areaCols.front().section != 0) return;
   for (const Span& row : areaRows) {
-    if (!look.markOf(row.section)) continue;
+    if (!appearance.markOf(row.section)) continue;
     painter.fillRect(areaCols.front().start, row.start, kRowBar, row.size - 1, kRowBarColour);
   }
 }
@@ -214,7 +217,8 @@ void SurfacePainter::paintFrame(QPainter& painter, const QRect& clip) const {
   const Span col = cols.spanOf(current.col);
   const Span row = rows.spanOf(current.row);
   const QRect frame(col.start - 1, row.start - 1, col.size + 1, row.size + 1);
-  drawEdges(painter, frame & clip.adjusted(0, 0, 1, 1), hasFocus ? kMark : 1, look.colours.current);
+  drawEdges(painter, frame & clip.adjusted(0, 0, 1, 1), hasFocus ? kMark : 1,
+            appearance.colours.current);
 }
 
 }  // namespace vellora

@@ -11,13 +11,13 @@ class QPainter;
 namespace vellora {
 
 class TextLayouts;
-struct GridLook;
+struct GridAppearance;
 
 // Paints a grid's whole viewport: what scrolls, the frozen bands over it, the marked column and
 // rows, and the current cell's frame.
 struct SurfacePainter {
   const Sheet& sheet;
-  const GridLook& look;
+  const GridAppearance& appearance;
   const FrozenAxis& cols;
   const FrozenAxis& rows;
   TextLayouts& texts;

@@ -118,7 +118,7 @@ TEST_P(Writers, LeaveTheOldFileWhenGivenUpAtAnyStep) {
     try {
       GetParam().write(path, progress);
       isGivenUp = false;
-    } catch (const WorkGivenUp&) {
+    } catch (const WorkCancelled&) {
       expectOldFile();
     }
   }

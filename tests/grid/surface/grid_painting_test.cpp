@@ -8,7 +8,7 @@ namespace {
 
 using test::GridHands;
 
-const QColor kInk(250, 250, 200);
+const QColor kOutline(250, 250, 200);
 const QColor kPaper(20, 20, 30);
 const QColor kFrame(0, 255, 255);
 const QColor kSelected(90, 0, 90);
@@ -18,7 +18,8 @@ class GridPainting : public testing::Test, protected GridHands {
  protected:
   GridPainting() : GridHands(3, 5) {
     grid.SetCurrentCell(2, 4);
-    grid.setColours({kInk, kPaper, kInk, kLine, kLine, kFrame, kInk, kSelected, kFrame});
+    grid.setColours(
+        {kOutline, kPaper, kOutline, kLine, kLine, kFrame, kOutline, kSelected, kFrame});
     settle();
   }
   QImage picture() { return grid.viewport()->grab().toImage(); }
@@ -41,7 +42,7 @@ TEST_F(GridPainting, EverySkinShowsTheColoursOfACellWithATextAsTheyAreSet) {
   };
   EXPECT_EQ(inkAt(0), QColor(Qt::black));
   EXPECT_EQ(inkAt(1), QColor(Qt::red));
-  EXPECT_EQ(inkAt(2), kInk);
+  EXPECT_EQ(inkAt(2), kOutline);
 }
 
 TEST_F(GridPainting, AnOpenCellStandsInAFrameOfTheSkin) {
@@ -68,7 +69,7 @@ TEST_F(GridPainting, TheCurrentCellKeepsItsColoursInsideAFrame) {
 }
 
 TEST_F(GridPainting, BordersLieOnTheLinesAroundEveryCellAndBlackIsTheSkinsInk) {
-  for (const auto& [given, shown] : {std::pair{kBlue, QColor(Qt::blue)}, {kBlack, kInk}}) {
+  for (const auto& [given, shown] : {std::pair{kBlue, QColor(Qt::blue)}, {kBlack, kOutline}}) {
     grid.SetRangeBorder(1, 1, 2, 2, 0, 1, given);
     grid.Redraw();
     const QImage image = picture();

@@ -1,4 +1,4 @@
-#include "grid/surface/grid_look.h"
+#include "grid/surface/grid_appearance.h"
 
 #include "grid/print/drawn_style.h"
 
@@ -18,7 +18,7 @@ GridColours coloursOf(const QPalette& palette) {
   return colours;
 }
 
-InkAndPaper inkAndPaper(const CellStyle& style, const GridColours& colours, bool isHeading,
+TextColours textColours(const CellStyle& style, const GridColours& colours, bool isHeading,
                         bool isEmpty) {
   const bool isBlank = isEmpty && style.textColour == kBlack && style.backColour == kWhite;
   if (style.hasColours && !isBlank) return {colourOf(style.textColour), colourOf(style.backColour)};

@@ -14,24 +14,24 @@
 
 namespace vellora {
 
-// Looks a whole schedule through for damage on a thread of its own: many years of plans take longer
+// Checks a whole schedule for damage on a thread of its own: many years of plans take longer
 // than a window may stall. The schedule is open, and closed to saves, only while it is read.
-class DamageLook {
+class DamageCheck {
  public:
-  // `tell` is called on the other thread, and only when the schedule is damaged. A look that could
-  // not come to its end is begun again after `pause`, some times; in the end that is told on
+  // `onDamage` is called on the other thread, and only when the schedule is damaged. A check that
+  // could not come to its end is begun again after `pause`, some times; in the end that is told on
   // standard error.
-  DamageLook(const QString& path, std::function<void()> tell,
-             std::chrono::milliseconds pause = std::chrono::seconds(5));
-  // Ends a look that goes on.
-  ~DamageLook();
-  DamageLook(const DamageLook&) = delete;
-  DamageLook& operator=(const DamageLook&) = delete;
+  DamageCheck(const QString& path, std::function<void()> onDamage,
+              std::chrono::milliseconds pause = std::chrono::seconds(5));
+  // Ends a check that goes on.
+  ~DamageCheck();
+  DamageCheck(const DamageCheck&) = delete;
+  DamageCheck& operator=(const DamageCheck&) = delete;
 
   // Does nothing when it has begun already.
   void begin();
   // Lets a save that waits for the schedule go first. To be called until it does.
-  void makeWay();
+  void yieldToSave();
   bool isOver() const;
   // Waits for its end.
   void finish();
@@ -42,13 +42,13 @@ class DamageLook {
   void setCheck(std::unique_ptr<ScheduleCheck> check);
 
   QString path_;
-  std::function<void()> tell_;
+  std::function<void()> on_damage_;
   std::chrono::milliseconds pause_;
   std::stop_source stop_;
   std::mutex mutex_;
   std::condition_variable_any pausing_;
   std::unique_ptr<ScheduleCheck> check_;  // while the schedule is open
-  std::future<void> look_;
+  std::future<void> result_;
 };
 
 }  // namespace vellora

@@ -15,7 +15,7 @@ namespace vellora {
 // Colours of a grid that do not belong to single cells; a skin hands them over.
 struct GridColours {
   QColor text;         // of cells without colours of their own
-  QColor paper;        // likewise their background
+  QColor paper;   // likewise their background
   QColor headingText;  // heading strip, row numbers, frozen headings without colours
   QColor headingPaper;
   QColor line;
@@ -36,7 +36,7 @@ struct RowMark {
 };
 
 // Colours and headings that the parts of one grid share.
-struct GridLook {
+struct GridAppearance {
   GridColours colours;
   int frozenCols = 0;
   int frozenRows = 0;
@@ -58,14 +58,14 @@ struct GridLook {
   }
 };
 
-struct InkAndPaper {
-  QColor ink;
-  QColor paper;
+struct TextColours {
+  QColor foreground;
+  QColor background;
 };
 
 // Colours that a cell was given stand in every skin, for they tell a category. Black on white
 // without a text tells nothing and is the skin's own paper.
-InkAndPaper inkAndPaper(const CellStyle& style, const GridColours& colours, bool isHeading,
+TextColours textColours(const CellStyle& style, const GridColours& colours, bool isHeading,
                         bool isEmpty);
 
 }  // namespace vellora

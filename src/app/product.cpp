@@ -1,5 +1,9 @@
-#include "app/product_icon.h"
+#include "app/product.h"
 
+#include "grid/print/drawn_style.h"
+#include "shell/application_state.h"
+
+#include <QLabel>
 #include <QPainter>
 #include <QPainterPath>
 #include <QPixmap>
@@ -8,7 +12,7 @@ namespace vellora {
 namespace {
 
 constexpr int kUnits = 64;  // the drawing's width and height
-constexpr QColor kInk(0x22, 0x32, 0x4a);
+constexpr QColor kOutline(0x22, 0x32, 0x4a);
 constexpr QColor kHeading(0x2f, 0x6f, 0xc4);
 constexpr QColor kLine(0xc9, 0xd2, 0xdf);
 constexpr QRectF kBoard(4, 6, 56, 54);
@@ -22,7 +26,7 @@ struct Plan {
 constexpr Plan kPlans[]{
     {{8, 24, 12, 8}, {0xe5, 0x39, 0x35}},  {{26, 24, 13, 8}, {0x2f, 0x55, 0xd4}},
     {{44, 36, 12, 8}, {0x12, 0xa1, 0x50}}, {{26, 36, 13, 8}, {0xf5, 0xa5, 0x24}},
-    {{8, 48, 12, 8}, {0xc2, 0x37, 0x9b}},  {{44, 48, 12, 8}, kInk},
+    {{8, 48, 12, 8}, {0xc2, 0x37, 0x9b}},  {{44, 48, 12, 8}, kOutline},
 };
 
 constexpr QLineF kGridLines[]{
@@ -40,11 +44,11 @@ QPainterPath headingShape() {
 }
 
 void drawBoard(QPainter& painter) {
-  painter.setPen(QPen(kInk, 3));
+  painter.setPen(QPen(kOutline, 3));
   painter.setBrush(Qt::white);
   painter.drawRoundedRect(kBoard, kCorner, kCorner);
   painter.fillPath(headingShape(), kHeading);
-  painter.setPen(QPen(kInk, 4, Qt::SolidLine, Qt::RoundCap));
+  painter.setPen(QPen(kOutline, 4, Qt::SolidLine, Qt::RoundCap));
   painter.drawLines(kRings, std::size(kRings));
 }
 
@@ -69,6 +73,29 @@ QPixmap productIcon(int size) {
   drawBoard(painter);
   drawPlans(painter);
   return icon;
+}
+
+QLabel* makeProductTitle(int points, QWidget* parent) {
+  auto* title = new QLabel(programTitle(), parent);
+  title->setFont(plainFont(QFont(installedFace(u"黑体"_qs), points)));
+  return title;
+}
+
+QLabel* makeProductIcon(QWidget* parent) {
+  constexpr int kSize = 96;  // pixels at 100 %
+  auto* icon = new QLabel(parent);
+  icon->setAccessibleName(u"程序图标"_qs);
+  const double scale = icon->devicePixelRatioF();
+  QPixmap picture = productIcon(qRound(kSize * scale));
+  picture.setDevicePixelRatio(scale);
+  icon->setPixmap(picture);
+  return icon;
+}
+
+QFrame* makeSeparator(QFrame::Shape shape, QWidget* parent) {
+  auto* line = new QFrame(parent);
+  line->setFrameStyle(int(shape) | int(QFrame::Sunken));
+  return line;
 }
 
 }  // namespace vellora

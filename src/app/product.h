@@ -4,6 +4,7 @@
 #include <QString>
 
 class QLabel;
+class QPixmap;
 
 namespace vellora {
 
@@ -18,6 +19,11 @@ inline QString makersLine() {
 inline QString legalNotice() {
   return u"本程序按现状提供，日程数据只保存在本机，请定期备份。"_qs;
 }
+
+// The program's icon, that many pixels wide and high: the picture of data/icon/vellora.svg. Drawn,
+// because reading a picture file makes the toolkit load its plug-ins for all kinds of them, which
+// costs more than showing the splash window.
+QPixmap productIcon(int size);
 
 QLabel* makeProductTitle(int points, QWidget* parent);
 QLabel* makeProductIcon(QWidget* parent);
