@@ -1,9 +1,9 @@
 #include "planning/activity_plan_window.h"
 
 #include "grid/surface/grid_surface.h"
-#include "plan_window_test.h"
 #include "schedule/plan_rows.h"
 #include "shell/date_picker.h"
+#include "window_fixture.h"
 
 namespace vellora {
 

@@ -1,7 +1,7 @@
 #include "planning/daily_plan_window.h"
 
 #include "grid/surface/grid_surface.h"
-#include "plan_window_test.h"
+#include "window_fixture.h"
 
 namespace vellora {
 
