@@ -89,8 +89,8 @@ ScheduleBuilder& ScheduleBuilder::items(int count) {
 ScheduleBuilder& ScheduleBuilder::fullPlan(QDate first, qint64 days, int blocks, int activities) {
   const QString statement =
       u"WITH RECURSIVE n(i) AS (SELECT 0 UNION ALL SELECT i+1 FROM n LIMIT %2*%3) "
-      "INSERT INTO JH SELECT date('%1',i/%3||' days'),printf('%03d',mod(i,%3)+1),"
-      "printf('活动%03d',mod(i,%4)+1),'按时完成',mod(i,5) FROM n"_qs;
+      "INSERT INTO JH SELECT date('%1',(i/%3)||' days'),printf('%.3d',mod(i,%3)+1),"
+      "printf('活动%.3d',mod(i,%4)+1),'按时完成',mod(i,5) FROM n"_qs;
   return sql(statement.arg(isoDate(first)).arg(days).arg(blocks).arg(activities));
 }
 
