@@ -61,10 +61,9 @@ void openEveryWindow(WeekBoard& board) {
     }
   });
   closing.start(1);
+  using enum BoardCommand;
   for (const auto command :
-       {BoardCommand::DailyPlan, BoardCommand::ActivityPlan, BoardCommand::Statistics,
-        BoardCommand::ActivityItems, BoardCommand::TimeBlocks, BoardCommand::Memo,
-        BoardCommand::WeekNames, BoardCommand::Backup}) {
+       {DailyPlan, ActivityPlan, Statistics, ActivityItems, TimeBlocks, Memo, WeekNames, Backup}) {
     board.findChild<CommandBar*>()->button(command).click();
   }
 }

@@ -21,6 +21,8 @@ struct CallFault {
 
   // Bytes by which files can still grow before the disk is full.
   qint64 room = std::numeric_limits<qint64>::max();
+  // Steps until the user cancels the work, which its progress has to ask about: that is no call.
+  qint64 steps = std::numeric_limits<qint64>::max();
   int closed = 0;  // errno wherever a file is opened for writing, renamed or removed
 };
 

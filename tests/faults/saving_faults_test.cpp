@@ -20,49 +20,37 @@ using Clock = std::chrono::steady_clock;
 
 constexpr int kMet = 8;  // added to a child's outcome when something met the fault
 
-// What a job meets: calls that fail, or a user who cancels it.
-struct Trouble {
-  CallFault calls;
-  qint64 stepsLeft = std::numeric_limits<qint64>::max();
-};
-
 // How often one job is tried. What is too large for the engine to keep its changes in memory until
 // the end makes thousands of calls.
 struct Effort {
   const char* name;
-  int daysBeside;  // of plans that no job touches
-  qint64 callStride;
-  qint64 killStride;
-  qint64 roomStride;
-  qint64 stepStride;
+  int daysBeside;                    // of plans that no job touches
+  qint64 calls, kills, room, steps;  // from one tried place to the next
   int moments;
 };
 constexpr Effort kShort{"short", 0, 1, 3, 1'500, 1, 4};
 constexpr Effort kLong{"long", 0, 1, 1, 97, 1, 200};
-constexpr Effort kLarge{"large", 2'000, 97, 97, 50'000, 997, 10};
+constexpr Effort kLarge{"large", 2'000, 97, 97, 250'000, 997, 10};
 
-// One kind of trouble, tried at every n-th place until the job gets by without meeting it.
+// One kind of trouble, tried at one place after the other until the job gets by without meeting it.
 struct Series {
   const char* name;
   qint64 Effort::*stride;
-  Trouble (*at)(qint64 place);
+  qint64 CallFault::*place;
+  CallFault fault;
 };
 constexpr Series kSeries[]{
-    {"a call fails", &Effort::callStride,
-     [](qint64 n) { return Trouble{{.at = n, .error = EIO}}; }},
-    {"calls fail from then on", &Effort::callStride,
-     [](qint64 n) { return Trouble{{.at = n, .error = EIO, .lasts = true}}; }},
-    {"a write is short", &Effort::callStride,
-     [](qint64 n) { return Trouble{{.at = n, .halves = true}}; }},
-    {"a write is short and the last", &Effort::callStride,
-     [](qint64 n) { return Trouble{{.at = n, .error = ENOSPC, .lasts = true, .halves = true}}; }},
-    {"killed", &Effort::killStride, [](qint64 n) { return Trouble{{.at = n, .kills = true}}; }},
-    {"killed in a write", &Effort::killStride,
-     [](qint64 n) { return Trouble{{.at = n, .kills = true, .halves = true}}; }},
-    {"full disk", &Effort::roomStride, [](qint64 n) { return Trouble{{.room = n}}; }},
-    {"cancelled", &Effort::stepStride, [](qint64 n) {
-       return Trouble{{}, n};
-     }}};
+    {"fails", &Effort::calls, &CallFault::at, {.error = EIO}},
+    {"fails for good", &Effort::calls, &CallFault::at, {.error = EIO, .lasts = true}},
+    {"short write", &Effort::calls, &CallFault::at, {.halves = true}},
+    {"last write",
+     &Effort::calls,
+     &CallFault::at,
+     {.error = ENOSPC, .lasts = true, .halves = true}},
+    {"killed", &Effort::kills, &CallFault::at, {.kills = true}},
+    {"killed in a write", &Effort::kills, &CallFault::at, {.kills = true, .halves = true}},
+    {"full disk", &Effort::room, &CallFault::room, {}},
+    {"cancelled", &Effort::steps, &CallFault::steps, {}}};
 
 // What a killed program, or one whose disk has died, cannot remove.
 void dropLeftOvers(FolderContent& content) {
@@ -88,14 +76,14 @@ class Saving : public testing::TestWithParam<std::tuple<SavingJob, Effort>> {
     after_ = contentOf(folder_.path());
   }
 
-  // Whether the job met the trouble. Whatever the program says of it, nothing may be lost, and it
+  // Whether the job met the fault. Whatever the program says of it, nothing may be lost, and it
   // must say so in Chinese.
-  bool meets(const Trouble& trouble) {
+  bool meets(const CallFault& fault) {
     putBack();
-    const int end = endOf(begin(trouble));
+    const int end = endOf(begin(fault));
     const bool isKilled = end == -SIGKILL;
-    const bool isShort = trouble.calls.halves && trouble.calls.error == 0 && !isKilled;
-    const FolderContent now = expectNothingLost(isKilled || trouble.calls.lasts);
+    const bool isShort = fault.halves && fault.error == 0 && !isKilled;
+    const FolderContent now = expectNothingLost(isKilled || fault.lasts);
     if (!isKilled) expectToldTruly(end, now);
     EXPECT_TRUE(!isShort || now == after_) << "no failure at all";
     return isKilled || (end >= 0 && (end & kMet) != 0);
@@ -117,10 +105,10 @@ class Saving : public testing::TestWithParam<std::tuple<SavingJob, Effort>> {
  private:
   void putBack() const { copyFolder(original_.folder(), folder_.path()); }
 
-  int begin(const Trouble& trouble) const {
+  int begin(const CallFault& fault) const {
     return startChild([&] {
-      breakCalls(trouble.calls);
-      qint64 stepsLeft = trouble.stepsLeft;
+      breakCalls(fault);
+      qint64 stepsLeft = fault.steps;
       const auto progress = [&](const WorkStep&) { return stepsLeft-- > 0; };
       const Outcome outcome = outcomeOf([&] { job_.run(folder_.path(), progress); });
       return outcome | (hasMetFault() || outcome == kCancelled ? kMet : 0);
@@ -158,14 +146,12 @@ class Saving : public testing::TestWithParam<std::tuple<SavingJob, Effort>> {
 }  // namespace
 
 TEST_P(Saving, LosesNothingWhateverFails) {
-  for (const Series& series : kSeries) {
-    qint64 place = 0;
-    while (!HasFailure() && meets(series.at(place))) place += effort_.*series.stride;
-    ASSERT_FALSE(HasFailure()) << series.name << " at " << place;
-    const bool canHappen = series.stride != &Effort::stepStride || job_.canBeCancelled;
-    EXPECT_EQ(place > 0, canHappen) << series.name;
+  for (auto [name, stride, place, fault] : kSeries) {
+    for (fault.*place = 0; !HasFailure() && meets(fault);) fault.*place += effort_.*stride;
+    ASSERT_FALSE(HasFailure()) << name << " at " << fault.*place;
+    EXPECT_EQ(fault.*place > 0, stride != &Effort::steps || job_.canBeCancelled) << name;
   }
-  for (const int error : {EROFS, EACCES}) EXPECT_TRUE(meets({{.closed = error}})) << error;
+  for (const int error : {EROFS, EACCES}) EXPECT_TRUE(meets({.closed = error})) << error;
 }
 
 TEST_P(Saving, LosesNothingWhenKilledAtAnyMoment) {

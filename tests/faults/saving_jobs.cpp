@@ -51,9 +51,7 @@ void throwIfRefused(const QString& failure) {
 void saveBlocks(Desk& desk) {
   setUpTimeBlocks(desk.sheet);
   LoadTimeBlocks(desk.store, desk.sheet);
-  for (int row = 0; row < 10; ++row) {
-    desk.sheet.SetCellText(3, row, u"改名"_qs + QString(90, u'长'));
-  }
+  for (int row = 0; row < 10; ++row) desk.sheet.SetCellText(3, row, QString(90, u'长'));
   desk.sheet.SetCellText(2, 19, {});
   SaveTimeBlocks(desk.store, desk.sheet);
 }
@@ -103,14 +101,6 @@ void saveDay(Desk& desk) {
   throwIfRefused(writeDayPlan(desk.store, sheet, kMonday, saved, false).failure);
 }
 
-void restore(Desk& desk) {
-  RestoreTables(desk.store, desk.workbook, desk.pathOf(u"别的.KTZ"_qs), desk.progress);
-}
-
-void replaceBackup(Desk& desk) {
-  BackupTables(desk.store, desk.workbook, desk.pathOf(u"旧.KTZ"_qs), desk.folder, desk.progress);
-}
-
 void exportHtml(Desk& desk) {
   desk.listPlan();
   writeHtmlFile(desk.sheet, {}, u"表"_qs, desk.pathOf(u"表.htm"_qs), desk.progress);
@@ -145,8 +135,15 @@ constexpr SavingJob kJobs[]{
     {"day_plan", at<saveDay>, false, true},
     {"indices_of_a_start",
      at<[](Desk& desk) { desk.store.open(statements::itemNamed(kActivity)); }>},
-    {"restore", at<restore>, true},
-    {"backup", at<replaceBackup>, true},
+    {"restore", at<[](Desk& desk) {
+       RestoreTables(desk.store, desk.workbook, desk.pathOf(u"别的.KTZ"_qs), desk.progress);
+     }>,
+     true},
+    {"backup", at<[](Desk& desk) {
+       BackupTables(desk.store, desk.workbook, desk.pathOf(u"旧.KTZ"_qs), desk.folder,
+                    desk.progress);
+     }>,
+     true},
     {"html_export", at<exportHtml>, true},
     {"excel_export", at<exportExcel>, true},
     {"pdf_export", at<exportPdf>, true},

@@ -5,6 +5,7 @@
 #include "schedule/memos.h"
 #include "schedule/time_blocks.h"
 #include "store/statements.h"
+#include "store/store_error.h"
 #include "support/schedule_builder.h"
 
 #include <QElapsedTimer>
@@ -24,57 +25,55 @@ void untilNotBusy(const std::function<QString()>& save) {
   while (failure == busy) {
     try {
       failure = save();
-    } catch (const std::exception& error) {
-      failure = QString::fromUtf8(error.what());
+    } catch (const StoreError& error) {
+      failure = error.description();
     }
   }
   if (!failure.isEmpty()) throw std::runtime_error(failure.toStdString());
 }
 
-// What one copy of the program saves in a round, each marked with the copy and the round: an item
-// and a day's memo and plan that are its own, a memo and the time blocks that are everybody's.
-void saveAll(ScheduleStore& store, const QString& mark, QDate ownDay) {
-  Sheet items, blocks, day;
-  setUpItemSheet(items);
-  setUpTimeBlocks(blocks);
-  setUpDayRows(day);
+// One running copy of the program: saves an item and a day's memo and plan that are its own and the
+// memo and the time blocks that are everybody's, all marked with the copy and the round. Gives how
+// many of its own are not in the schedule at last.
+int liveAsCopy(const QString& path, int number) {
+  ScheduleStore store(path);
+  int round = 0;
+  const auto mark = [&] { return u"%1-%2"_qs.arg(number).arg(round); };
+  const auto ownDay = [&] { return kFirstDay.addDays(round * 2 + number); };
   const std::function<QString()> saves[]{
-      [&] { return storeMemo(store, ownDay, mark), QString(); },
-      [&] { return storeMemo(store, kFirstDay.addDays(-1), mark), QString(); },
+      [&] { return storeMemo(store, ownDay(), mark()), QString(); },
+      [&] { return storeMemo(store, kFirstDay.addDays(-1), mark()), QString(); },
       [&] {
+        Sheet items;
+        setUpItemSheet(items);
         ItemCatalogue catalogue(store);
         catalogue.filter(u"2-学习"_qs, items);
-        return catalogue.add({mark, mark, u"2-学习"_qs}), QString();
+        return catalogue.add({mark(), mark(), u"2-学习"_qs}), QString();
       },
       [&] {
+        Sheet blocks;
+        setUpTimeBlocks(blocks);
         LoadTimeBlocks(store, blocks);
-        for (int row = 0; row < kBlocks; ++row) blocks.SetCellText(3, row, mark);
+        for (int row = 0; row < kBlocks; ++row) blocks.SetCellText(3, row, mark());
         return SaveTimeBlocks(store, blocks), QString();
       },
       [&] {
+        Sheet day;
+        setUpDayRows(day);
         layOutBlockRows(day, TimeBlockList(store));
-        for (int row = 0; row < day.Rows(); ++row) day.SetCellText(kDayActivity, row, mark);
-        return writeDayPlan(store, day, ownDay, {}, true).failure;
+        for (int row = 0; row < day.Rows(); ++row) day.SetCellText(kDayActivity, row, mark());
+        return writeDayPlan(store, day, ownDay(), {}, true).failure;
       }};
-  for (const auto& save : saves) untilNotBusy(save);
-}
-
-// How many saves of the copy's own are not in the schedule at last.
-int liveAsCopy(const QString& path, int number) {
-  const auto mark = [=](int round) { return u"%1-%2"_qs.arg(number).arg(round); };
-  const auto ownDay = [=](int round) { return kFirstDay.addDays(round * 2 + number); };
-  ScheduleStore store(path);
   QElapsedTimer life;
   life.start();
-  int rounds = 0;
-  for (; rounds < 12 || !life.hasExpired(test::isThorough() ? 60'000 : 0); ++rounds) {
-    saveAll(store, mark(rounds), ownDay(rounds));
+  for (; round < 12 || !life.hasExpired(test::isThorough() ? 60'000 : 0); ++round) {
+    for (const auto& save : saves) untilNotBusy(save);
   }
   int lost = 0;
-  for (int round = 0; round < rounds; ++round) {
-    lost += memoOf(store, ownDay(round)) != mark(round);
-    lost += store.open(statements::itemNamed(mark(round))).count() != 1;
-    lost += store.open(statements::plansOn(ownDay(round))).count() != kBlocks;
+  while (round-- > 0) {
+    lost += memoOf(store, ownDay()) != mark();
+    lost += store.open(statements::itemNamed(mark())).count() != 1;
+    lost += store.open(statements::plansOn(ownDay())).count() != kBlocks;
   }
   return std::min(lost, 127);
 }
