@@ -5,6 +5,7 @@
 #include "store/store_error.h"
 #include "support/saved_plans.h"
 #include "support/schedule_builder.h"
+#include "support/store_fault.h"
 #include "support/text_output.h"
 
 #include <QStringList>
@@ -13,40 +14,38 @@
 
 namespace vellora::test {
 
-// A day of two blocks, a plan grid over it, and what is saved as lines of text.
+// A schedule, a sheet over it, and rows of both as lines of text: "2007-03-05|002|读书|第一章|3".
 class ScheduleTest : public testing::Test {
  protected:
-  ScheduleTest() {
-    builder_.block(u"002"_qs, u"08:00:00"_qs, u"09:30:00"_qs, u"早读"_qs)
-        .block(u"001"_qs, u"20:00:00"_qs, u"21:00:00"_qs, u"晚间"_qs);
-    store_ = std::make_unique<ScheduleStore>(builder_.path(), std::chrono::milliseconds(0));
-    setUpPlanRows(sheet_);
+  // Of a plan grid; the block's code is the hidden tag of its cell.
+  void fillPlanRow(int row, const QString& line) {
+    const QStringList texts = line.split(u'|');
+    for (int col = 0; col < 5; ++col) {
+      if (col != kPlanTime) sheet_.SetCellText(col, row, texts.value(col));
+    }
+    sheet_.SetCellTag(kPlanTime, row, texts.value(kPlanTime));
   }
-
-  void fillRow(int row, const QString& date, const QString& code, const QString& activity,
-               const QString& requirement = {}, const QString& level = {}) {
-    sheet_.SetCellText(kPlanDate, row, date);
-    sheet_.SetCellTag(kPlanTime, row, code);
-    sheet_.SetCellText(kPlanActivity, row, activity);
-    sheet_.SetCellText(kPlanRequirement, row, requirement);
-    sheet_.SetCellText(kPlanLevel, row, level);
+  void typeRow(int row, const QString& line, int col = 0) {
+    for (const QString& text : line.split(u'|')) sheet_.SetCellText(col++, row, text);
   }
-
-  // The shown texts of a row, joined; line breaks as slashes.
+  // Line breaks as slashes.
   QString row(int row) const {
     QStringList texts;
     for (int col = 0; col < sheet_.Cols(); ++col) texts << sheet_.GetCellText(col, row);
-    return texts.join(u'|').replace(kLineBreakText, u"/"_qs);
+    return texts.join(u'|').replace(u'\r', u'/');
   }
-
-  QStringList saved() { return savedPlans(*store_); }
+  QStringList filledRows() const {
+    QStringList rows;
+    for (int i = 0; i < sheet_.Rows(); ++i) {
+      if (const QString text = row(i); text.size() >= sheet_.Cols()) rows << text;
+    }
+    return rows;
+  }
+  QStringList saved() { return savedPlans(store_); }
 
   ScheduleBuilder builder_;
-  std::unique_ptr<ScheduleStore> store_;
+  ScheduleStore store_ = builder_.store(std::chrono::milliseconds(0));
   Sheet sheet_;
-
- private:
-  inline static const QString kLineBreakText = u"\r"_qs;
 };
 
 }  // namespace vellora::test

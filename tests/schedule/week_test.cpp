@@ -1,95 +1,74 @@
 #include "schedule/week.h"
 
 #include "schedule_fixture.h"
-#include "support/text_output.h"
-
-#include <gtest/gtest.h>
 
 namespace vellora {
 namespace {
 
 using test::kMonday;
 
-class BoardFillerTest : public testing::Test {
+class Week : public test::ScheduleTest {
  protected:
-  BoardFillerTest() {
+  Week() {
     sheet_.SetCols(kBoardCols);
-    schedule_.block(u"002"_qs, u"08:00:00"_qs, u"09:30:00"_qs, u"上午"_qs)
+    builder_.block(u"002"_qs, u"08:00:00"_qs, u"09:30:00"_qs, u"上午"_qs)
         .block(u"001"_qs, u"19:00:00"_qs, u"20:00:00"_qs, u"晚上"_qs)
         .item(u"001"_qs, u"读书"_qs, u"2-学习"_qs, 0, 16711680);
   }
-
   WeekTexts fill(QDate first = kMonday) {
-    ScheduleStore store(schedule_.path());
-    BuildTimeRows(store, sheet_);
-    return FillWeek(store, sheet_, first);
+    BuildTimeRows(store_, sheet_);
+    return FillWeek(store_, sheet_, first);
   }
   void expectColours(int col, int row, PackedColour text, PackedColour back) {
     EXPECT_EQ(sheet_.StyleAt(col, row).textColour, text);
     EXPECT_EQ(sheet_.StyleAt(col, row).backColour, back);
   }
-
-  test::ScheduleBuilder schedule_;
-  Sheet sheet_;
 };
 
 }  // namespace
 
-TEST_F(BoardFillerTest, ListsBlocksByCodeWithHoursNameAndCode) {
-  fill();
+TEST_F(Week, HasBlocksByCodeAndSevenDaysFromAnyWeekday) {
+  fill(QDate(2007, 12, 29));
   ASSERT_EQ(sheet_.Rows(), 3);
   EXPECT_EQ(sheet_.GetCellText(0, 1), u"19:00-20:00\r晚上"_qs);
   EXPECT_EQ(sheet_.CellTag(0, 1), u"001"_qs);
   EXPECT_EQ(sheet_.GetCellText(0, 2), u"08:00-09:30\r上午"_qs);
-  EXPECT_EQ(sheet_.StyleAt(0, 2).align, kAlignCentred);
-  EXPECT_TRUE(sheet_.StyleAt(0, 2).wrap);
-}
-
-TEST_F(BoardFillerTest, HeadsSevenDaysFromAnyWeekday) {
-  fill(QDate(2007, 12, 29));
   EXPECT_EQ(sheet_.GetCellText(1, 0), u"12月29日\r星期六"_qs);
   EXPECT_EQ(sheet_.GetCellText(4, 0), u"01月01日\r星期二"_qs);
   EXPECT_EQ(sheet_.CellTag(7, 0), u"2008-01-04"_qs);
+  for (const auto& [col, row] : {std::pair{0, 0}, {0, 2}}) {
+    EXPECT_EQ(sheet_.StyleAt(col, row).align, kAlignCentred);
+  }
+  EXPECT_TRUE(sheet_.StyleAt(0, 2).wrap);
   EXPECT_EQ(sheet_.StyleAt(7, 0).font.style, kFontBold);
-  EXPECT_EQ(sheet_.StyleAt(0, 0).align, kAlignCentred);
 }
 
-TEST_F(BoardFillerTest, ShowsAPlanInItsActivitysColour) {
-  schedule_.plan(kMonday.addDays(2), u"002"_qs, u"读书"_qs, u"第三章"_qs);
+TEST_F(Week, ShowsTheFirstPlanOfABlockInItsActivitysColourAndNothingOfAnEarlierWeek) {
+  builder_.plan(kMonday, u"002"_qs, u"读书"_qs, u"第三章"_qs)
+      .plan(kMonday, u"002"_qs, u"乙"_qs)
+      .plan(kMonday.addDays(8), u"002"_qs, u"乙"_qs);
   fill();
-  EXPECT_EQ(sheet_.GetCellText(3, 2), u"读书\r第三章"_qs);
-  EXPECT_EQ(sheet_.CellTag(3, 2), u"读书"_qs);
-  expectColours(3, 2, packColour(0, 0, 255), packColour(230, 220, 255));
-  EXPECT_EQ(sheet_.StyleAt(3, 2).align, kAlignCentred);
-  expectColours(3, 1, kBlack, kWhite);
-}
-
-TEST_F(BoardFillerTest, ShowsTheFirstOfTwoPlansForOneBlock) {
-  schedule_.plan(kMonday, u"001"_qs, u"甲"_qs).plan(kMonday, u"001"_qs, u"乙"_qs);
-  fill();
-  EXPECT_EQ(sheet_.CellTag(1, 1), u"甲"_qs);
-}
-
-TEST_F(BoardFillerTest, EmptiesWhatAnEarlierWeekHeld) {
-  schedule_.plan(kMonday, u"001"_qs, u"读书"_qs);
-  fill();
-  fill(kMonday.addDays(7));
-  EXPECT_EQ(sheet_.GetCellText(1, 1), QString());
-  EXPECT_EQ(sheet_.CellTag(1, 1), QString());
+  EXPECT_EQ(sheet_.GetCellText(1, 2), u"读书\r第三章"_qs);
+  EXPECT_EQ(sheet_.CellTag(1, 2), u"读书"_qs);
+  expectColours(1, 2, packColour(0, 0, 255), packColour(230, 220, 255));
   expectColours(1, 1, kBlack, kWhite);
+  fill(kMonday.addDays(7));
+  EXPECT_EQ(sheet_.GetCellText(1, 2) + sheet_.CellTag(1, 2), QString());
+  expectColours(1, 2, kBlack, kWhite);
 }
 
-TEST_F(BoardFillerTest, FindsMemoAndWeekNameOfTheFirstDay) {
-  schedule_.memo(kMonday, u"第一行\n第二行"_qs)
+TEST_F(Week, HasTheMemoAndTheNameOfItsFirstDay) {
+  builder_.memo(kMonday, u"第一行\n第二行"_qs)
       .weekName(kMonday.addDays(-6), kMonday, u"第一周"_qs)
       .weekName(kMonday, kMonday.addDays(6), u"第二周"_qs);
-  const WeekTexts monday = fill();
-  EXPECT_EQ(monday.memo, u"第一行\n第二行"_qs);
-  EXPECT_EQ(monday.weekName, u"第一周"_qs);
-  EXPECT_EQ(fill(kMonday.addDays(6)).weekName, u"第二周"_qs);
-  const WeekTexts later = fill(kMonday.addDays(7));
-  EXPECT_TRUE(later.weekName.isEmpty());
-  EXPECT_TRUE(later.memo.isEmpty());
+  const std::tuple<int, QString, QString> days[]{{0, u"第一周"_qs, u"第一行\n第二行"_qs},
+                                                 {6, u"第二周"_qs, QString()},
+                                                 {7, QString(), QString()}};
+  for (const auto& [day, name, memo] : days) {
+    const WeekTexts texts = fill(kMonday.addDays(day));
+    EXPECT_EQ(texts.weekName, name) << day;
+    EXPECT_EQ(texts.memo, memo) << day;
+  }
 }
 
 }  // namespace vellora
