@@ -43,7 +43,7 @@ MemoWindow::MemoWindow(ApplicationState& state, QWidget* parent)
   setWindowTitle(u"备忘录"_qs);
   update_->setFocusPolicy(Qt::TabFocus);  // a click must not turn to a typed date before it stores
   layOut();
-  connect(days_, &DateStepper::dateChanged, this, &MemoWindow::showOtherDay);
+  connect(days_, &DateStepper::dateChanged, this, &MemoWindow::showDay);
   connect(text_, &QPlainTextEdit::textChanged, this, &MemoWindow::updateChanges);
 }
 
@@ -70,7 +70,7 @@ void MemoWindow::onLoad() {
   if (isRead()) text_->setFocus();
 }
 
-void MemoWindow::showOtherDay() {
+void MemoWindow::showDay() {
   if (isRead() && isChanged()) keepDiscardedText();
   ShowMemo();
 }
@@ -92,7 +92,7 @@ void MemoWindow::ShowMemo(bool quietly) {
 
 void MemoWindow::keepDiscardedText() {
   keepDiscarded([this, day = shown_day_, text = typedText()] {
-    days_->setDate(day);
+    day == days_->date() ? showDay() : days_->setDate(day);
     if (!isRead() || shown_day_ != day) return false;
     text_->selectAll();
     text_->insertPlainText(text);

@@ -22,12 +22,12 @@ class MemoWindow : public EditedWindow {
   void onLoad() override;
   Changes changes() override;
   bool save() override;
-  void readAgain() override { showOtherDay(); }
+  void readAgain() override { showDay(); }
   void setTypable(bool on) override;
 
  private:
   void layOut();
-  void showOtherDay();
+  void showDay();
   void ShowMemo(bool quietly = false);
   void keepDiscardedText();
   QString typedText() const;

@@ -5,25 +5,23 @@
 #include "grid/surface/grid_surface.h"
 #include "planning/activity_plan_window.h"
 #include "planning/daily_plan_window.h"
+#include "support/hands.h"
 #include "support/planner_test.h"
 #include "support/schedule_dump.h"
 
-#include <QLabel>
 #include <QPushButton>
-#include <QTest>
-
-#include <SQLiteCpp/Database.h>
 
 namespace vellora {
 namespace {
 
-using test::kMonday;
+using namespace test;
 using Window = std::unique_ptr<PlannerWindow>;
 
 template <typename Kind>
 Window make(ApplicationState& state) {
   return std::make_unique<Kind>(state);
 }
+
 template <>
 Window make<DailyPlanWindow>(ApplicationState& state) {
   return std::make_unique<DailyPlanWindow>(state, kMonday);
@@ -32,54 +30,53 @@ Window make<DailyPlanWindow>(ApplicationState& state) {
 // A window over one row of its table.
 struct Edited {
   Window (*make)(ApplicationState& state);
-  const char* field;  // that is typed into
-  int col;            // if it is a grid
-  const char* save;   // button
-  const char* saved;  // table and column
+  QString field;    // that is typed into
+  int col;          // if that is a grid
+  QString save;     // button
+  QString saved;    // table and column
+  void (*leave)();  // turns to other content without a question
 };
 
 void PrintTo(const Edited& edited, std::ostream* out) {
-  *out << edited.saved;
+  PrintTo(edited.saved, out);
 }
 
 const Edited kWindows[]{
-    {make<TimeBlockEditor>, "Cell1", 3, "cmdSV", "SJ SET sjkm"},
-    {make<WeekNameEditor>, "Cell1", 2, "cmdSV", "MM SET MM"},
-    {make<DailyPlanWindow>, "Cell1", 2, "cmdSV", "JH SET HDYQ"},
-    {make<ActivityPlanWindow>, "Cell1", 3, "cmdSV", "JH SET HDYQ"},
-    {make<MemoWindow>, "Text1", 0, "CmdSV", "BW SET Memo"},
-    {make<ActivityItemEditor>, "txtHDMC", 0, "cmdOK", "HD SET HDMC"},
+    {make<TimeBlockEditor>, u"Cell1"_qs, 3, u"cmdSV"_qs, u"SJ SET sjkm"_qs, [] { alt('O'); }},
+    {make<WeekNameEditor>, u"Cell1"_qs, 2, u"cmdSV"_qs, u"MM SET MM"_qs, [] { alt('O'); }},
+    {make<DailyPlanWindow>, u"Cell1"_qs, 2, u"cmdSV"_qs, u"JH SET HDYQ"_qs,
+     [] { click(u"Command2"_qs); }},
+    {make<ActivityPlanWindow>, u"Cell1"_qs, 3, u"cmdSV"_qs, u"JH SET HDYQ"_qs,
+     [] { click(u"List1"_qs, 1); }},
+    {make<MemoWindow>, u"Text1"_qs, 0, u"CmdSV"_qs, u"BW SET Memo"_qs, [] { click(u"Cm3"_qs); }},
+    {make<ActivityItemEditor>, u"txtHDMC"_qs, 0, u"cmdOK"_qs, u"HD SET HDMC"_qs,
+     [] { click(u"CmdSX"_qs); }},
 };
 
 // What holds for every window in which something is typed and saved.
-class EditedWindows : public test::PlannerTest, public testing::WithParamInterface<Edited> {
+class EditedWindows : public PlannerTest, public testing::WithParamInterface<Edited> {
  protected:
   EditedWindows() {
     schedule_.block(u"001"_qs, u"08:00:00"_qs, u"09:00:00"_qs)
         .weekName(kMonday, kMonday.addDays(6), u"第一周"_qs)
         .item(u"001"_qs, u"读书"_qs)
+        .item(u"002"_qs, u"跑步"_qs)
         .plan(kMonday, u"001"_qs, u"读书"_qs)
         .memo(kMonday, u"备忘"_qs);
   }
   void openAndType() {
     window_ = GetParam().make(state_);
-    window_->Load();
-    window_->Show();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(window_.get()));
+    open(*window_);
     type();
   }
   // Changes the row and leaves the field open.
   void type() {
-    auto* field = window_->findChild<QWidget*>(QString::fromUtf8(GetParam().field));
-    if (auto* grid = qobject_cast<GridSurface*>(field)) grid->SetCurrentCell(GetParam().col, 0);
-    field->setFocus();
-    QTest::keyClicks(field, u"y"_qs);
+    if (GetParam().col > 0) grid().SetCurrentCell(GetParam().col, 0);
+    control(GetParam().field).setFocus();
+    test::type(u"y"_qs);
   }
-  QPushButton& button(const char* name) {
-    return *window_->findChild<QPushButton*>(QString::fromUtf8(name));
-  }
-  QString status() { return window_->findChild<QLabel*>(u"EditStatus"_qs)->text(); }
-  QStringList stored() { return test::dumpOf(store_); }
+  // As its shortcut does: the focus stays in the field.
+  void save() { control<QPushButton>(GetParam().save).click(); }
 
   Window window_;
 };
@@ -88,66 +85,61 @@ class EditedWindows : public test::PlannerTest, public testing::WithParamInterfa
 
 TEST_P(EditedWindows, AskBeforeTheyCloseOverWhatIsNotSaved) {
   enum Answer { Save, Discard, Cancel };
-  const QStringList before = stored();
-  for (const Answer answer : {Cancel, Discard, Save}) {
-    openAndType();
-    prompts_.questions.clear();
-    prompts_.choices = {answer};
-    window_->close();
-    EXPECT_EQ(prompts_.questions.size(), 1) << "what is still being typed counts";
-    EXPECT_EQ(window_->isVisible(), answer == Cancel);
-    EXPECT_EQ(stored() == before, answer != Save);
-    window_.reset();
+  const QStringList before = dumpOf(store_);
+  for (const bool isLocked : {true, false}) {
+    for (const Answer answer : {Cancel, Discard, Save}) {
+      openAndType();
+      prompts_.questions.clear();
+      prompts_.choices = {answer};
+      schedule_.sql(isLocked ? u"BEGIN IMMEDIATE"_qs : u"BEGIN"_qs);
+      window_->close();
+      schedule_.sql(u"ROLLBACK"_qs);
+      EXPECT_EQ(prompts_.questions.size(), 1) << "what is still being typed counts";
+      EXPECT_EQ(window_->isVisible(), answer == Cancel || (answer == Save && isLocked));
+      EXPECT_EQ(dumpOf(store_) == before, answer != Save || isLocked);
+    }
   }
+  EXPECT_EQ(prompts_.warnings.size(), prompts_.warnings.filter(u"保存完毕"_qs).size() + 1);
   openAndType();
-  button(GetParam().save).click();
+  save();
   window_->close();
   EXPECT_EQ(prompts_.questions.size(), 1) << "nothing is left to save";
 }
 
-TEST_P(EditedWindows, StayOpenWhenTheSaveBeforeClosingFails) {
+TEST_P(EditedWindows, TakeAndLoseNothingWhileTheyCannotRead) {
+  schedule_.sql(u"BEGIN EXCLUSIVE"_qs);
   openAndType();
-  const QStringList before = stored();
-  SQLite::Database other(schedule_.path().toStdString(), SQLite::OPEN_READWRITE);
-  other.exec("BEGIN IMMEDIATE");
-  prompts_.choices = {0};
-  window_->close();
-  EXPECT_EQ(prompts_.warnings.size(), 1);
-  EXPECT_TRUE(window_->isVisible());
-  EXPECT_EQ(stored(), before);
-  EXPECT_NE(status(), QString());
-}
-
-TEST_P(EditedWindows, TakeNothingWhileTheyCouldNotRead) {
-  SQLite::Database other(schedule_.path().toStdString(), SQLite::OPEN_READWRITE);
-  const QStringList before = stored();
-  other.exec("BEGIN EXCLUSIVE");
-  openAndType();
-  EXPECT_TRUE(status().startsWith(u"没有读出来：")) << status().toStdString();
-  EXPECT_FALSE(button(GetParam().save).isEnabled());
-  other.exec("ROLLBACK");
-  button("CmdRefresh").click();
-  EXPECT_EQ(status(), QString());
-  EXPECT_EQ(stored(), before);
+  EXPECT_TRUE(text(u"EditStatus"_qs).startsWith(u"没有读出来："_qs));
+  EXPECT_FALSE(control(GetParam().save).isEnabled());
+  schedule_.sql(u"ROLLBACK"_qs);
+  click(u"CmdRefresh"_qs);
   type();
-  button(GetParam().save).click();
-  EXPECT_NE(stored(), before) << "the hindrance is gone";
+  GetParam().leave();
+  EXPECT_EQ(text(u"EditStatus"_qs), QString());
+  prompts_.warnings.clear();
+  schedule_.sql(u"BEGIN EXCLUSIVE"_qs);
+  click(u"CmdFetch"_qs);
+  EXPECT_EQ(control(GetParam().save).isEnabled(), prompts_.warnings.isEmpty());
+  schedule_.sql(u"ROLLBACK"_qs);
+  const bool isKept = control(u"CmdFetch"_qs).isVisible();
+  EXPECT_EQ(isKept, !prompts_.warnings.isEmpty());
+  if (isKept) click(u"CmdFetch"_qs);
+  save();
+  EXPECT_EQ(dumpOf(store_).filter(u"y"_qs).size(), 1) << "what was dropped is back";
 }
 
 TEST_P(EditedWindows, AskBeforeTheyOverwriteWhatAnotherCopySaved) {
   enum Answer { Overwrite, ReadAgain, Cancel };
   for (const Answer answer : {Cancel, ReadAgain, Overwrite}) {
     openAndType();
-    schedule_.sql(
-        u"UPDATE %1 = '另一个%2'"_qs.arg(QString::fromUtf8(GetParam().saved)).arg(answer));
-    const QStringList before = stored();
+    schedule_.sql(u"UPDATE %1 = '另一个%2'"_qs.arg(GetParam().saved).arg(answer));
+    const QStringList before = dumpOf(store_);
     prompts_.questions.clear();
     prompts_.choices = {answer};
-    button(GetParam().save).click();
+    save();
     EXPECT_EQ(prompts_.questions.size(), 1);
-    EXPECT_EQ(stored() == before, answer != Overwrite);
-    EXPECT_EQ(status().isEmpty(), answer != Cancel) << status().toStdString();
-    window_.reset();
+    EXPECT_EQ(dumpOf(store_) == before, answer != Overwrite);
+    EXPECT_EQ(text(u"EditStatus"_qs).isEmpty(), answer != Cancel);
   }
 }
 

@@ -94,8 +94,8 @@ TEST_F(DayPlan, SavingChangesAddsAndDeletesTheEntriesOfItsDate) {
   EXPECT_EQ(save(), QString());
   const QString otherDay = u"2007-03-06|001|别的日子|要求|1"_qs;
   EXPECT_EQ(saved(),
-            (QStringList{u"2007-03-05|001|读书|第一章|0"_qs, u"2007-03-05|002|自由文字||3"_qs,
-                         u"2007-03-05|002|第二个|要求|1"_qs, otherDay}));
+            (QStringList{u"2007-03-05|001|读书|第一章|0"_qs, u"2007-03-05|002|第二个|要求|1"_qs,
+                         u"2007-03-05|002|自由文字||3"_qs, otherDay}));
   type(0, u"|没有活动|2"_qs);
   EXPECT_EQ(save(), QString());
   EXPECT_EQ(saved(), (QStringList{u"2007-03-05|001|读书|第一章|0"_qs, otherDay}));

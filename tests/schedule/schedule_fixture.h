@@ -3,8 +3,8 @@
 #include "schedule/plan_rows.h"
 #include "store/statements.h"
 #include "store/store_error.h"
-#include "support/saved_plans.h"
 #include "support/schedule_builder.h"
+#include "support/schedule_dump.h"
 #include "support/store_fault.h"
 #include "support/text_output.h"
 

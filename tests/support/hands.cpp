@@ -13,18 +13,27 @@
 
 #include <algorithm>
 #include <gtest/gtest.h>
+#include <map>
 #include <stdexcept>
 
 namespace vellora::test {
 
 namespace {
 
+const std::map<QChar, int> kKeys{{u'\t', Qt::Key_Tab},
+                                 {u'\n', Qt::Key_Return},
+                                 {u' ', Qt::Key_Space},
+                                 {u'↑', Qt::Key_Up},
+                                 {u'↓', Qt::Key_Down}};
+
 QRect rectOf(int col, int row) {
   if (row < 0) {
     QHeaderView& heading = *grid().horizontalHeader();
     return {heading.sectionViewportPosition(col), 0, heading.sectionSize(col), heading.height()};
   }
-  return grid().visualRect(grid().model()->index(row, col));
+  const QModelIndex index = grid().model()->index(row, col);
+  grid().scrollTo(index);
+  return grid().visualRect(index);
 }
 
 QWidget& viewportOf(int row) {
@@ -65,7 +74,9 @@ void inWindowOpenedBy(const std::function<void()>& opening, const std::function<
     isOpened = true;
     work();
     if (window->isVisible()) press(Qt::Key_Escape);
-    EXPECT_FALSE(window->isVisible()) << "the window does not close";
+    if (!window->isVisible()) return;
+    ADD_FAILURE() << "the window does not close";
+    if (auto* stubborn = qobject_cast<PlannerWindow*>(window)) emit stubborn->closed();
     window->close();
   });
   eyes.start(1);
@@ -93,10 +104,18 @@ void press(int key, Qt::KeyboardModifiers modifiers, int times) {
 
 void type(const QString& text) {
   for (const QChar letter : text) {
-    const int key = letter == u'\t' ? Qt::Key_Tab : letter == u'\n' ? Qt::Key_Return : 0;
-    QTest::sendKeyEvent(QTest::Click, front().windowHandle(), Qt::Key(key), QString(letter),
-                        Qt::NoModifier);
+    if (const auto key = kKeys.find(letter); key != kKeys.end()) {
+      press(key->second);
+    } else {
+      QTest::sendKeyEvent(QTest::Click, front().windowHandle(), Qt::Key(0), QString(letter),
+                          Qt::NoModifier);
+    }
   }
+}
+
+void type(const QString& name, const QString& text) {
+  tabTo(name);
+  type(text);
 }
 
 void commit(const QString& text) {

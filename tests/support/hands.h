@@ -30,8 +30,10 @@ QString text(const QString& name);
 
 // Keys go where the focus is.
 void press(int key, Qt::KeyboardModifiers modifiers = {}, int times = 1);
-// A tab in the text is the Tab key, a line break Enter.
+// Blanks, tabs, line breaks, ↑ and ↓ in the text are those keys.
 void type(const QString& text);
+// Goes there by Tab alone first.
+void type(const QString& name, const QString& text);
 // Text as an input method hands it over.
 void commit(const QString& text);
 // Alt and the letter that a caption underlines; returns when the button has acted.

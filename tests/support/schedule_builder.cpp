@@ -6,33 +6,13 @@
 
 #include <SQLiteCpp/Database.h>
 #include <SQLiteCpp/Statement.h>
-#include <SQLiteCpp/Transaction.h>
 #include <stdexcept>
-#include <vector>
 
 namespace vellora::test {
 namespace {
 
-constexpr const char* kInsertPlan = "INSERT INTO JH VALUES (?,?,?,?,?)";
-
-void bind(SQLite::Statement& statement, int index, const QString& text) {
-  statement.bind(index, text.toStdString());
-}
-void bind(SQLite::Statement& statement, int index, qint64 number) {
-  statement.bind(index, static_cast<int64_t>(number));
-}
-
-template <typename... Values>
-void insert(SQLite::Statement& statement, const Values&... values) {
-  int index = 0;
-  (bind(statement, ++index, values), ...);
-  statement.exec();
-  statement.reset();
-}
-
-QString numbered(int number) {
-  return QString::number(number).rightJustified(3, u'0');
-}
+// Waits for a program under test that is still looking through the file.
+constexpr int kPatience = 5'000;  // milliseconds
 
 QString clockText(int minutes) {
   return QTime(0, 0).addSecs(minutes * 60).toString(u"HH:mm:ss");
@@ -40,73 +20,59 @@ QString clockText(int minutes) {
 
 }  // namespace
 
-class ScheduleBuilder::File {
- public:
-  // Waits for a program under test that is still looking through the file.
-  explicit File(const QString& path)
-      : database_(path.toStdString(), SQLite::OPEN_READWRITE, kPatience) {
-    database_.exec("PRAGMA synchronous=OFF");
-  }
-
-  SQLite::Database& database() { return database_; }
-
-  template <typename... Values>
-  void insertInto(const char* sql, const Values&... values) {
-    SQLite::Statement statement(database_, sql);
-    insert(statement, values...);
-  }
-
- private:
-  static constexpr int kPatience = 5'000;  // milliseconds
-  SQLite::Database database_;
-};
-
 ScheduleBuilder::ScheduleBuilder() {
   if (!folder_.isValid()) throw std::runtime_error(folder_.errorString().toStdString());
   createSchedule(path());
-  file_ = std::make_unique<File>(path());
+  file_ =
+      std::make_unique<SQLite::Database>(path().toStdString(), SQLite::OPEN_READWRITE, kPatience);
+  sql(u"PRAGMA synchronous=OFF"_qs);
 }
 
 ScheduleBuilder::~ScheduleBuilder() = default;
 
+// The columns make numbers of the texts that are some.
+ScheduleBuilder& ScheduleBuilder::insert(const char* table, const QStringList& values) {
+  const QString places = QStringList(values.size(), u"?"_qs).join(u',');
+  SQLite::Statement statement(
+      *file_, "INSERT INTO " + std::string(table) + " VALUES (" + places.toStdString() + ')');
+  for (int i = 0; i < values.size(); ++i) statement.bind(i + 1, values[i].toStdString());
+  statement.exec();
+  return *this;
+}
+
 ScheduleBuilder& ScheduleBuilder::block(const QString& code, const QString& start,
                                         const QString& end, const QString& name) {
-  file_->insertInto("INSERT INTO SJ VALUES (?,?,?,?)", code, name, start, end);
-  return *this;
+  return insert("SJ", {code, name, start, end});
 }
 
 ScheduleBuilder& ScheduleBuilder::item(const QString& number, const QString& name,
                                        const QString& category, int completed, qint64 colour) {
-  file_->insertInto("INSERT INTO HD VALUES (?,?,?,?,?)", number, name, category, qint64{completed},
-                    colour);
-  return *this;
+  return insert("HD",
+                {number, name, category, QString::number(completed), QString::number(colour)});
 }
 
 ScheduleBuilder& ScheduleBuilder::plan(QDate date, const QString& code, const QString& activity,
                                        const QString& requirement, int level) {
-  file_->insertInto(kInsertPlan, isoDate(date), code, activity, requirement, qint64{level});
-  return *this;
+  return insert("JH", {isoDate(date), code, activity, requirement, QString::number(level)});
 }
 
 ScheduleBuilder& ScheduleBuilder::memo(QDate date, const QString& text) {
-  file_->insertInto("INSERT INTO BW VALUES (?,?)", isoDate(date), text);
-  return *this;
+  return insert("BW", {isoDate(date), text});
 }
 
 ScheduleBuilder& ScheduleBuilder::weekName(QDate first, QDate last, const QString& name) {
-  file_->insertInto("INSERT INTO MM VALUES (?,?,?)", isoDate(first), isoDate(last), name);
-  return *this;
+  return insert("MM", {isoDate(first), isoDate(last), name});
 }
 
 ScheduleBuilder& ScheduleBuilder::skin(const QString& path) {
-  file_->insertInto("INSERT INTO JM VALUES (?)", path);
-  return *this;
+  return insert("JM", {path});
 }
 
 ScheduleBuilder& ScheduleBuilder::fullDay(int blocks) {
   const int length = 24 * 60 / blocks;
   for (int i = 0; i < blocks; ++i) {
-    block(numbered(i + 1), clockText(i * length), clockText((i + 1) * length - 1));
+    block(u"%1"_qs.arg(i + 1, 3, 10, QChar(u'0')), clockText(i * length),
+          clockText((i + 1) * length - 1));
   }
   return *this;
 }
@@ -114,26 +80,22 @@ ScheduleBuilder& ScheduleBuilder::fullDay(int blocks) {
 ScheduleBuilder& ScheduleBuilder::items(int count) {
   for (int i = 1; i <= count; ++i) {
     const Category& category = categories()[static_cast<std::size_t>(i % kCategoryCount)];
-    item(numbered(i), u"活动" + numbered(i), category.label, 0, category.colour);
+    const QString number = u"%1"_qs.arg(i, 3, 10, QChar(u'0'));
+    item(number, u"活动" + number, category.label, 0, category.colour);
   }
   return *this;
 }
 
 ScheduleBuilder& ScheduleBuilder::fullPlan(QDate first, qint64 days, int blocks, int activities) {
-  SQLite::Transaction transaction(file_->database());
-  SQLite::Statement statement(file_->database(), kInsertPlan);
-  for (qint64 i = 0; i < days * blocks; ++i) {
-    insert(statement, isoDate(first.addDays(i / blocks)),
-           numbered(static_cast<int>(i % blocks) + 1),
-           u"活动" + numbered(static_cast<int>(i % activities) + 1), QStringLiteral("按时完成"),
-           i % 5);
-  }
-  transaction.commit();
-  return *this;
+  const QString statement =
+      u"WITH RECURSIVE n(i) AS (SELECT 0 UNION ALL SELECT i+1 FROM n LIMIT %2*%3) "
+      "INSERT INTO JH SELECT date('%1',i/%3||' days'),printf('%03d',mod(i,%3)+1),"
+      "printf('活动%03d',mod(i,%4)+1),'按时完成',mod(i,5) FROM n"_qs;
+  return sql(statement.arg(isoDate(first)).arg(days).arg(blocks).arg(activities));
 }
 
 ScheduleBuilder& ScheduleBuilder::sql(const QString& statement) {
-  file_->database().exec(statement.toStdString());
+  file_->exec(statement.toStdString());
   return *this;
 }
 

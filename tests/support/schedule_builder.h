@@ -8,6 +8,10 @@
 
 #include <memory>
 
+namespace SQLite {
+class Database;
+}
+
 namespace vellora::test {
 
 inline const QDate kMonday(2007, 3, 5);
@@ -48,10 +52,10 @@ class ScheduleBuilder {
   ScheduleBuilder& sql(const QString& statement);
 
  private:
-  class File;
+  ScheduleBuilder& insert(const char* table, const QStringList& values);
 
   QTemporaryDir folder_;
-  std::unique_ptr<File> file_;
+  std::unique_ptr<SQLite::Database> file_;
 };
 
 }  // namespace vellora::test

@@ -25,4 +25,11 @@ inline QStringList dumpOf(ScheduleStore& store) {
   return rows;
 }
 
+// Every saved entry.
+inline QStringList savedPlans(ScheduleStore& store) {
+  QStringList plans;
+  for (const QString& row : dumpOf(store).filter(u"JH|"_qs)) plans << row.mid(3);
+  return plans;
+}
+
 }  // namespace vellora::test
