@@ -6,10 +6,8 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPlainTextEdit>
-#include <QScrollBar>
 
 #include <gtest/gtest.h>
-#include <set>
 
 namespace vellora {
 namespace {
@@ -43,24 +41,6 @@ TEST(SkinStyle, ShowsTheEdgesOfFieldsOnADarkWindow) {
       for (int i = 0; i < 3 * 24; ++i) points += picture.pixelColor(i % 3, i / 3) == kEdge ? 1 : 0;
       EXPECT_EQ(points >= 8, window == Qt::black) << control->metaObject()->className();
     }
-  }
-}
-
-TEST(SkinStyle, TellsTheSliderOfAScrollBarFromItsTrackWithoutShades) {
-  QScrollBar bar(Qt::Vertical);
-  bar.setRange(0, 100);
-  bar.setPageStep(100);
-  for (const QRgb button : {0xff000000, 0xfff0f0f0}) {
-    const QImage picture = pictureOf(bar, {16, 400}, QPalette(QColor(button)));
-    std::set<QRgb> slider;
-    std::set<QRgb> track;
-    for (int x = 0; x < picture.width(); ++x) {
-      slider.insert(picture.pixel(x, 100));
-      track.insert(picture.pixel(x, 300));
-    }
-    EXPECT_EQ(slider, (std::set<QRgb>{kEdge.rgb(), button}));
-    EXPECT_EQ(track.size(), 1U);
-    EXPECT_NE(picture.pixel(0, 100), *track.begin());
   }
 }
 

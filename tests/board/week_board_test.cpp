@@ -1,24 +1,22 @@
 #include "board/week_board.h"
 
 #include "grid/surface/grid_surface.h"
+#include "routine/calendar_text.h"
 #include "shell/date_picker.h"
 #include "shell/status_line.h"
-#include "store/store_error.h"
+#include "support/hands.h"
 #include "support/planner_test.h"
+#include "support/temporary_folder.h"
 
-#include <QFile>
 #include <QLabel>
-#include <QPushButton>
 #include <QTest>
-
-#include <gtest/gtest.h>
 
 namespace vellora {
 namespace {
 
-using test::kMonday;
+using namespace test;
 
-class WeekBoardTest : public test::PlannerTest {
+class WeekBoardTest : public PlannerTest {
  protected:
   WeekBoardTest() {
     schedule_.block(u"001"_qs, u"08:00:00"_qs, u"09:00:00"_qs)
@@ -28,128 +26,71 @@ class WeekBoardTest : public test::PlannerTest {
         .memo(kMonday, u"交[*]报告"_qs)
         .weekName(kMonday, kMonday.addDays(6), u"第一周"_qs)
         .skin(u"KTZ9.SKN"_qs);
+    board_.attachDayHeading([this](QDate day) { opened_ << isoDate(day); });
+    board_.attachPlannedCell([this](const QString& activity) { opened_ << activity; });
   }
-
-  void open() {
-    board_.Load();
-    board_.Show();
+  // First cell, weekday, week name and the title behind the program's name.
+  QString shown() {
+    return QStringList{cell(1, 1), text(u"Lxq"_qs), text(u"Lmm"_qs),
+                       board_.windowTitle().section(u"2.8版   "_qs, 1)}
+        .join(u'|');
   }
-  void click(const QString& name) {
-    QTest::mouseClick(board_.findChild<QPushButton*>(name), Qt::LeftButton);
-  }
-  void clickCell(int col, int row) {
-    const QPoint place = grid().visualRect(grid().model()->index(row, col)).center();
-    QTest::mouseClick(grid().viewport(), Qt::LeftButton, {}, place);
-  }
-  GridSurface& grid() { return *board_.findChild<GridSurface*>(u"Cell1"_qs); }
-  QString label(const QString& name) { return board_.findChild<QLabel*>(name)->text(); }
-  QString statusLine() {
-    for (const auto* line : board_.findChildren<StatusLine*>()) {
-      if (line->isVisible()) return line->text();
-    }
-    return {};
-  }
-  QString shown(int col, int row) { return grid().GetCellText(col, row); }
   qsizetype rowsOf(const QString& table) { return store_.open(table).count(); }
 
   WeekBoard board_{state_};
+  QStringList opened_;
 };
 
 }  // namespace
 
-TEST_F(WeekBoardTest, OpensAtTodayWithPlansWeekNameAndMemo) {
-  open();
-  EXPECT_EQ(board_.firstDay(), kMonday);
-  EXPECT_EQ(shown(1, 1), u"读书\r要求"_qs);
-  EXPECT_EQ(shown(0, 0), u"时间\\日期"_qs);
-  EXPECT_EQ(label(u"Lxq"_qs), u"星期一"_qs);
-  EXPECT_EQ(label(u"Lmm"_qs), u"第一周"_qs);
-  EXPECT_EQ(board_.windowTitle(), u"   Vellora日程表2.8版   2007-03-05        交[*][*]报告"_qs);
-  EXPECT_TRUE(grid().RedrawSwitch());
+TEST_F(WeekBoardTest, OpensAtTodayAndStepsByDayAndByWeek) {
+  const QString name = u"<b>"_qs + QString(200, u'周');
+  schedule_.weekName(kMonday.addDays(6), kMonday.addDays(7), name);
+  open(board_);
+  EXPECT_EQ(cell(0, 0), u"时间\\日期"_qs);
+  EXPECT_EQ(shown(), u"读书/要求|星期一|第一周|2007-03-05        交[*][*]报告"_qs);
+  const int width = board_.minimumSizeHint().width();
+  const std::pair<QString, QString> steps[]{
+      {u"Cm4"_qs, u"跑步/要求|星期一|"_qs + name + u"|2007-03-12"},
+      {u"Cm2"_qs, u"|星期日|第一周|2007-03-11"_qs},
+      {u"Cm3"_qs, u"跑步/要求|星期一|"_qs + name + u"|2007-03-12"},
+      {u"Cm1"_qs, u"读书/要求|星期一|第一周|2007-03-05        交[*][*]报告"_qs}};
+  for (const auto& [button, after] : steps) {
+    click(button);
+    EXPECT_EQ(shown(), after);
+    EXPECT_EQ(board_.minimumSizeHint().width(), width) << "a long name widens nothing";
+  }
+  control<DatePicker>(u"D1"_qs).setDate(kMonday.addDays(1));
+  EXPECT_EQ(cell(7, 1), u"跑步/要求"_qs);
   EXPECT_TRUE(prompts_.warnings.isEmpty());
 }
 
-TEST_F(WeekBoardTest, ShowsALongWeekNameAsItStandsWithoutGrowing) {
-  const QString name = u"<b>"_qs + QString(200, u'周');
-  schedule_.weekName(kMonday.addDays(7), kMonday.addDays(13), name);
-  open();
-  const int width = board_.minimumSizeHint().width();
-  click(u"Cm4"_qs);
-  EXPECT_EQ(label(u"Lmm"_qs), name);
-  EXPECT_EQ(board_.findChild<QLabel*>(u"Lmm"_qs)->textFormat(), Qt::PlainText);
-  EXPECT_EQ(board_.minimumSizeHint().width(), width);
-}
-
-TEST_F(WeekBoardTest, StepsByDayAndByWeek) {
-  open();
-  click(u"Cm4"_qs);
-  EXPECT_EQ(shown(1, 1), u"跑步\r要求"_qs);
-  EXPECT_EQ(label(u"Lmm"_qs), QString());
-  EXPECT_EQ(board_.windowTitle(), u"   Vellora日程表2.8版   2007-03-12"_qs);
-  click(u"Cm2"_qs);
-  EXPECT_EQ(shown(2, 1), u"跑步\r要求"_qs);
-  EXPECT_EQ(label(u"Lxq"_qs), u"星期日"_qs);
+TEST_F(WeekBoardTest, AClickOrAKeyOpensADayOrAnActivityAndNothingElse) {
+  open(board_);
+  clickCell(3, 0);
+  clickCell(1, 1);
+  for (const auto& [col, row] : {std::pair{0, 0}, {0, 1}, {2, 1}}) clickCell(col, row);
+  for (const auto& [col, row] : {std::pair{7, 0}, {1, 1}}) {
+    grid().SetCurrentCell(col, row);
+    QTest::keyClick(&grid(), Qt::Key_Return);
+  }
   click(u"Cm3"_qs);
-  click(u"Cm1"_qs);
-  EXPECT_EQ(board_.firstDay(), kMonday);
-  board_.findChild<DatePicker*>(u"D1"_qs)->setDate(kMonday.addDays(1));
-  EXPECT_EQ(shown(7, 1), u"跑步\r要求"_qs);
+  clickCell(1, 1);
+  EXPECT_EQ(opened_, (QStringList{u"2007-03-07"_qs, u"读书"_qs, u"2007-03-11"_qs, u"读书"_qs}));
 }
 
-TEST_F(WeekBoardTest, RebuildsAfterAWindowOnlyWhenTheFlagIsSet) {
-  open();
+TEST_F(WeekBoardTest, IsRebuiltAfterAWindowOnlyWhenTheFlagIsSet) {
   board_.attachCommand(BoardCommand::Statistics, [&] { store_.execute(u"DELETE * FROM JH"_qs); });
   board_.attachCommand(BoardCommand::DailyPlan, [&] { board_.setRedrawFlag(); });
+  open(board_);
   click(u"Command3"_qs);
-  EXPECT_EQ(shown(1, 1), u"读书\r要求"_qs);
+  EXPECT_EQ(cell(1, 1), u"读书/要求"_qs);
   click(u"Command1"_qs);
-  EXPECT_EQ(shown(1, 1), QString());
-}
-
-TEST_F(WeekBoardTest, OpensTheDayOrTheActivityThatIsClickedAndIsRebuiltOnReturn) {
-  QList<QDate> days;
-  QStringList activities;
-  board_.attachDayHeading([&](QDate day) { days << day; });
-  board_.attachPlannedCell([&](const QString& activity) {
-    activities << activity;
-    store_.execute(u"DELETE * FROM JH"_qs);
-    board_.setRedrawFlag();
-  });
-  open();
-  clickCell(3, 0);
-  EXPECT_EQ(days, QList<QDate>{kMonday.addDays(2)});
-  clickCell(1, 1);
-  EXPECT_EQ(activities, QStringList{u"读书"_qs});
-  EXPECT_EQ(shown(1, 1), QString());
-}
-
-TEST_F(WeekBoardTest, CellsWithoutADayOrAPlanOpenNothing) {
-  int opened = 0;
-  board_.attachDayHeading([&](QDate) { ++opened; });
-  board_.attachPlannedCell([&](const QString&) { ++opened; });
-  open();
-  clickCell(0, 0);
-  clickCell(0, 1);
-  clickCell(2, 1);
-  click(u"Cm3"_qs);
-  clickCell(1, 1);
-  EXPECT_EQ(opened, 0);
-}
-
-TEST_F(WeekBoardTest, TheKeyboardOpensWhatAClickOpens) {
-  QList<QDate> days;
-  QStringList activities;
-  board_.attachDayHeading([&](QDate day) { days << day; });
-  board_.attachPlannedCell([&](const QString& activity) { activities << activity; });
-  open();
-  emit grid().CellActivated(7, 0);
-  emit grid().CellActivated(1, 1);
-  EXPECT_EQ(days, QList<QDate>{kMonday.addDays(6)});
-  EXPECT_EQ(activities, QStringList{u"读书"_qs});
+  EXPECT_EQ(cell(1, 1), QString());
 }
 
 TEST_F(WeekBoardTest, ClearsPlansMemosWeekNamesAndSkinOnlyAfterYes) {
-  open();
+  open(board_);
   click(u"Command9"_qs);
   EXPECT_EQ(rowsOf(u"JH"_qs), 2);
   EXPECT_EQ(prompts_.questions,
@@ -159,49 +100,41 @@ TEST_F(WeekBoardTest, ClearsPlansMemosWeekNamesAndSkinOnlyAfterYes) {
   click(u"Command9"_qs);
   for (const auto& table : {u"JH"_qs, u"BW"_qs, u"MM"_qs, u"JM"_qs}) EXPECT_EQ(rowsOf(table), 0);
   for (const auto& table : {u"SJ"_qs, u"HD"_qs}) EXPECT_EQ(rowsOf(table), 1);
-  EXPECT_EQ(shown(1, 1), QString());
-  EXPECT_EQ(label(u"Lmm"_qs), QString());
-  EXPECT_EQ(board_.windowTitle(), u"   Vellora日程表2.8版   2007-03-05"_qs);
+  EXPECT_EQ(shown(), u"|星期一||2007-03-05"_qs);
 }
 
 TEST_F(WeekBoardTest, StaysAsItWasWhenAStepOrARebuildFailsAndSaysHowToTryAgain) {
-  open();
+  open(board_);
+  const QString before = shown();
   schedule_.sql(u"ALTER TABLE JH RENAME TO JH_away"_qs);
   click(u"Cm3"_qs);
-  EXPECT_EQ(prompts_.warnings.size(), 1);
   EXPECT_EQ(board_.firstDay(), kMonday) << "what is shown and what is picked agree";
-  EXPECT_EQ(label(u"Lxq"_qs), u"星期一"_qs);
   board_.setRedrawFlag();
   board_.RebuildBoard();
-  EXPECT_EQ(shown(1, 1), u"读书\r要求"_qs);
+  EXPECT_EQ(shown(), before);
   EXPECT_EQ(grid().CellTag(1, 0), u"2007-03-05"_qs);
-  EXPECT_TRUE(statusLine().contains(u"F5"_qs));
+  EXPECT_TRUE(text(u"StatusLine"_qs).contains(u"F5"_qs));
+  EXPECT_EQ(prompts_.warnings.size(), 2);
   schedule_.sql(u"ALTER TABLE JH_away RENAME TO JH"_qs);
   schedule_.plan(kMonday.addDays(1), u"001"_qs, u"跑步"_qs);
-  ASSERT_TRUE(QTest::qWaitForWindowActive(&board_));
   QTest::keyClick(&board_, Qt::Key_F5);
-  EXPECT_EQ(shown(2, 1), u"跑步\r要求"_qs);
-  EXPECT_EQ(statusLine(), QString());
-  EXPECT_EQ(prompts_.warnings.size(), 2);
+  EXPECT_EQ(cell(2, 1), u"跑步/要求"_qs);
+  EXPECT_EQ(text(u"StatusLine"_qs), QString());
 }
 
-TEST_F(WeekBoardTest, TakesColumnWidthsFromItsTemplate) {
+TEST_F(WeekBoardTest, TakesColumnWidthsFromItsTemplateAndDoesWithoutABrokenOne) {
+  const QString path = schedule_.folder() + u"/JH.ZRT";
   GridSurface saved;
   saved.SetCols(20);
   saved.sheet().SetColumnWidth(3, 222);
-  saved.SaveFile(schedule_.folder() + u"/JH.ZRT"_qs);
-  open();
+  saved.SaveFile(path);
+  open(board_);
   EXPECT_EQ(grid().sheet().ColumnWidth(3), 222);
   EXPECT_EQ(grid().Cols(), 8);
-}
-
-TEST_F(WeekBoardTest, GoesOnFromAnEmptySheetWhenTheTemplateIsBroken) {
-  QFile file(schedule_.folder() + u"/JH.ZRT"_qs);
-  ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-  file.write("no workbook");
-  file.close();
-  open();
-  EXPECT_EQ(shown(1, 1), u"读书\r要求"_qs);
+  writeBytes(path, "no workbook");
+  WeekBoard other(state_);
+  open(other);
+  EXPECT_EQ(cell(1, 1), u"读书/要求"_qs);
   EXPECT_TRUE(prompts_.warnings.isEmpty());
 }
 

@@ -1,7 +1,7 @@
 #include "faults/child.h"
 
 #include "grid/files/file_error.h"
-#include "schedule/backup_records.h"
+#include "routine/work_step.h"
 #include "store/store_error.h"
 
 #include <cstdio>
@@ -19,21 +19,20 @@ bool isChinese(const QString& description) {
                      [](QChar c) { return c.script() == QChar::Script_Han; });
 }
 
-Told toldBy(const std::function<void()>& work) {
+Outcome outcomeOf(const std::function<void()>& work) {
   try {
     work();
     return kDone;
+  } catch (const WorkCancelled&) {
+    return kCancelled;
   } catch (const WrittenFileError&) {
-    return kDoneDespiteAnError;
+    return kDone;
   } catch (const std::exception& error) {
     const auto* ofStore = dynamic_cast<const StoreError*>(&error);
-    if (ofStore && ofStore->fault() == StoreFault::SavedDespiteError) return kDoneDespiteAnError;
-    const bool isShown = ofStore || dynamic_cast<const FileError*>(&error) ||
-                         dynamic_cast<const BackupError*>(&error) ||
-                         dynamic_cast<const Refusal*>(&error);
-    if (!isShown) std::fputs(error.what(), stderr);
-    if (!isShown) return kOther;
-    return isChinese(QString::fromUtf8(error.what())) ? kRefused : kRefusedWithoutAReason;
+    if (ofStore && ofStore->fault() == StoreFault::SavedDespiteError) return kDone;
+    if (isChinese(QString::fromUtf8(error.what()))) return kRefused;
+    std::fputs(error.what(), stderr);
+    return kUnexpected;
   }
 }
 

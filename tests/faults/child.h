@@ -3,22 +3,16 @@
 #include <QString>
 
 #include <functional>
-#include <stdexcept>
 
 namespace vellora::test {
 
 // Whether the long runs are wanted: the same questions, asked more often.
 bool isThorough();
 
-// What a save reports that tells its failure instead of throwing it.
-class Refusal : public std::runtime_error {
- public:
-  using std::runtime_error::runtime_error;
-};
-
-// What becomes of work that may throw the errors that windows show.
-enum Told { kDone, kRefused, kRefusedWithoutAReason, kOther, kDoneDespiteAnError };
-Told toldBy(const std::function<void()>& work);
+// How work ends that may throw the errors that windows show. What says nothing to the user, in
+// Chinese, is unexpected.
+enum Outcome { kDone, kRefused, kCancelled, kUnexpected };
+Outcome outcomeOf(const std::function<void()>& work);
 
 // Whether it is a sentence for the user.
 bool isChinese(const QString& description);

@@ -11,23 +11,19 @@ namespace vellora::test {
 // functions before the system's, also for the libraries, so that the program under test is the real
 // one. Meant for a forked child: nothing here is undone.
 struct CallFault {
-  enum class Kind {
-    None,
-    FailsOnce,
-    FailsFromThenOn,
-    WritesHalf,           // which is no failure: the rest has to be written by a further call
-    WritesHalfThenFails,  // that and every later write: the disk is full
-    Kills,                // just before the call
-    KillsHalfway,         // a write has written its first half
-  };
-  Kind kind = Kind::None;
-  int at = 0;     // the call that meets the fault, counted from 0
-  int error = 0;  // errno of a failing call
+  qint64 at = std::numeric_limits<qint64>::max();  // the call that meets it, counted from 0
+  int error = 0;                                   // errno of a failing call
+  bool lasts = false;                              // later calls fail as well
+  bool kills = false;                              // this process, before the call
+  // Only writes meet the fault, and the first still writes its first half. Without an error to
+  // follow this is no failure: the rest has to be written by a further call.
+  bool halves = false;
 
   // Bytes by which files can still grow before the disk is full.
   qint64 room = std::numeric_limits<qint64>::max();
-  bool isReadOnly = false;
-  bool isUnreadable = false;  // from now on
+  // Steps until the user cancels the work, which its progress has to ask about: that is no call.
+  qint64 steps = std::numeric_limits<qint64>::max();
+  int closed = 0;  // errno wherever a file is opened for writing, renamed or removed
 };
 
 // From now on.

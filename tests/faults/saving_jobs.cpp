@@ -1,8 +1,9 @@
 #include "faults/saving_jobs.h"
 
-#include "faults/child.h"
 #include "grid/files/excel_writer.h"
+#include "grid/files/html_writer.h"
 #include "grid/files/workbook_file.h"
+#include "grid/print/print_preview.h"
 #include "routine/calendar_text.h"
 #include "routine/category.h"
 #include "schedule/backup.h"
@@ -12,138 +13,131 @@
 #include "schedule/plan_rows.h"
 #include "schedule/plan_saving.h"
 #include "schedule/time_blocks.h"
-#include "schedule/week_names.h"
 #include "store/statements.h"
+
+#include <QPageLayout>
 
 namespace vellora::test {
 namespace {
 
 const QString kActivity = u"活动001"_qs;
 
-QString pathIn(const QString& folder, const char16_t* name) {
-  return folder + u'/' + QString::fromUtf16(name);
-}
+// What a job works with.
+struct Desk {
+  QString pathOf(const QString& name) const { return folder + u'/' + name; }
+  void listPlan() {
+    setUpPlanRows(sheet);
+    listEntries(store, sheet, TimeBlockList(store), kActivity);
+  }
 
-ScheduleStore storeIn(const QString& folder) {
-  return ScheduleStore(pathIn(folder, u"SY.mdb"));
+  QString folder;
+  WorkProgress progress;
+  ScheduleStore store{pathOf(u"SY.mdb"_qs)};
+  Sheet sheet{};
+  Workbook workbook{};
+};
+
+template <void (*work)(Desk&)>
+void at(const QString& folder, const WorkProgress& progress) {
+  Desk desk{folder, progress};
+  work(desk);
 }
 
 void throwIfRefused(const QString& failure) {
-  if (!failure.isEmpty()) throw Refusal(failure.toStdString());
+  if (!failure.isEmpty()) throw std::runtime_error(failure.toStdString());
 }
 
-void saveBlocks(const QString& folder) {
-  ScheduleStore store = storeIn(folder);
-  Sheet sheet;
-  setUpTimeBlocks(sheet);
-  LoadTimeBlocks(store, sheet);
-  for (int row = 0; row < 10; ++row) sheet.SetCellText(3, row, u"改名"_qs + QString(90, u'长'));
-  sheet.SetCellText(2, 19, {});
-  SaveTimeBlocks(store, sheet);
+void saveBlocks(Desk& desk) {
+  setUpTimeBlocks(desk.sheet);
+  LoadTimeBlocks(desk.store, desk.sheet);
+  for (int row = 0; row < 10; ++row) desk.sheet.SetCellText(3, row, QString(90, u'长'));
+  desk.sheet.SetCellText(2, 19, {});
+  SaveTimeBlocks(desk.store, desk.sheet);
 }
 
-void saveWeekNames(const QString& folder) {
-  ScheduleStore store = storeIn(folder);
-  Sheet sheet;
-  setUpWeekNames(sheet);
-  LoadWeekNames(store, sheet);
-  addFollowingWeeks(sheet, sheet.Rows() - 2);
-  for (int row = 0; row < sheet.Rows() - 1; ++row) {
-    sheet.SetCellText(kWeekNameCol, row, u"周"_qs + QString::number(row));
-  }
-  SaveWeekNames(store, sheet);
-}
-
-void saveMemo(const QString& folder) {
-  ScheduleStore store = storeIn(folder);
-  storeMemo(store, kMonday, QString(9'000, u'新'));
-}
-
-void changeItem(const QString& folder) {
-  ScheduleStore store = storeIn(folder);
-  Sheet sheet;
-  setUpItemSheet(sheet);
-  ItemCatalogue catalogue(store);
-  catalogue.filter(allCategoriesLabel(), sheet);
+void changeItem(Desk& desk) {
+  setUpItemSheet(desk.sheet);
+  ItemCatalogue catalogue(desk.store);
+  catalogue.filter(allCategoriesLabel(), desk.sheet);
   if (catalogue.find(u"007"_qs)) catalogue.change({u"007"_qs, u"改名"_qs, u"3-运动"_qs, true});
 }
 
 // Some entries change, the first goes, two are new.
-void writePlan(const QString& folder) {
-  ScheduleStore store = storeIn(folder);
-  const TimeBlockList blocks(store);
-  Sheet sheet;
-  setUpPlanRows(sheet);
-  listEntries(store, sheet, blocks, kActivity);
+void savePlan(Desk& desk) {
+  desk.listPlan();
+  Sheet& sheet = desk.sheet;
   for (int row = 1; row < 6; ++row) sheet.SetCellText(kPlanRequirement, row, QString(99, u'改'));
   sheet.DeleteRows(0, 1);
+  const TimeBlockList blocks(desk.store);
   const int spare = sheet.Rows() - kSparePlanRows;
   for (int i = 0; i < 2; ++i) {
     placePlanRow(sheet, spare + i, kMonday.addDays(40 + i), *blocks.at(i), kActivity);
   }
-  throwIfRefused(vellora::writePlan(store, sheet, kActivity, nullptr).failure);
+  throwIfRefused(writePlan(desk.store, sheet, kActivity, nullptr, desk.progress).failure);
 }
 
 // Half of the day's entries change, one goes, one is new.
-void saveDay(const QString& folder) {
-  ScheduleStore store = storeIn(folder);
-  Sheet sheet;
+void saveDay(Desk& desk) {
+  Sheet& sheet = desk.sheet;
   setUpDayRows(sheet);
-  layOutBlockRows(sheet, TimeBlockList(store));
-  const QList<OpenItem> items = readOpenItems(store);
-  const SavedEntries saved(store, kMonday);
+  layOutBlockRows(sheet, TimeBlockList(desk.store));
+  const QList<OpenItem> items = readOpenItems(desk.store);
+  const SavedEntries saved(desk.store, kMonday);
   showDayPlan(sheet, kMonday, saved, items);
   for (int row = 0; row < 10; ++row) sheet.SetCellText(kDayRequirement, row, QString(99, u'改'));
   sheet.SetCellText(kDayActivity, 11, {});
   placeDayActivity(sheet, sheet.Rows() - 1, items.constFirst());
-  throwIfRefused(writeDayPlan(store, sheet, kMonday, saved, false).failure);
+  throwIfRefused(writeDayPlan(desk.store, sheet, kMonday, saved, false).failure);
 }
 
-void addIndices(const QString& folder) {
-  storeIn(folder).open(statements::itemNamed(kActivity));
+void exportHtml(Desk& desk) {
+  desk.listPlan();
+  writeHtmlFile(desk.sheet, {}, u"表"_qs, desk.pathOf(u"表.htm"_qs), desk.progress);
 }
 
-void restore(const QString& folder) {
-  ScheduleStore store = storeIn(folder);
-  Workbook workbook;
-  RestoreTables(store, workbook, pathIn(folder, u"别的.KTZ"));
+void exportExcel(Desk& desk) {
+  desk.listPlan();
+  writeExcelFile(desk.sheet, {}, u"表"_qs, desk.pathOf(u"表.xls"_qs), desk.progress);
 }
 
-void replaceBackup(const QString& folder) {
-  ScheduleStore store = storeIn(folder);
-  Workbook workbook;
-  BackupTables(store, workbook, pathIn(folder, u"旧.KTZ"), folder);
+void exportPdf(Desk& desk) {
+  desk.listPlan();
+  // Pages take long, and all are written alike.
+  desk.sheet.SetRows(std::min(desk.sheet.Rows(), 200));
+  savePdf(desk.sheet, {}, PrintHeadings::HeadingStrip, paperOf({}), u"表"_qs,
+          desk.pathOf(u"表.pdf"_qs), desk.progress);
 }
 
-Sheet listed(const QString& folder) {
-  ScheduleStore store = storeIn(folder);
-  Sheet sheet;
-  setUpPlanRows(sheet);
-  listEntries(store, sheet, TimeBlockList(store), kActivity);
-  return sheet;
+void saveTemplate(Desk& desk) {
+  desk.listPlan();
+  desk.sheet.SetRows(600);
+  for (int row = 0; row < 600; ++row) desk.sheet.SetCellTag(0, row, QString::number(row));
+  desk.workbook.sheet() = desk.sheet;
+  writeWorkbookFile(desk.workbook, desk.pathOf(u"JH.ZRT"_qs),
+                    [&desk] { report(desk.progress, {u"……"_qs}); });
 }
 
-void exportExcel(const QString& folder) {
-  writeExcelFile(listed(folder), {}, u"表"_qs, pathIn(folder, u"表.xls"));
-}
-
-void saveTemplate(const QString& folder) {
-  Workbook workbook;
-  workbook.sheet() = listed(folder);
-  writeWorkbookFile(workbook, pathIn(folder, u"JH.ZRT"));
-}
-
-constexpr SavingJob kJobs[]{{"time_blocks", saveBlocks},
-                            {"week_names", saveWeekNames},
-                            {"memo", saveMemo},
-                            {"item", changeItem},
-                            {"activity_plan", writePlan, true},
-                            {"day_plan", saveDay, true},
-                            {"start_that_adds_indices", addIndices},
-                            {"restore", restore},
-                            {"backup", replaceBackup},
-                            {"excel_export", exportExcel},
-                            {"board_template", saveTemplate}};
+constexpr SavingJob kJobs[]{
+    {"whole_table", at<saveBlocks>},  // like the week names
+    {"memo", at<[](Desk& desk) { storeMemo(desk.store, kMonday, QString(9'000, u'新')); }>},
+    {"item", at<changeItem>},
+    {"activity_plan", at<savePlan>, true, true},
+    {"day_plan", at<saveDay>, false, true},
+    {"indices_of_a_start",
+     at<[](Desk& desk) { desk.store.open(statements::itemNamed(kActivity)); }>},
+    {"restore", at<[](Desk& desk) {
+       RestoreTables(desk.store, desk.workbook, desk.pathOf(u"别的.KTZ"_qs), desk.progress);
+     }>,
+     true},
+    {"backup", at<[](Desk& desk) {
+       BackupTables(desk.store, desk.workbook, desk.pathOf(u"旧.KTZ"_qs), desk.folder,
+                    desk.progress);
+     }>,
+     true},
+    {"html_export", at<exportHtml>, true},
+    {"excel_export", at<exportExcel>, true},
+    {"pdf_export", at<exportPdf>, true},
+    {"board_template", at<saveTemplate>, true}};
 
 }  // namespace
 
@@ -159,11 +153,12 @@ void fillSchedule(ScheduleBuilder& schedule) {
   }
   ScheduleBuilder other;
   other.fullDay(9).items(5).fullPlan(kMonday.addDays(2), 8, 8, 5).memo(kMonday, u"别的"_qs);
+  const QDir folder(schedule.folder());
   Workbook workbook;
   ScheduleStore store = other.store();
-  BackupTables(store, workbook, pathIn(schedule.folder(), u"别的.KTZ"), schedule.folder());
-  for (const char16_t* name : {u"旧.KTZ", u"表.xls", u"JH.ZRT"}) {
-    writeWorkbookFile(workbook, pathIn(schedule.folder(), name));
+  BackupTables(store, workbook, folder.filePath(u"别的.KTZ"_qs), folder.path());
+  for (const auto& name : {u"旧.KTZ"_qs, u"表.htm"_qs, u"表.xls"_qs, u"表.pdf"_qs, u"JH.ZRT"_qs}) {
+    writeWorkbookFile(workbook, folder.filePath(name));
   }
 }
 

@@ -1,8 +1,7 @@
 #pragma once
 
+#include "routine/work_step.h"
 #include "support/schedule_builder.h"
-
-#include <QString>
 
 #include <span>
 
@@ -12,8 +11,9 @@ namespace vellora::test {
 // its window calls.
 struct SavingJob {
   const char* name;
-  // Throws StoreError, FileError, BackupError or Refusal when it says that it could not be done.
-  void (*run)(const QString& folder);
+  // Throws what outcomeOf() knows.
+  void (*run)(const QString& folder, const WorkProgress& progress);
+  bool canBeCancelled = false;
   bool keepsEntriesBeforeAFailure = false;  // which are then saved one by one
 };
 

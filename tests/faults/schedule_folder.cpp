@@ -3,35 +3,31 @@
 #include "support/schedule_dump.h"
 #include "support/temporary_folder.h"
 
+#include <QCryptographicHash>
+
 #include <SQLiteCpp/Database.h>
-#include <set>
 
 namespace vellora::test {
 namespace {
+
+using Places = QMap<QString, QString>;
 
 QStringList namesIn(const QString& folder) {
   return QDir(folder).entryList(QDir::Files | QDir::Hidden);
 }
 
-// There is one entry for a date and a block; any other row stands for itself.
-QString placeOf(const QString& row) {
-  return row.startsWith(u"JH|"_qs) ? row.section(u'|', 0, 2) : row;
+// A PDF file holds the moment at which it was written.
+QString hashOf(QByteArray bytes) {
+  bytes.remove(bytes.indexOf("/CreationDate"), 40);
+  return QString::fromLatin1(QCryptographicHash::hash(bytes, QCryptographicHash::Sha256).toHex());
 }
 
-bool isIn(const QStringList& sorted, const QString& row) {
-  return std::binary_search(sorted.begin(), sorted.end(), row);
-}
-
-bool areOldOrNewEntries(const QStringList& now, const QStringList& before,
-                        const QStringList& after) {
-  std::set<QString> places, kept;
-  for (const QString& row : now) {
-    if (!isIn(before, row) && !isIn(after, row)) return false;
-    if (!places.insert(placeOf(row)).second) return false;
-  }
-  for (const QString& row : after) kept.insert(placeOf(row));
-  return std::all_of(before.begin(), before.end(), [&](const QString& row) {
-    return places.contains(placeOf(row)) || !kept.contains(placeOf(row));
+// What is missing counts as well: it must be missing in one of both.
+bool isMixOf(const Places& now, const Places& before, const Places& after) {
+  const auto places = now.keys() + before.keys() + after.keys();
+  return std::all_of(places.begin(), places.end(), [&](const QString& place) {
+    const QString found = now.value(place);
+    return found == before.value(place) || found == after.value(place);
   });
 }
 
@@ -43,9 +39,15 @@ FolderContent contentOf(const QString& folder) {
   SQLite::Database database(schedule.toStdString(), SQLite::OPEN_READONLY);
   const std::string found = database.execAndGet("PRAGMA integrity_check").getString();
   if (found != "ok") throw std::runtime_error(found);
-  FolderContent content{dumpOf(store), {}};
+  FolderContent content;
+  for (const QString& row : dumpOf(store)) {
+    const QString place = row.startsWith(u"JH|"_qs) ? row.section(u'|', 0, 2) : row;
+    if (content.rows.contains(place)) throw std::runtime_error("two rows in one place");
+    content.rows[place] = row;
+  }
   for (const QString& name : namesIn(folder)) {
-    if (!name.startsWith(u"SY.mdb"_qs)) content.files[name] = bytesOf(folder + u'/' + name);
+    if (name.startsWith(u"SY.mdb"_qs)) continue;
+    content.files[name] = hashOf(bytesOf(folder + u'/' + name));
   }
   return content;
 }
@@ -58,15 +60,8 @@ void copyFolder(const QString& from, const QString& to) {
 bool isOldOrNew(const FolderContent& now, const FolderContent& before, const FolderContent& after,
                 bool byEntry) {
   const bool isWhole = now.rows == before.rows || now.rows == after.rows;
-  if (!isWhole && !(byEntry && areOldOrNewEntries(now.rows, before.rows, after.rows))) return false;
-  for (const QString& name : before.files.keys() + now.files.keys()) {
-    const auto isAsIn = [&](const FolderContent& content) {
-      return now.files.contains(name) && content.files.contains(name) &&
-             now.files[name] == content.files[name];
-    };
-    if (!isAsIn(before) && !isAsIn(after)) return false;
-  }
-  return true;
+  return (isWhole || (byEntry && isMixOf(now.rows, before.rows, after.rows))) &&
+         isMixOf(now.files, before.files, after.files);
 }
 
 }  // namespace vellora::test

@@ -1,15 +1,14 @@
 #pragma once
 
 #include <QMap>
-#include <QStringList>
+#include <QString>
 
 namespace vellora::test {
 
-// What a schedule's folder holds: the rows of every table in a fixed order, and the bytes of every
-// other file. The schedule's own journals are none of its content.
+// What a schedule's folder holds; the schedule's own journals are none of its content.
 struct FolderContent {
-  QStringList rows;
-  QMap<QString, QByteArray> files;
+  QMap<QString, QString> rows;   // by date and block for plan entries, else by all that is in them
+  QMap<QString, QString> files;  // a hash of each other file
 
   friend bool operator==(const FolderContent&, const FolderContent&) = default;
 };
@@ -21,8 +20,8 @@ FolderContent contentOf(const QString& folder);
 // Copies the files of one folder over those of another and removes all others there.
 void copyFolder(const QString& from, const QString& to);
 
-// All rows as they were or all as they should become, and so each file for itself. `byEntry`: each
-// plan entry may be either for itself; none is missing that both have.
+// All rows as they were or all as they should become, and each file for itself. `byEntry`: so is
+// each row for itself.
 bool isOldOrNew(const FolderContent& now, const FolderContent& before, const FolderContent& after,
                 bool byEntry);
 

@@ -16,92 +16,66 @@ namespace vellora {
 namespace {
 
 const QDate kFirstDay(2007, 3, 5);
-constexpr int kCopies = 2;
 constexpr int kBlocks = 12;
 
-// One running copy of the program. What it saves tells which copy saved it, and in which round.
-class Copy {
- public:
-  Copy(const QString& path, int number) : store_(path), number_(number) {}
-
-  // One round of saves, each tried again while the other copy keeps the schedule busy.
-  void saveAll(int round) {
-    untilNotBusy([&] { storeMemo(store_, ownDay(round), mark(round)); });
-    untilNotBusy([&] { storeMemo(store_, kFirstDay.addDays(-1), mark(round)); });
-    untilNotBusy([&] { addItem(round); });
-    untilNotBusy([&] { saveBlocks(round); });
-    saveDay(round);
-  }
-  // How many of the rounds' saves are not in the schedule.
-  int lostOf(int rounds) {
-    int lost = 0;
-    for (int round = 0; round < rounds; ++round) {
-      if (memoOf(store_, ownDay(round)) != mark(round)) ++lost;
-      if (store_.open(statements::itemNamed(mark(round))).count() != 1) ++lost;
-      if (store_.open(statements::plansOn(ownDay(round))).count() != kBlocks) ++lost;
-    }
-    return lost;
-  }
-
- private:
-  // Busy is the only thing that a save may meet.
-  template <typename Save>
-  static void untilNotBusy(Save save) {
-    for (;;) {
-      try {
-        return save();
-      } catch (const StoreError& error) {
-        if (error.fault() != StoreFault::Busy) throw;
-      }
+// Busy is the only thing that a save may meet.
+void untilNotBusy(const std::function<QString()>& save) {
+  const QString busy = u"另一个程序正在使用日程文件，请稍后再试。"_qs;
+  QString failure = busy;
+  while (failure == busy) {
+    try {
+      failure = save();
+    } catch (const StoreError& error) {
+      failure = error.description();
     }
   }
+  if (!failure.isEmpty()) throw std::runtime_error(failure.toStdString());
+}
 
-  QString mark(int round) const { return u"%1-%2"_qs.arg(number_).arg(round); }
-  QDate ownDay(int round) const { return kFirstDay.addDays(round * kCopies + number_); }
-
-  void addItem(int round) {
-    Sheet sheet;
-    setUpItemSheet(sheet);
-    ItemCatalogue catalogue(store_);
-    catalogue.filter(u"2-学习"_qs, sheet);
-    catalogue.add({mark(round), mark(round), u"2-学习"_qs});
-  }
-
-  // Every block gets this copy's mark: the table must never mix those of both.
-  void saveBlocks(int round) {
-    Sheet sheet;
-    setUpTimeBlocks(sheet);
-    LoadTimeBlocks(store_, sheet);
-    for (int row = 0; row < kBlocks; ++row) sheet.SetCellText(3, row, mark(round));
-    SaveTimeBlocks(store_, sheet);
-  }
-
-  void saveDay(int round) {
-    Sheet sheet;
-    setUpDayRows(sheet);
-    layOutBlockRows(sheet, TimeBlockList(store_));
-    for (int row = 0; row < sheet.Rows(); ++row) sheet.SetCellText(kDayActivity, row, mark(round));
-    const QString busy = u"另一个程序正在使用日程文件，请稍后再试。"_qs;
-    QString failure = busy;
-    while (failure == busy) {
-      failure = writeDayPlan(store_, sheet, ownDay(round), {}, true).failure;
-    }
-    if (!failure.isEmpty()) throw std::runtime_error(failure.toStdString());
-  }
-
-  ScheduleStore store_;
-  int number_;
-};
-
-// The result of a child: 0 when it saved and found everything again.
+// One running copy of the program: saves an item and a day's memo and plan that are its own and the
+// memo and the time blocks that are everybody's, all marked with the copy and the round. Gives how
+// many of its own are not in the schedule at last.
 int liveAsCopy(const QString& path, int number) {
-  Copy copy(path, number);
+  ScheduleStore store(path);
+  int round = 0;
+  const auto mark = [&] { return u"%1-%2"_qs.arg(number).arg(round); };
+  const auto ownDay = [&] { return kFirstDay.addDays(round * 2 + number); };
+  const std::function<QString()> saves[]{
+      [&] { return storeMemo(store, ownDay(), mark()), QString(); },
+      [&] { return storeMemo(store, kFirstDay.addDays(-1), mark()), QString(); },
+      [&] {
+        Sheet items;
+        setUpItemSheet(items);
+        ItemCatalogue catalogue(store);
+        catalogue.filter(u"2-学习"_qs, items);
+        return catalogue.add({mark(), mark(), u"2-学习"_qs}), QString();
+      },
+      [&] {
+        Sheet blocks;
+        setUpTimeBlocks(blocks);
+        LoadTimeBlocks(store, blocks);
+        for (int row = 0; row < kBlocks; ++row) blocks.SetCellText(3, row, mark());
+        return SaveTimeBlocks(store, blocks), QString();
+      },
+      [&] {
+        Sheet day;
+        setUpDayRows(day);
+        layOutBlockRows(day, TimeBlockList(store));
+        for (int row = 0; row < day.Rows(); ++row) day.SetCellText(kDayActivity, row, mark());
+        return writeDayPlan(store, day, ownDay(), {}, true).failure;
+      }};
   QElapsedTimer life;
   life.start();
-  int rounds = 0;
-  const int seconds = test::isThorough() ? 60 : 0;
-  while (rounds < 12 || !life.hasExpired(seconds * 1'000)) copy.saveAll(rounds++);
-  return std::min(copy.lostOf(rounds), 127);
+  for (; round < 12 || !life.hasExpired(test::isThorough() ? 60'000 : 0); ++round) {
+    for (const auto& save : saves) untilNotBusy(save);
+  }
+  int lost = 0;
+  while (round-- > 0) {
+    lost += memoOf(store, ownDay()) != mark();
+    lost += store.open(statements::itemNamed(mark())).count() != 1;
+    lost += store.open(statements::plansOn(ownDay())).count() != kBlocks;
+  }
+  return std::min(lost, 127);
 }
 
 }  // namespace
@@ -109,17 +83,12 @@ int liveAsCopy(const QString& path, int number) {
 TEST(TwoCopies, OfTheProgramSaveAtTheSameTimeAndLoseNothing) {
   test::ScheduleBuilder schedule;
   schedule.fullDay(kBlocks);
-  const auto copy = [&](int number) {
-    return [path = schedule.path(), number] { return liveAsCopy(path, number); };
-  };
-  const int one = test::startChild(copy(0));
-  const int other = test::startChild(copy(1));
-  EXPECT_EQ(test::endOf(one), 0);
-  EXPECT_EQ(test::endOf(other), 0);
+  const int one = test::startChild([&] { return liveAsCopy(schedule.path(), 0); });
+  const int other = test::startChild([&] { return liveAsCopy(schedule.path(), 1); });
+  for (const int copy : {one, other}) EXPECT_EQ(test::endOf(copy), 0);
 
   ScheduleStore store = schedule.store();
-  EXPECT_EQ(store.open(statements::memoOn(kFirstDay.addDays(-1))).count(), 1)
-      << "of the shared day";
+  EXPECT_EQ(store.open(statements::memoOn(kFirstDay.addDays(-1))).count(), 1) << "the shared day";
   auto blocks = store.open(statements::allBlocks());
   EXPECT_EQ(blocks.count(), kBlocks);
   const QString mark = blocks.text(u"sjkm");

@@ -15,9 +15,12 @@ struct FuzzTarget {
   QByteArrayList seeds;  // good inputs to start from
 };
 
-QList<FuzzTarget> workbookTargets();
+QList<FuzzTarget> fileTargets();
 QList<FuzzTarget> statementTargets();
 QList<FuzzTarget> textTargets();
+inline QList<FuzzTarget> fuzzTargets() {
+  return fileTargets() + statementTargets() + textTargets();
+}
 
 inline void require(bool holds, const char* promise) {
   if (!holds) throw std::logic_error(promise);

@@ -8,17 +8,13 @@
 #include <algorithm>
 #include <string_view>
 
-namespace {
-
 using namespace vellora::test;
 
-const FuzzTarget& target() {
-  static const auto targets = workbookTargets() + statementTargets() + textTargets();
+static const FuzzTarget& target() {
+  static const auto targets = fuzzTargets();
   return *std::find_if(targets.begin(), targets.end(),
                        [](const auto& t) { return std::string_view(t.name) == TARGET; });
 }
-
-}  // namespace
 
 extern "C" int LLVMFuzzerInitialize(int*, char*** argv) {
   const QDir corpus(QFile::decodeName((*argv)[1]));

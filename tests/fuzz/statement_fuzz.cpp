@@ -31,29 +31,21 @@ ScheduleStore& smallStore() {
 }
 
 // A statement as the engine would get it, or why it is refused.
-struct Reading {
-  std::optional<StoreFault> fault;
-  QByteArray sql;
-  QString table;
-  bool isWholeTable = false;
-  friend bool operator==(const Reading&, const Reading&) = default;
-};
-
-Reading readingOf(QStringView statement) {
-  Reading reading;
-  reading.fault = faultOf([&] {
-    const Translation translation = translated(statement);
-    reading = {{}, translation.sql, translation.table, translation.isWholeTable};
+std::pair<std::optional<StoreFault>, QByteArray> readingOf(QStringView statement) {
+  QByteArray reading;
+  const auto fault = faultOf([&] {
+    const auto [sql, table, isWholeTable] = translated(statement);
+    reading = sql + '\n' + table.toUtf8() + (isWholeTable ? "*" : "");
   });
-  return reading;
+  return {fault, reading};
 }
 
 // What stands inside literals must not matter to anything but the literals.
 void requireShapeToTellAll(const QString& statement) {
   const StatementShape shape(statement);
-  const Reading reading = readingOf(statement);
+  const auto reading = readingOf(statement);
   require(reading == readingOf(shape.text()), "the inside of a literal changes no statement");
-  if (reading.fault) return;
+  if (reading.first) return;
   Literals literals;
   bool isTaken = false;
   const auto fault = faultOf([&] { isTaken = shape.takeLiterals(statement, literals); });

@@ -3,11 +3,6 @@
 #include "support/temporary_folder.h"
 #include "support/text_output.h"
 
-#include <QApplication>
-#include <QDialog>
-#include <QMenu>
-#include <QToolTip>
-
 #include <cmath>
 #include <sys/stat.h>
 
@@ -96,21 +91,6 @@ TEST(Skin, IsRefusedWholeWhenAnythingIsMissingOrUnreadable) {
   const QString pipe = folder.path(u"pipe.skn"_qs);
   ASSERT_EQ(mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
   EXPECT_FALSE(loadSkin(pipe));
-}
-
-TEST(Skin, IsPutOnTheWholeProgramUnlessItCannotBeLoaded) {
-  QWidget window;
-  QDialog box(&window);
-  QMenu menu;
-  GridSurface grid(&window);
-  ASSERT_TRUE(applySkin(skinPath(1), window));
-  const Skin skin = *loadSkin(skinPath(1));
-  for (const QWidget* each : std::initializer_list<QWidget*>{&window, &box, &menu}) {
-    EXPECT_EQ(each->palette().color(QPalette::Base), skin.palette.color(QPalette::Base));
-  }
-  EXPECT_EQ(QToolTip::palette(), skin.palette);
-  EXPECT_FALSE(applySkin(u"/nowhere/missing.skn"_qs, window));
-  EXPECT_EQ(QApplication::palette(), skin.palette);
 }
 
 }  // namespace vellora

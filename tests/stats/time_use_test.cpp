@@ -80,10 +80,7 @@ TEST(TimeUse, RoundsSharesToTwoDecimalsWithTiesToTheEvenNeighbour) {
   EXPECT_EQ(shareText(60'061, 60'061), u"共1001小时1分钟 占100%"_qs);
   EXPECT_EQ(totalText(kDay, kDay.addDays(1), 59),
             u"从2007-03-05到2007-03-06作息总时间为:0小时59分钟"_qs);
-}
-
-TEST(TimeUse, CountsABlockThatEndsBeforeItBeginsInWholeHoursDown) {
-  EXPECT_EQ(durationText(-90), u"-2小时30分钟"_qs);
+  EXPECT_EQ(durationText(-90), u"-2小时30分钟"_qs) << "whole hours down";
 }
 
 TEST(TimeUse, TellsNoShareOfNothingButTheRestOfItsRow) {
@@ -124,9 +121,6 @@ TEST(TimeUse, AgreesWithARecountOfRandomPlans) {
       for (int col = 0; col < 5; ++col) EXPECT_EQ(sheet.GetCellText(col, row), texts[col]);
       ++row;
     }
-    EXPECT_EQ(sheet.StyleAt(1, 1).align, 33);
-    EXPECT_EQ(sheet.StyleAt(4, 1).align, 36);
-    EXPECT_TRUE(sheet.StyleAt(4, 1).border);
   }
 }
 
