@@ -4,6 +4,7 @@
 #include "store/schema.h"
 #include "store/statement_cache.h"
 #include "store/store_error.h"
+#include "store/undo_log.h"
 
 #include <sqlite3.h>
 
@@ -24,12 +25,13 @@ qint64 ScheduleStore::execute(const QString& statement) {
   PreparedStatement& prepared = connection_->statements().setOf(statement, literals).statement;
   const StatementRun run(prepared);
   literals.bindTo(prepared);
-  const qint64 before = connection_->changeCount();
+  qint64 changed = 0;
   connection_->save([&] {
     while (prepared.step()) {
     }
+    changed = sqlite3_changes64(connection_->handle());
   });
-  return connection_->changeCount() - before;
+  return changed;
 }
 
 Recordset ScheduleStore::open(const QString& tableOrSelect) {
@@ -38,6 +40,14 @@ Recordset ScheduleStore::open(const QString& tableOrSelect) {
 
 RowCursor ScheduleStore::readOnce(const QString& tableOrSelect) {
   return {*connection_, tableOrSelect};
+}
+
+UndoLog& ScheduleStore::undoLog() {
+  if (!undo_log_) {
+    undo_log_ = std::make_unique<UndoLog>(*this, *connection_);
+    connection_->setOnSaved([this] { undo_log_->closeStep(); });
+  }
+  return *undo_log_;
 }
 
 qint64 ScheduleStore::changedRows() const {
@@ -79,8 +89,11 @@ void ScheduleStore::Transaction::commit() {
   try {
     connection_->run("COMMIT");
   } catch (const StoreError& failure) {
-    throw connection_->outcome(failure, before_);
+    const StoreError outcome = connection_->outcome(failure, before_);
+    if (outcome.fault() == StoreFault::SavedDespiteError) connection_->saved();
+    throw outcome;
   }
+  connection_->saved();
   connection_ = nullptr;
 }
 

@@ -59,6 +59,10 @@ QString plansOn(QDate date) {
   return joinedPieces(u"SELECT * FROM JH WHERE RQ="sv, date);
 }
 
+QString plansBetween(QDate first, QDate last) {
+  return joinedPieces(u"SELECT * FROM JH WHERE RQ>="sv, first, u" AND RQ<="sv, last);
+}
+
 QString planOfBlock(QDate date, const QString& code) {
   return joinedPieces(u"SELECT * FROM JH  WHERE JH.SJKH="sv, TextLiteral{code}, u" AND JH.RQ="sv,
                       date);

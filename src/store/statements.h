@@ -25,6 +25,7 @@ QString deleteBlocks();
 
 // JH, the plan entries.
 QString plansOn(QDate date);
+QString plansBetween(QDate first, QDate last);
 QString planOfBlock(QDate date, const QString& code);
 QString plansOfActivity(const QString& name);
 QString planOfActivityInBlock(const QString& name, QDate date, const QString& code);
