@@ -41,11 +41,13 @@ void PlanCommands::add(const QString& name, const QString& text, const QKeySeque
   auto* action = new QAction(text, this);
   action->setObjectName(name);
   action->setShortcut(key);
+  const bool isOfTheWindow = name == u"Undo" || name == u"Redo";
+  QWidget* where = isOfTheWindow ? board_.window : static_cast<QWidget*>(&board_.grid);
   action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
   connect(action, &QAction::triggered, this, [this, act, isPossible] {
     if ((this->*isPossible)()) (this->*act)();
   });
-  board_.grid.addAction(action);
+  where->addAction(action);
   entries_.push_back({action, isPossible, endsGroup});
 }
 
@@ -76,7 +78,7 @@ void PlanCommands::addWeekCommands() {
 }
 
 void PlanCommands::fill(QMenu& menu) {
-  UndoLog& log = board_.state.Db.undoLog();
+  UndoLog& log = store().undoLog();
   for (const Entry& entry : entries_) {
     const bool isPossible = (this->*entry.isPossible)();
     entry.action->setEnabled(true);
@@ -95,6 +97,19 @@ std::optional<PlanPlace> PlanCommands::placeAt(int col, int row) const {
   const auto day = readDate(board_.grid.CellTag(col, 0));
   if (col <= 0 || row <= 0 || !day) return {};
   return PlanPlace(*day, board_.grid.CellTag(0, row));
+}
+
+std::optional<PlannedBlock> PlanCommands::blockAt(CellPlace cell) const {
+  const auto place = placeAt(cell.col, cell.row);
+  return place ? plannedBlock(store(), *place) : std::nullopt;
+}
+
+QString PlanCommands::shownActivity(CellPlace cell) const {
+  return board_.grid.CellTag(cell.col, cell.row);
+}
+
+ScheduleStore& PlanCommands::store() const {
+  return board_.state.Db;
 }
 
 std::optional<PlanPlace> PlanCommands::current() const {
@@ -135,11 +150,11 @@ bool PlanCommands::canPaste() const {
 }
 
 bool PlanCommands::canUndo() const {
-  return board_.state.Db.undoLog().undoName().has_value();
+  return store().undoLog().undoName().has_value();
 }
 
 bool PlanCommands::canRedo() const {
-  return board_.state.Db.undoLog().redoName().has_value();
+  return store().undoLog().redoName().has_value();
 }
 
 // As stored, which may be more than the board shows.
@@ -149,7 +164,7 @@ std::vector<PlannedBlock> PlanCommands::selectedBlocks() const {
   for (int row = qMax(cells.row1, 1); row <= cells.row2; ++row) {
     for (int col = qMax(cells.col1, 1); col <= cells.col2; ++col) {
       const auto place = placeAt(col, row);
-      if (auto block = place ? plannedBlock(board_.state.Db, *place) : std::nullopt) {
+      if (auto block = place ? plannedBlock(store(), *place) : std::nullopt) {
         blocks.push_back(*std::move(block));
       }
     }
@@ -175,7 +190,7 @@ bool PlanCommands::guarded(const std::function<void()>& change) const {
 
 void PlanCommands::editTexts() {
   guarded([this] {
-    auto block = plannedBlock(board_.state.Db, *current());
+    auto block = plannedBlock(store(), *current());
     if (!block) return board_.showSaved({});
     const auto texts = askPlanTexts(board_.window, block->entries.front());
     if (!texts || *texts == block->entries.front()) return;
@@ -187,16 +202,23 @@ void PlanCommands::editTexts() {
 
 void PlanCommands::moveTo() {
   guarded([this] {
-    const auto block = plannedBlock(board_.state.Db, *current());
+    const auto block = plannedBlock(store(), *current());
     if (!block) return board_.showSaved({});
-    const TimeBlockList blocks(board_.state.Db);
+    const TimeBlockList blocks(store());
     const auto to = askPlace(board_.window, board_.state.clock, blocks, block->place);
     if (!to || *to == block->place) return;
-    const QDate first = board_.firstDay();
-    carryOut(u"移动"_qs + described(*block), {{block->place, *to, block->entries}},
-             u"%1已从 %2 移到 %3"_qs.arg(described(*block), placeText(block->place, blocks, first),
-                                         placeText(*to, blocks, first)));
+    put(*block, *to, false);
   });
+}
+
+void PlanCommands::put(const PlannedBlock& block, const PlanPlace& to, bool copies) {
+  const TimeBlockList blocks(store());
+  const QString from = placeText(block.place, blocks, firstDay());
+  const QString verb = copies ? u"复制"_qs : u"移"_qs;
+  carryOut(
+      (copies ? u"复制"_qs : u"移动"_qs) + described(block),
+      {{copies ? std::nullopt : std::optional(block.place), to, block.entries}},
+      u"%1已从 %2 %3到 %4"_qs.arg(described(block), from, verb, placeText(to, blocks, firstDay())));
 }
 
 void PlanCommands::cut() {
@@ -258,10 +280,10 @@ void PlanCommands::cancel() {
 
 void PlanCommands::cancelFromHereOn() {
   guarded([this] {
-    const auto block = plannedBlock(board_.state.Db, *current());
+    const auto block = plannedBlock(store(), *current());
     if (!block) return board_.showSaved({});
-    const auto all = sameFromHereOn(board_.state.Db, *block);
-    const TimeBlockList blocks(board_.state.Db);
+    const auto all = sameFromHereOn(store(), *block);
+    const TimeBlockList blocks(store());
     const QString question = u"从 %1 起，每个%2的%3一共有 %4 次。要全部取消吗？"_qs.arg(
         isoDate(block->place.first), placeText(block->place, blocks, block->place.first),
         described(*block), QString::number(all.size()));
@@ -279,7 +301,7 @@ void PlanCommands::openPlan() {
 void PlanCommands::arrangeFrom(const QString& typed) {
   guarded([&] {
     const PlanPlace place = *current();
-    const auto activity = askActivity(board_.window, readOpenItems(board_.state.Db), typed);
+    const auto activity = askActivity(board_.window, readOpenItems(store()), typed);
     if (!activity) return;
     const PlannedBlock block{place, {{*activity, QString(), u"0"_qs}}};
     carryOut(u"安排"_qs + described(block), {{{}, place, block.entries}},
@@ -302,7 +324,7 @@ void PlanCommands::copyDay() {
         askDate(board_.window, board_.state.clock, u"复制这一天到"_qs, day.addDays(kDaysInAWeek));
     if (!to) return;
     carryOut(u"复制 "_qs + isoDate(day),
-             shifted(plannedBlocks(board_.state.Db, day, day), day.daysTo(*to), true),
+             shifted(plannedBlocks(store(), day, day), day.daysTo(*to), true),
              u"已把 %1 的安排复制到 %2"_qs.arg(isoDate(day), isoDate(*to)));
   });
 }
@@ -310,7 +332,7 @@ void PlanCommands::copyDay() {
 void PlanCommands::clearDay() {
   guarded([this] {
     const QDate day = currentDay();
-    const auto blocks = plannedBlocks(board_.state.Db, day, day);
+    const auto blocks = plannedBlocks(store(), day, day);
     carryOut(u"清空 "_qs + isoDate(day), cancelled(blocks),
              u"已清空 %1 的 %2 项安排，按 Ctrl+Z 可以撤消"_qs.arg(isoDate(day)).arg(blocks.size()));
   });
@@ -319,7 +341,7 @@ void PlanCommands::clearDay() {
 void PlanCommands::copyWeek() {
   guarded([this] {
     const QDate first = board_.firstDay();
-    const auto blocks = plannedBlocks(board_.state.Db, first, first.addDays(kLastDayOfWeek));
+    const auto blocks = plannedBlocks(store(), first, first.addDays(kLastDayOfWeek));
     const auto weeks = askWeeks(board_.window, u"复制本周"_qs);
     if (!weeks) return;
     const PlanMoves moves = repeatedWeekly(blocks, *weeks);
@@ -334,7 +356,7 @@ void PlanCommands::copyWeek() {
 void PlanCommands::clearWeek() {
   guarded([this] {
     const QDate first = board_.firstDay();
-    const auto blocks = plannedBlocks(board_.state.Db, first, first.addDays(kLastDayOfWeek));
+    const auto blocks = plannedBlocks(store(), first, first.addDays(kLastDayOfWeek));
     carryOut(u"清空本周"_qs, cancelled(blocks), u"将取消本周的 %1 项安排。"_qs.arg(blocks.size()),
              true);
   });
@@ -342,7 +364,7 @@ void PlanCommands::clearWeek() {
 
 void PlanCommands::postpone() {
   guarded([this] {
-    const auto blocks = plannedBlocks(board_.state.Db, board_.firstDay(), kLastDay);
+    const auto blocks = plannedBlocks(store(), board_.firstDay(), kLastDay);
     carryOut(u"顺延一周"_qs, shifted(blocks, kDaysInAWeek, false),
              u"从 %1 起的 %2 项安排将全部推后七天。"_qs.arg(isoDate(board_.firstDay()))
                  .arg(blocks.size()),
@@ -351,13 +373,13 @@ void PlanCommands::postpone() {
 }
 
 void PlanCommands::undo() {
-  UndoLog& log = board_.state.Db.undoLog();
+  UndoLog& log = store().undoLog();
   const QString name = log.undoName().value_or(QString());
   if (guarded([&] { log.undo(); })) board_.rebuild(u"已撤消：%1"_qs.arg(name));
 }
 
 void PlanCommands::redo() {
-  UndoLog& log = board_.state.Db.undoLog();
+  UndoLog& log = store().undoLog();
   const QString name = log.redoName().value_or(QString());
   if (guarded([&] { log.redo(); })) board_.rebuild(u"已重做：%1"_qs.arg(name));
 }
@@ -366,8 +388,8 @@ std::optional<std::set<PlanPlace>> PlanCommands::placesToKeep(const PlanMoves& m
                                                               const QString& what,
                                                               bool confirms) const {
   enum Answer { Replace, Keep, GiveUp };
-  const auto conflicts = conflictsOf(board_.state.Db, moves);
-  const TimeBlockList blocks(board_.state.Db);
+  const auto conflicts = conflictsOf(store(), moves);
+  const TimeBlockList blocks(store());
   if (conflicts.size() > 1 || confirms) {
     return askAboutConflicts(board_.window, what, conflicts, blocks);
   }
@@ -386,10 +408,10 @@ void PlanCommands::carryOut(const QString& name, const PlanMoves& moves, const Q
                             bool confirms) {
   const auto kept = placesToKeep(moves, message, confirms);
   if (!kept) return;
-  board_.state.Db.undoLog().setName(name);
+  store().undoLog().setName(name);
   int done = 0;
   runWithDialog(board_.window, [&](const WorkProgress& progress) {
-    done = vellora::carryOut(board_.state.Db, moves, *kept, progress);
+    done = vellora::carryOut(store(), moves, *kept, progress);
   });
   const QString count = u"%1：%2 项"_qs.arg(name).arg(done);
   const QString rest = kept->empty() ? QString() : u"，%1 处保留原有"_qs.arg(kept->size());

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "grid/surface/cell_range.h"
 #include "schedule/plan_moves.h"
 
 #include <QAction>
@@ -43,6 +44,18 @@ class PlanCommands : public QObject {
   // Those for the selected cells first, then those for the week, with their shortcuts.
   void fill(QMenu& menu);
 
+  // Moves or copies a block, asking when the place is taken.
+  void put(const PlannedBlock& block, const PlanPlace& to, bool copies);
+  // Runs a change of the store and tells its failure; false when there was one.
+  bool guarded(const std::function<void()>& change) const;
+
+  // None for headings and outside of the sheet.
+  std::optional<PlanPlace> placeAt(int col, int row) const;
+  std::optional<PlannedBlock> blockAt(CellPlace cell) const;
+  QString shownActivity(CellPlace cell) const;
+  QDate firstDay() const { return board_.firstDay(); }
+  ScheduleStore& store() const;
+
  private:
   using Act = void (PlanCommands::*)();
   struct Entry {
@@ -64,7 +77,6 @@ class PlanCommands : public QObject {
   bool canPaste() const;
   bool canUndo() const;
   bool canRedo() const;
-  std::optional<PlanPlace> placeAt(int col, int row) const;
   std::optional<PlanPlace> current() const;
   QDate currentDay() const;
   std::vector<PlannedBlock> selectedBlocks() const;
@@ -96,9 +108,6 @@ class PlanCommands : public QObject {
                 bool confirms = false);
   std::optional<std::set<PlanPlace>> placesToKeep(const PlanMoves& moves, const QString& what,
                                                   bool confirms) const;
-  // Runs a change of the store and tells its failure.
-  bool guarded(const std::function<void()>& change) const;
-
   Board board_;
   std::vector<Entry> entries_;
   std::vector<PlannedBlock> picked_;  // cut or copied

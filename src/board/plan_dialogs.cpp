@@ -38,7 +38,11 @@ class FormDialog : public QDialog {
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     all->addWidget(buttons);
   }
-  void add(const QString& label, QWidget* field) { form_->addRow(label, field); }
+  // The first field is where typing begins.
+  void add(const QString& label, QWidget* field) {
+    form_->addRow(label, field);
+    if (!first_) first_ = field;
+  }
   void addText(const QString& text) {
     auto* label = new QLabel(text, this);
     label->setTextFormat(Qt::PlainText);
@@ -46,11 +50,15 @@ class FormDialog : public QDialog {
     form_->addRow(label);
   }
   QPushButton& ok() { return *ok_; }
-  bool isAccepted() { return exec() == Accepted; }
+  bool isAccepted() {
+    if (first_) first_->setFocus(Qt::TabFocusReason);
+    return exec() == Accepted;
+  }
 
  private:
   QFormLayout* form_ = new QFormLayout;
   QPushButton* ok_;
+  QWidget* first_ = nullptr;
 };
 
 // The arrows go through the list while the search field is typed into.

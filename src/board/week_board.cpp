@@ -1,6 +1,7 @@
 #include "board/week_board.h"
 
 #include "board/plan_commands.h"
+#include "board/plan_drag.h"
 #include "grid/files/workbook_file.h"
 #include "grid/print/drawn_style.h"
 #include "grid/surface/grid_surface.h"
@@ -65,7 +66,9 @@ WeekBoard::WeekBoard(ApplicationState& state)
   addPlanCommands();
 }
 
-WeekBoard::~WeekBoard() = default;
+WeekBoard::~WeekBoard() {
+  grid_->setCellDrag(nullptr);
+}
 
 void WeekBoard::layOut() {
   auto* top = new QHBoxLayout;
@@ -99,6 +102,9 @@ void WeekBoard::addPlanCommands() {
                                        returnFromWindow();
                                      },
                                      [this](const QString& activity) { openActivity(activity); }});
+  plan_drag_ = std::make_unique<PlanDrag>(
+      *plan_commands_, [this](int days) { days_->setDate(firstDay().addDays(days)); });
+  grid_->setCellDrag(plan_drag_.get());
   grid_->setMenu([this](QMenu& menu) { plan_commands_->fill(menu); });
   days_->weekdayLabel()->installEventFilter(this);
   constexpr std::chrono::minutes kBetweenLooks(1);

@@ -5,6 +5,7 @@
 
 #include <functional>
 #include <map>
+#include <memory>
 
 namespace vellora {
 
@@ -12,6 +13,7 @@ class DateStepper;
 class ElidedLabel;
 class GridSurface;
 class PlanCommands;
+class PlanDrag;
 
 // The main window: seven days from the picked date by the time blocks. F5 reads it anew. It knows
 // no other window; what its commands and clicks open is attached from outside.
@@ -79,6 +81,7 @@ class WeekBoard : public PlannerWindow {
   QPushButton* more_;
   GridSurface* grid_;
   PlanCommands* plan_commands_ = nullptr;
+  std::unique_ptr<PlanDrag> plan_drag_;
   qint64 changes_seen_ = 0;  // rows changed by this program when the board was last read
   QDate shown_;              // invalid until something has been read
   std::map<BoardCommand, Handler> handlers_;

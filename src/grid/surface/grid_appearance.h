@@ -15,7 +15,7 @@ namespace vellora {
 // Colours of a grid that do not belong to single cells; a skin hands them over.
 struct GridColours {
   QColor text;         // of cells without colours of their own
-  QColor paper;   // likewise their background
+  QColor paper;        // likewise their background
   QColor headingText;  // heading strip, row numbers, frozen headings without colours
   QColor headingPaper;
   QColor line;

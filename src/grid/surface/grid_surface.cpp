@@ -206,6 +206,7 @@ bool GridSurface::event(QEvent* event) {
 // focus still in the grid, where an input method began.
 void GridSurface::keyPressEvent(QKeyEvent* event) {
   event->ignore();
+  if (event->key() == Qt::Key_Escape && cancelCellDrag()) return event->accept();
   if (passToEditor(*event)) return;
   if (isEditing() && !isWindowKey(*event)) return;
   keepTypedText();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "grid/surface/cell_drag.h"
 #include "grid/surface/cell_range.h"
 #include "grid/surface/frozen_axis.h"
 #include "grid/surface/header_sizes.h"
@@ -54,6 +55,8 @@ class SheetView : public QTableView {
   // Columns without a width of their own share what is left of the grid's width.
   void setSharesWidth(bool on);
   void setColours(const GridColours& colours);
+  // Null for none. It must outlive the view or be taken away.
+  void setCellDrag(CellDragHandler* handler) { cellDrag_ = handler; }
   // Sets one column apart (its frozen heading and its edges) without touching its cells' colours;
   // −1 for none.
   void markColumn(int col);
@@ -100,6 +103,8 @@ class SheetView : public QTableView {
   }
   bool has(CellPlace place) const { return cols_.has(place.col) && rows_.has(place.row); }
   bool isEditing() const { return state() == EditingState; }
+  // True when a cell was being dragged.
+  bool cancelCellDrag();
 
   void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
   void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
@@ -135,6 +140,7 @@ class SheetView : public QTableView {
   void writeSize(void (Sheet::*set)(int, int), int section, int size);
   void enterRow(int previousRow, int row);
   CellPlace loseCurrentIn(int firstRow, int lastRow);
+  void dragCell(const QMouseEvent& event);
   QString hintAt(CellPlace cell, const QRect& rect) const;
 
   QHeaderView& colHeader_;
@@ -154,6 +160,9 @@ class SheetView : public QTableView {
   // Where it last did, which is the first half of a double click.
   CellPlace lastPressed_;
   QBasicTimer dragScroll_;
+  CellDragHandler* cellDrag_ = nullptr;
+  bool isCellDragged_ = false;
+  QBasicTimer beyondEdge_;  // runs while a dragged cell is near the left or the right edge
 };
 
 }  // namespace vellora

@@ -8,6 +8,8 @@ namespace vellora {
 namespace {
 
 constexpr int kDragScrollInterval = 40;  // milliseconds
+constexpr int kBeyondEdgeInterval = 700;
+constexpr int kEdge = 24;  // pixels
 
 }  // namespace
 
@@ -42,7 +44,13 @@ void SheetView::mouseMoveEvent(QMouseEvent* event) {
   if (edgeDrag_.isActive()) return edgeDrag_.move(point);
   if (!event->buttons().testFlag(Qt::LeftButton) || pressed_.isNone()) return;
   const CellPlace cell = cellAt(point);
+  if (isCellDragged_) return dragCell(*event);
   if (cell == pressed_ && isClick_) return;
+  if (isClick_ && cellDrag_ && cellDrag_->beginDrag(pressed_)) {
+    isClick_ = false;
+    isCellDragged_ = true;
+    return dragCell(*event);
+  }
   isClick_ = false;
   if (cell.isNone() || !viewport()->rect().contains(point)) {
     if (!dragScroll_.isActive()) dragScroll_.start(kDragScrollInterval, this);
@@ -58,9 +66,35 @@ void SheetView::mouseReleaseEvent(QMouseEvent* event) {
   edgeDrag_.end();
   if (wasEdge || event->button() != Qt::LeftButton) return;
   const CellPlace cell = std::exchange(pressed_, {});
+  if (std::exchange(isCellDragged_, false)) {
+    beyondEdge_.stop();
+    viewport()->unsetCursor();
+    cellDrag_->dropOn(cellAt(event->position().toPoint()),
+                      event->modifiers().testFlag(Qt::ControlModifier));
+    return;
+  }
   if (!std::exchange(isClick_, false)) return;
   if (cellAt(event->position().toPoint()) != cell) return;
   emit CellClick(cell.col, cell.row);
+}
+
+void SheetView::dragCell(const QMouseEvent& event) {
+  const int x = event.position().toPoint().x();
+  const bool copies = event.modifiers().testFlag(Qt::ControlModifier);
+  viewport()->setCursor(copies ? Qt::DragCopyCursor : Qt::DragMoveCursor);
+  const bool isNearEdge = x < kEdge || x > viewport()->width() - kEdge;
+  if (!isNearEdge) beyondEdge_.stop();
+  if (isNearEdge && !beyondEdge_.isActive()) beyondEdge_.start(kBeyondEdgeInterval, this);
+  cellDrag_->dragOver(cellAt(event.position().toPoint()), copies, event.globalPosition().toPoint());
+}
+
+bool SheetView::cancelCellDrag() {
+  if (!std::exchange(isCellDragged_, false)) return false;
+  pressed_ = {};
+  beyondEdge_.stop();
+  viewport()->unsetCursor();
+  cellDrag_->cancelDrag();
+  return true;
 }
 
 // Without its first half in this grid, which another window got, it is none.
@@ -83,6 +117,7 @@ void SheetView::mouseDoubleClickEvent(QMouseEvent* event) {
 
 // What the mouse does from now on began in another window.
 void SheetView::focusOutEvent(QFocusEvent* event) {
+  cancelCellDrag();
   pressed_ = {};
   lastPressed_ = {};
   isClick_ = false;
@@ -93,6 +128,10 @@ void SheetView::focusOutEvent(QFocusEvent* event) {
 
 // Scrolls on while the user holds the mouse beyond the edge.
 void SheetView::timerEvent(QTimerEvent* event) {
+  if (event->timerId() == beyondEdge_.timerId()) {
+    const int x = viewport()->mapFromGlobal(QCursor::pos()).x();
+    return cellDrag_->dragBeyond(x < viewport()->width() / 2 ? -1 : 1);
+  }
   if (event->timerId() != dragScroll_.timerId()) return QTableView::timerEvent(event);
   const QPoint mouse = viewport()->mapFromGlobal(QCursor::pos());
   const QRect room = viewport()->rect();
