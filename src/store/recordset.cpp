@@ -34,7 +34,7 @@ void begin(RowArena& rows, const StoredRow& stored) {
 }  // namespace
 
 struct Recordset::State {
-  State(Connection& connection, const QString& tableOrSelect) : lazy(connection, tableOrSelect) {}
+  State(Connection& connection, const Query& tableOrSelect) : lazy(connection, tableOrSelect) {}
 
   // The rows, read; a row that was added before they were read is then current.
   RowArena& rows();
@@ -68,7 +68,7 @@ RowWriter& Recordset::State::writer() {
   throw StoreError(StoreFault::NotUpdatable, u"这些记录不是来自一个表，不能修改。"_qs);
 }
 
-Recordset::Recordset(Connection& connection, const QString& tableOrSelect)
+Recordset::Recordset(Connection& connection, const Query& tableOrSelect)
     : state_(std::make_unique<State>(connection, tableOrSelect)) {}
 
 Recordset::Recordset(Recordset&&) noexcept = default;
@@ -115,7 +115,7 @@ qint64 Recordset::rowId() {
   return state_->rows().rowId(row);
 }
 
-bool Recordset::findFirst(const QString& condition) {
+bool Recordset::findFirst(const Query& condition) {
   const FindCondition wanted(condition, state_->lazy.set().columns);
   const RowArena& rows = state_->rows();
   qsizetype row = 0;

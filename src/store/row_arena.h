@@ -46,7 +46,7 @@ class RowArena {
 // The rows of one statement, read all at once when they are first asked for.
 class LazyRows {
  public:
-  LazyRows(Connection& connection, const QString& tableOrSelect)
+  LazyRows(Connection& connection, const Query& tableOrSelect)
       : opened_(connection, tableOrSelect) {}
 
   Connection& connection() const { return opened_.connection(); }

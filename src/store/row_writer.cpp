@@ -96,11 +96,11 @@ PreparedStatement& RowWriter::prepared(Prepared& last, const ColumnChanges& chan
   const bool isSame = std::equal(
       changes.begin(), changes.end(), last.columns.begin(), last.columns.end(),
       [](const ColumnChange& change, qsizetype column) { return change.column == column; });
-  if (last.statement != nullptr && isSame) return *last.statement;
-  last.statement = &connection_.statements().native((this->*sqlOf)(changes).toUtf8());
+  if (last.set && isSame) return last.set->statement;
+  last.set = connection_.statements().native((this->*sqlOf)(changes));
   last.columns.clear();
   for (const ColumnChange& change : changes) last.columns.append(change.column);
-  return *last.statement;
+  return last.set->statement;
 }
 
 QString RowWriter::columnName(qsizetype column) const {

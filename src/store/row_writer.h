@@ -4,7 +4,7 @@
 
 #include <QList>
 
-#include <optional>
+#include <memory>
 
 namespace vellora {
 
@@ -45,7 +45,7 @@ class RowWriter {
   // again.
   struct Prepared {
     QList<qsizetype> columns;
-    PreparedStatement* statement = nullptr;
+    std::shared_ptr<PreparedSet> set;
   };
 
   QString columnName(qsizetype column) const;

@@ -53,7 +53,10 @@ TEST(Literals, KeepTheirMeaningWhateverTheyHold) {
     ASSERT_FALSE(found.isEmpty()) << label.toStdString();
     EXPECT_EQ(found.text(u"HDLB"), label);
     EXPECT_TRUE(store.open(statements::itemsOfCategory(name + u'!')).isEmpty());
-    EXPECT_TRUE(items.findFirst(u"HDLB=" + textLiteral(label)));
+    const QString condition = u"HDLB='" + QString(label).replace(u"'"_qs, u"''"_qs) + u'\'';
+    const QString select = u"SELECT * FROM HD WHERE " + condition;
+    EXPECT_EQ(store.open(select).text(u"HDLB"), label);
+    EXPECT_TRUE(items.findFirst(condition));
     EXPECT_EQ(items.text(u"HDLB"), label);
   }
   EXPECT_EQ(store.open(u"HD"_qs).count(), names.size());

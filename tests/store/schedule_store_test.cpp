@@ -39,7 +39,7 @@ class Catalogue : public ::testing::Test {
 TEST_F(Catalogue, EverySelectStatementFindsItsRows) {
   using namespace statements;
   const struct {
-    QString statement;
+    Query statement;
     qsizetype rows;
   } cases[] = {
       {allItems(), 2},
@@ -66,7 +66,7 @@ TEST_F(Catalogue, EverySelectStatementFindsItsRows) {
       {minutesByActivity(kMonday, kMonday), 2},
   };
   for (const auto& [statement, rows] : cases) {
-    EXPECT_EQ(store.open(statement).count(), rows) << statement.toStdString();
+    EXPECT_EQ(store.open(statement).count(), rows) << statement.text().toStdString();
   }
 }
 
@@ -76,7 +76,7 @@ TEST_F(Catalogue, DeletesOnlyTheRowsThatItNames) {
   EXPECT_EQ(store.execute(deletePlanOfBlock(kMonday, u"B"_qs)), 0);
   EXPECT_EQ(store.execute(deletePlansOfActivity(u"晨跑 "_qs)), 0);
   EXPECT_EQ(store.execute(deletePlansOfActivity(u"晨跑"_qs)), 2);
-  for (const QString& statement : {deleteMemos(), deleteWeekNames(), deleteSkinSetting()}) {
+  for (const Query& statement : {deleteMemos(), deleteWeekNames(), deleteSkinSetting()}) {
     store.execute(statement);
   }
   EXPECT_TRUE(store.open(memoOn(kMonday)).isEmpty());
