@@ -69,9 +69,9 @@ FindCondition::FindCondition(const Query& condition, const QList<Column>& column
   }
 }
 
-bool FindCondition::isMetBy(const RowArena& rows, qsizetype row) const {
+bool FindCondition::isMetBy(const StoredRow& row) const {
   for (const Equality& equality : equalities_) {
-    if (!isText(rows.cell(row, equality.column), equality.text)) return false;
+    if (!isText(row.cells[equality.column].view(), equality.text)) return false;
   }
   return true;
 }

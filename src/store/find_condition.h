@@ -2,7 +2,6 @@
 
 #include "store/column.h"
 #include "store/query.h"
-#include "store/row_arena.h"
 
 #include <QList>
 
@@ -16,7 +15,7 @@ class FindCondition {
   // not have, NotADateOrTime for a date that is none.
   FindCondition(const Query& condition, const QList<Column>& columns);
 
-  bool isMetBy(const RowArena& rows, qsizetype row) const;
+  bool isMetBy(const StoredRow& row) const;
 
  private:
   struct Equality {

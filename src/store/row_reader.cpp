@@ -103,8 +103,12 @@ Cell OpenedSet::cell(qsizetype column) const {
   return set_->statement.cell(set_->firstColumn() + static_cast<int>(column));
 }
 
-qint64 OpenedSet::rowId() const {
-  return set_->table.isEmpty() ? 0 : set_->statement.cell(0).integer;
+StoredRow OpenedSet::row() const {
+  StoredRow row;
+  if (!set_->table.isEmpty()) row.rowId = set_->statement.cell(0).integer;
+  row.cells.reserve(set_->columns.size());
+  for (qsizetype i = 0; i < set_->columns.size(); ++i) row.cells.append(owned(cell(i)));
+  return row;
 }
 
 void OpenedSet::requireSameColumns() const {

@@ -67,9 +67,9 @@ class OpenedSet {
   // prepared.
   PreparedStatement& start();
 
-  // A cell of the row that the statement stands on.
+  // The row that the statement stands on, or one cell of it.
+  StoredRow row() const;
   Cell cell(qsizetype column) const;
-  qint64 rowId() const;  // 0 when rows of the set cannot be changed
   // Throws StoreError when another program has given the table more or fewer columns.
   void requireSameColumns() const;
 
