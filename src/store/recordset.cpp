@@ -31,7 +31,7 @@ qsizetype positionOf(const Rows& rows, qint64 rowId) {
 }  // namespace
 
 struct Recordset::State {
-  State(Connection& connection, const Query& tableOrSelect) : opened(connection, tableOrSelect) {}
+  State(Connection& database, const Query& tableOrSelect) : opened(database, tableOrSelect) {}
 
   // The rows, read when that has not been done; a failure leaves them unread. A row that was added
   // before is then current.
@@ -75,12 +75,12 @@ StoredRow& Recordset::State::currentRow() {
 
 RowWriter& Recordset::State::writer() {
   if (rowWriter) return *rowWriter;
-  if (!opened.set().table.isEmpty()) return rowWriter.emplace(opened.connection(), opened.set());
+  if (!opened.set().table.isEmpty()) return rowWriter.emplace(opened.database(), opened.set());
   throw StoreError(StoreFault::NotUpdatable, u"这些记录不是来自一个表，不能修改。"_qs);
 }
 
-Recordset::Recordset(Connection& connection, const Query& tableOrSelect)
-    : state_(std::make_unique<State>(connection, tableOrSelect)) {}
+Recordset::Recordset(Connection& database, const Query& tableOrSelect)
+    : state_(std::make_unique<State>(database, tableOrSelect)) {}
 
 Recordset::Recordset(Recordset&&) noexcept = default;
 Recordset& Recordset::operator=(Recordset&&) noexcept = default;

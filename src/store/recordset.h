@@ -15,7 +15,7 @@ class Connection;
 // Every operation may throw StoreError. A set must not outlive its store.
 class Recordset final : public RowReader {
  public:
-  Recordset(Connection& connection, const Query& tableOrSelect);  // see ScheduleStore::open
+  Recordset(Connection& database, const Query& tableOrSelect);  // see ScheduleStore::open
   Recordset(Recordset&&) noexcept;
   Recordset& operator=(Recordset&&) noexcept;
   ~Recordset() override;

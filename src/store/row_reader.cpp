@@ -86,10 +86,10 @@ bool RowReader::canHold(int position, const QString& text) const {
   return vellora::canHold(columnAt(columns(), position), text);
 }
 
-OpenedSet::OpenedSet(Connection& connection, const Query& tableOrSelect)
-    : connection_(connection),
+OpenedSet::OpenedSet(Connection& database, const Query& tableOrSelect)
+    : connection_(database),
       select_(selectOf(tableOrSelect)),
-      set_(connection.statements().translated(select_.text())) {
+      set_(database.statements().translated(select_.text())) {
   set_->requireValues(select_);
 }
 
@@ -119,7 +119,7 @@ void OpenedSet::requireSameColumns() const {
 struct RowCursor::State {
   enum class Place { BeforeFirst, OnRow, Over };
 
-  State(Connection& connection, const Query& tableOrSelect) : opened(connection, tableOrSelect) {}
+  State(Connection& database, const Query& tableOrSelect) : opened(database, tableOrSelect) {}
   ~State() { end(); }
   State(const State&) = delete;
   State& operator=(const State&) = delete;
@@ -135,8 +135,8 @@ struct RowCursor::State {
   Place place = Place::BeforeFirst;
 };
 
-RowCursor::RowCursor(Connection& connection, const Query& tableOrSelect)
-    : state_(std::make_unique<State>(connection, tableOrSelect)) {}
+RowCursor::RowCursor(Connection& database, const Query& tableOrSelect)
+    : state_(std::make_unique<State>(database, tableOrSelect)) {}
 
 RowCursor::RowCursor(RowCursor&&) noexcept = default;
 RowCursor& RowCursor::operator=(RowCursor&&) noexcept = default;

@@ -57,9 +57,9 @@ class RowReader {
 class OpenedSet {
  public:
   // A table by its name or a SELECT statement. Throws StoreError when it cannot be prepared.
-  OpenedSet(Connection& connection, const Query& tableOrSelect);
+  OpenedSet(Connection& database, const Query& tableOrSelect);
 
-  Connection& connection() const { return connection_; }
+  Connection& database() const { return connection_; }
   const PreparedSet& set() const { return *set_; }
 
   // Binds the values. The statement is shared with every other set of its text: it must be reset
@@ -87,7 +87,7 @@ class OpenedSet {
 // Every operation may throw StoreError.
 class RowCursor final : public RowReader {
  public:
-  RowCursor(Connection& connection, const Query& tableOrSelect);  // see ScheduleStore::readOnce
+  RowCursor(Connection& database, const Query& tableOrSelect);  // see ScheduleStore::readOnce
   RowCursor(RowCursor&&) noexcept;
   RowCursor& operator=(RowCursor&&) noexcept;
   ~RowCursor() override;

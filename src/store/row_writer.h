@@ -23,7 +23,7 @@ using ColumnChanges = QList<ColumnChange>;
 // The table that a set stands for. Every operation throws StoreError and changes all or nothing.
 class RowWriter {
  public:
-  RowWriter(Connection& connection, const PreparedSet& set) : connection_(connection), set_(set) {}
+  RowWriter(Connection& database, const PreparedSet& set) : connection_(database), set_(set) {}
 
   // Gives the row as the database stored it, defaults filled in.
   StoredRow insert(const ColumnChanges& changes);

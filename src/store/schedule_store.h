@@ -99,8 +99,6 @@ class ScheduleStore {
   std::unique_ptr<Connection> connection_;
 };
 
-class Connection;
-
 // Looks a whole schedule through for damage that nobody has met yet, on a connection of its own and
 // for reading alone: 25 ms for twenty years of plans. Another program that is writing is not waited
 // for. Everything but interrupt() throws StoreError.

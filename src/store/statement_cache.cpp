@@ -11,10 +11,10 @@ namespace {
 
 constexpr std::size_t kMostKept = 64;  // twice as many as a day's work with every window needs
 
-PreparedSet translatedSet(sqlite3* database, const QString& statement) {
+PreparedSet translatedSet(sqlite3* handle, const QString& statement) {
   Translation translation = vellora::translated(statement);
   PreparedSet set{statement,
-                  PreparedStatement(database, translation.sql),
+                  PreparedStatement(handle, translation.sql),
                   translation.placeCount,
                   std::move(translation.literals),
                   {},
@@ -28,8 +28,8 @@ PreparedSet translatedSet(sqlite3* database, const QString& statement) {
   return set;
 }
 
-PreparedSet nativeSet(sqlite3* database, const QString& sql) {
-  return {sql, PreparedStatement(database, sql.toUtf8()), 0, {}, {}, {}, false};
+PreparedSet nativeSet(sqlite3* handle, const QString& sql) {
+  return {sql, PreparedStatement(handle, sql.toUtf8()), 0, {}, {}, {}, false};
 }
 
 std::string_view viewOf(const QByteArray& bytes) {
@@ -66,7 +66,7 @@ std::shared_ptr<PreparedSet> StatementCache::kept(const QString& text, Prepare p
   });
   if (found == kept_.end()) {
     if (kept_.size() == kMostKept) kept_.pop_back();
-    kept_.push_back(std::make_shared<PreparedSet>(prepare(database_, text)));
+    kept_.push_back(std::make_shared<PreparedSet>(prepare(handle_, text)));
     found = kept_.end() - 1;
   }
   std::rotate(kept_.begin(), found, found + 1);

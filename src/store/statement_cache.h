@@ -35,7 +35,7 @@ struct PreparedSet {
 // stays with whoever still uses it.
 class StatementCache {
  public:
-  explicit StatementCache(sqlite3* database) : database_(database) {}
+  explicit StatementCache(sqlite3* handle) : handle_(handle) {}
 
   // A statement of the dialect, or one in the engine's own words, that is not running. Throws
   // StoreError.
@@ -46,7 +46,7 @@ class StatementCache {
   using Prepare = PreparedSet (*)(sqlite3*, const QString&);
   std::shared_ptr<PreparedSet> kept(const QString& text, Prepare prepare);
 
-  sqlite3* database_;
+  sqlite3* handle_;
   // The one used last comes first: a board fill goes to and fro between two, which are found faster
   // by comparing than by any hash.
   std::vector<std::shared_ptr<PreparedSet>> kept_;
