@@ -11,16 +11,23 @@
 #include "planning/activity_plan_window.h"
 #include "planning/daily_plan_window.h"
 #include "stats/statistics_window.h"
+#include "store/undo_log.h"
 
 namespace vellora {
 namespace {
+
+// What is saved in a window is undone under its title.
+void run(PlannerWindow& window, ApplicationState& state) {
+  state.Db.undoLog().setName(u"“%1”中的修改"_qs.arg(window.windowTitle()));
+  window.ShowModal();
+}
 
 // Opens a window over the board; returns when it has closed.
 template <typename Window>
 void open(WeekBoard& board, ApplicationState& state) {
   Window window(state, &board);
   window.Load();
-  window.ShowModal();
+  run(window, state);
 }
 
 // These leave the board as it was until the next step or rebuild.
@@ -33,7 +40,7 @@ void openDailyPlan(WeekBoard& board, ApplicationState& state, QDate day) {
   DailyPlanWindow window(state, board.firstDay(), &board);
   window.Load();
   window.setDate(day);
-  window.ShowModal();
+  run(window, state);
   board.setRedrawFlag();
 }
 
@@ -41,7 +48,7 @@ void openActivityPlan(WeekBoard& board, ApplicationState& state, const QString& 
   ActivityPlanWindow window(state, &board);
   window.Load();
   window.chooseActivity(activity);
-  window.ShowModal();
+  run(window, state);
   board.setRedrawFlag();
 }
 
@@ -51,6 +58,12 @@ void attachPlanning(WeekBoard& board, ApplicationState& state) {
   board.attachCommand(BoardCommand::ActivityPlan, [&] {
     open<ActivityPlanWindow>(board, state);
     board.setRedrawFlag();
+  });
+  board.attachMemo([&](QDate day) {
+    MemoWindow window(state, &board);
+    window.Load();
+    window.setDate(day);
+    run(window, state);
   });
   board.attachDayHeading([&](QDate day) { openDailyPlan(board, state, day); });
   board.attachPlannedCell(

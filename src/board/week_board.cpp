@@ -1,23 +1,31 @@
 #include "board/week_board.h"
 
+#include "board/plan_commands.h"
 #include "grid/files/workbook_file.h"
 #include "grid/print/drawn_style.h"
 #include "grid/surface/grid_surface.h"
 #include "routine/calendar_text.h"
 #include "schedule/week.h"
+#include "shell/controls.h"
 #include "shell/date_stepper.h"
 #include "shell/elided_label.h"
 #include "store/moment.h"
 #include "store/statements.h"
 #include "store/store_error.h"
+#include "store/undo_log.h"
 
+#include <QEvent>
 #include <QFile>
 #include <QHBoxLayout>
+#include <QLabel>
+#include <QMenu>
 #include <QPushButton>
 #include <QShortcut>
+#include <QTimer>
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <chrono>
 
 namespace vellora {
 namespace {
@@ -31,14 +39,13 @@ WeekBoard::WeekBoard(ApplicationState& state)
     : PlannerWindow(state),
       commands_(new CommandBar(this)),
       days_(makeArrowStepper({u"D1"_qs, u"Lxq"_qs, u"起始日期"_qs}, state.clock, this)),
-      week_name_(new ElidedLabel(this)),
-      grid_(new GridSurface(this)) {
+      week_name_(named(new ElidedLabel(this), u"Lmm"_qs)),
+      today_(makeButton(u"CmdToday"_qs, u"今天"_qs, this, [this] { days_->goToToday(); })),
+      more_(makeButton(u"CmdMore"_qs, u"更多(&M)"_qs, this, [this] { showMenu(); })),
+      grid_(named(new GridSurface(this), u"Cell1"_qs, u"周计划表"_qs)) {
   setObjectName(u"Form0"_qs);
   setWindowTitle(programTitle());
-  grid_->setObjectName(u"Cell1"_qs);
-  grid_->setAccessibleName(u"周计划表"_qs);
   grid_->setDocumentName([this]() -> QString { return u"日程表 "_qs + isoDate(firstDay()); });
-  week_name_->setObjectName(u"Lmm"_qs);
   layOut();
   connect(days_, &DateStepper::dateChanged, this, &WeekBoard::fillAfterStep);
   connect(grid_, &GridSurface::CellClick, this, &WeekBoard::openCell);
@@ -55,6 +62,7 @@ WeekBoard::WeekBoard(ApplicationState& state)
   attachCommand(BoardCommand::Print, [this] { print(); });
   attachCommand(BoardCommand::ClearSchedule, [this] { clearSchedule(); });
   attachCommand(BoardCommand::Exit, [this] { close(); });
+  addPlanCommands();
 }
 
 WeekBoard::~WeekBoard() = default;
@@ -62,8 +70,10 @@ WeekBoard::~WeekBoard() = default;
 void WeekBoard::layOut() {
   auto* top = new QHBoxLayout;
   top->addWidget(days_);
+  top->addWidget(today_);
   top->addSpacing(16);
   top->addWidget(week_name_, 1);
+  top->addWidget(more_);
   auto* right = new QVBoxLayout;
   right->addLayout(top);
   right->addWidget(grid_, 1);
@@ -77,6 +87,40 @@ void WeekBoard::layOut() {
 void WeekBoard::attachCommand(BoardCommand command, Handler handler) {
   handlers_[command] = std::move(handler);
   commands_->button(command).setEnabled(true);
+}
+
+void WeekBoard::addPlanCommands() {
+  plan_commands_ = new PlanCommands({*grid_, state(), this, [this] { return firstDay(); },
+                                     [this](const QString& message) { showSaved(message, false); },
+                                     [this](const QString& message) { showSaved(message, true); },
+                                     [this](QDate day) { openDay(day); },
+                                     [this](QDate day) {
+                                       if (open_memo_) open_memo_(day);
+                                       returnFromWindow();
+                                     },
+                                     [this](const QString& activity) { openActivity(activity); }});
+  grid_->setMenu([this](QMenu& menu) { plan_commands_->fill(menu); });
+  days_->weekdayLabel()->installEventFilter(this);
+  constexpr std::chrono::minutes kBetweenLooks(1);
+  auto* clock = new QTimer(this);  // the mark of today follows midnight
+  connect(clock, &QTimer::timeout, this, &WeekBoard::markToday);
+  clock->start(kBetweenLooks);
+}
+
+void WeekBoard::showMenu() {
+  auto* menu = new QMenu(this);
+  menu->setAttribute(Qt::WA_DeleteOnClose);
+  plan_commands_->fill(*menu);
+  menu->popup(more_->mapToGlobal(more_->rect().bottomLeft()));
+}
+
+// A double click on the weekday goes to the Monday of the shown week.
+bool WeekBoard::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == days_->weekdayLabel() && event->type() == QEvent::MouseButtonDblClick) {
+    days_->setDate(firstDay().addDays(1 - firstDay().dayOfWeek()));
+    return true;
+  }
+  return PlannerWindow::eventFilter(watched, event);
 }
 
 QDate WeekBoard::firstDay() const {
@@ -174,15 +218,32 @@ void WeekBoard::FillWeek() {
   week_name_->setFont(isPlainText(texts.weekName) ? plainFont(font()) : font());
   week_name_->setText(texts.weekName);
   grid_->SetRangeBorder(0, 0, grid_->Cols() - 1, grid_->Rows() - 1, 0, 1, kBlue);
-  const qint64 untilToday = first.daysTo(state().clock.today());
-  grid_->markColumn(untilToday >= 0 && untilToday < kBoardDays ? int(untilToday) + 1 : -1);
+  markToday();
   grid_->Redraw();
   grid_->SetRedrawSwitch(true);
   grid_->SetCurrentCell(1, 1);
 }
 
+void WeekBoard::markToday() {
+  const qint64 untilToday = firstDay().daysTo(state().clock.today());
+  grid_->markColumn(untilToday >= 0 && untilToday < kBoardDays ? int(untilToday) + 1 : -1);
+}
+
 void WeekBoard::fillAfterStep() {
   showWhole([this] { FillWeek(); });
+}
+
+// The user goes on where the change was made.
+void WeekBoard::showSaved(const QString& message, bool rebuilds) {
+  const CellPlace cell = grid_->currentPlace();
+  if (rebuilds) {
+    setRedrawFlag();
+    RebuildBoard();
+  } else {
+    fillAfterStep();
+  }
+  grid_->SetCurrentCell(cell.col, cell.row);
+  if (!message.isEmpty()) showMessage(message);
 }
 
 // A window that leaves the board as it was may have changed what it shows.
@@ -199,13 +260,19 @@ void WeekBoard::returnFromWindow() {
 void WeekBoard::openCell(int col, int row) {
   const QString tag = grid_->CellTag(col, row);
   if (col <= 0 || row < 0 || tag.isEmpty()) return;
-  const bool isHeading = row == 0;
-  if (isHeading ? !open_day_ : !open_activity_) return;
-  if (isHeading) {
-    open_day_(readDate(tag).value_or(firstDay()));
-  } else {
-    open_activity_(tag);
-  }
+  if (row > 0) return openActivity(tag);
+  if (const auto day = readDate(tag)) openDay(*day);
+}
+
+void WeekBoard::openDay(QDate day) {
+  if (!open_day_) return;
+  open_day_(day);
+  returnFromWindow();
+}
+
+void WeekBoard::openActivity(const QString& activity) {
+  if (!open_activity_) return;
+  open_activity_(activity);
   returnFromWindow();
 }
 
@@ -226,6 +293,7 @@ void WeekBoard::clearSchedule() {
           u"计划吗?"_qs)) {
     return;
   }
+  state().Db.undoLog().setName(u"清空计划"_qs);
   try {
     ScheduleStore::Transaction all(state().Db);
     for (const auto& statement : {statements::deletePlans(), statements::deleteMemos(),

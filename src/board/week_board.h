@@ -11,6 +11,7 @@ namespace vellora {
 class DateStepper;
 class ElidedLabel;
 class GridSurface;
+class PlanCommands;
 
 // The main window: seven days from the picked date by the time blocks. F5 reads it anew. It knows
 // no other window; what its commands and clicks open is attached from outside.
@@ -32,6 +33,8 @@ class WeekBoard : public PlannerWindow {
   using DayHandler = std::function<void(QDate day)>;
   using ActivityHandler = std::function<void(const QString& activity)>;
   void attachDayHeading(DayHandler handler) { open_day_ = std::move(handler); }
+  // What the menu of a day's heading opens besides.
+  void attachMemo(DayHandler handler) { open_memo_ = std::move(handler); }
   void attachPlannedCell(ActivityHandler handler) { open_activity_ = std::move(handler); }
 
   QDate firstDay() const;
@@ -47,16 +50,23 @@ class WeekBoard : public PlannerWindow {
   void onLoad() override;
   void onActivate() override { RebuildBoard(); }
   bool closesOnEscape() const override { return false; }
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   void layOut();
+  void addPlanCommands();
+  void showMenu();
   void setUpGrid();
   void openTemplate();
   void rebuildFromDatabase();
   void showWhole(const std::function<void()>& read);
   void fillAfterStep();
+  void showSaved(const QString& message, bool rebuilds);
+  void markToday();
   void runCommand(BoardCommand command);
   void openCell(int col, int row);
+  void openDay(QDate day);
+  void openActivity(const QString& activity);
   void returnFromWindow();
   void print();
   void clearSchedule();
@@ -65,11 +75,15 @@ class WeekBoard : public PlannerWindow {
   CommandBar* commands_;
   DateStepper* days_;
   ElidedLabel* week_name_;
+  QPushButton* today_;
+  QPushButton* more_;
   GridSurface* grid_;
+  PlanCommands* plan_commands_ = nullptr;
   qint64 changes_seen_ = 0;  // rows changed by this program when the board was last read
   QDate shown_;              // invalid until something has been read
   std::map<BoardCommand, Handler> handlers_;
   DayHandler open_day_;
+  DayHandler open_memo_;
   ActivityHandler open_activity_;
   bool redraw_ = false;
 };

@@ -70,6 +70,10 @@ void MemoWindow::onLoad() {
   if (isRead()) text_->setFocus();
 }
 
+void MemoWindow::setDate(QDate day) {
+  days_->setDate(day);
+}
+
 void MemoWindow::showDay() {
   if (isRead() && isChanged()) keepDiscardedText();
   ShowMemo();

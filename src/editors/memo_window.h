@@ -18,6 +18,12 @@ class MemoWindow : public EditedWindow {
  public:
   explicit MemoWindow(ApplicationState& state, QWidget* parent = nullptr);
 
+  // After loading.
+  void setDate(QDate day);
+
+  // After loading.
+  void openDay(QDate day);
+
  protected:
   void onLoad() override;
   Changes changes() override;

@@ -7,7 +7,9 @@
 namespace vellora {
 
 // Of the calendar that the planner knows.
+inline const QDate kFirstDay(1752, 9, 14);
 inline const QDate kLastDay(9999, 12, 31);
+inline constexpr int kDaysInAWeek = 7;
 
 // Separates the lines of one cell's text.
 inline constexpr QChar kLineBreak{u'\r'};

@@ -170,7 +170,8 @@ QList<OpenItem> readOpenItems(ScheduleStore& store) {
   QList<OpenItem> items;
   auto rows = store.open(statements::openItems());
   for (; !rows.atEnd(); rows.moveNext()) {
-    items.append({rows.text(u"HDMC"), static_cast<PackedColour>(rows.number(u"FRGB"))});
+    items.append({rows.text(u"HDMC"), static_cast<PackedColour>(rows.number(u"FRGB")),
+                  rows.text(u"HDLB")});
   }
   return items;
 }

@@ -98,6 +98,7 @@ class ItemCatalogue {
 struct OpenItem {
   QString name;
   PackedColour colour;
+  QString category;
 };
 
 // In ascending number order. Throws StoreError.

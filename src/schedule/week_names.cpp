@@ -8,8 +8,6 @@
 namespace vellora {
 namespace {
 
-constexpr int kDaysInAWeek = 7;
-
 constexpr TableColumn kNameColumns[]{
     {u"KSRQ", u"开始时间", 90, CellContent::Date},
     {u"JSRQ", u"结束时间", 90, CellContent::Date},

@@ -18,7 +18,6 @@
 namespace vellora {
 namespace {
 
-const QDate kFirstDate(1752, 9, 14);
 const QDate kLastDate(9999, 12, 24);
 
 QString usage() {
@@ -30,8 +29,8 @@ QString usage() {
 // What keeps a text from being a date of the field; empty when nothing does.
 QString faultOf(const std::optional<QDate>& date) {
   if (!date) return u"不是日期"_qs;
-  if (*date >= kFirstDate && *date <= kLastDate) return {};
-  return u"日期不在 %1 到 %2 之间"_qs.arg(isoDate(kFirstDate), isoDate(kLastDate));
+  if (*date >= kFirstDay && *date <= kLastDate) return {};
+  return u"日期不在 %1 到 %2 之间"_qs.arg(isoDate(kFirstDay), isoDate(kLastDate));
 }
 
 // Can be read on the paper of light and dark skins.
@@ -55,7 +54,7 @@ DatePicker::DatePicker(const QString& objectName, const QString& accessibleName,
 
 void DatePicker::setDate(QDate date) {
   const QDate before = date_;
-  date_ = std::clamp(date, kFirstDate, kLastDate);
+  date_ = std::clamp(date, kFirstDay, kLastDate);
   showDate();
   if (date_ != before) emit dateChanged(date_);
 }
@@ -186,7 +185,7 @@ void DatePicker::mousePressEvent(QMouseEvent* event) {
 
 void DatePicker::openCalendar() {
   finishTyping();
-  auto* calendar = new CalendarPopup({date_, clock_.today(), kFirstDate, kLastDate}, this);
+  auto* calendar = new CalendarPopup({date_, clock_.today(), kFirstDay, kLastDate}, this);
   connect(calendar, &CalendarPopup::picked, this, &DatePicker::stepTo);
   calendar->open();
 }

@@ -43,13 +43,14 @@ class DateStepper : public QWidget {
   // focus where it is: a save first stores what is shown and then turns to the typed date.
   void finishTyping();
   DatePicker* picker() const { return picker_; }
+  QLabel* weekdayLabel() const { return weekday_; }
+  void goToToday();
 
  signals:
   void dateChanged(QDate date);
 
  private:
   void stepBy(int days);
-  void goToToday();
   void showWeekday();
 
   DatePicker* picker_ = nullptr;

@@ -24,6 +24,7 @@ class Connection {
   Connection& operator=(const Connection&) = delete;
 
   sqlite3* handle() const { return database_.getHandle(); }
+  const SQLite::Database& database() const { return database_; }
   StatementCache& statements() { return statements_; }
   bool isReadOnly() const { return isReadOnly_; }
   bool isInTransaction() const;
@@ -41,15 +42,21 @@ class Connection {
   StoreError outcome(const StoreError& failure, std::optional<quint32> before);
   // Runs a change that may be a save of its own; its failure is the outcome of that.
   template <typename Change>
-  auto save(Change change) {
+  void save(Change change) {
     if (isInTransaction()) return change();
     const std::optional<quint32> before = saveCount();
     try {
-      return change();
+      change();
     } catch (const StoreError& failure) {
       throw outcome(failure, before);
     }
+    saved();
   }
+  // To be called after every save; passes it on.
+  void saved() const {
+    if (onSaved_) onSaved_();
+  }
+  void setOnSaved(std::function<void()> onSaved) { onSaved_ = std::move(onSaved); }
 
   // Asked every few milliseconds of a statement; false ends it with WorkCancelled. Null for
   // nothing.
@@ -71,6 +78,7 @@ class Connection {
   QElapsedTimer waiting_;
   SQLite::Database database_;
   StatementCache statements_;
+  std::function<void()> onSaved_;
   bool isReadOnly_ = false;
 };
 

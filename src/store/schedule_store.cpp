@@ -4,6 +4,7 @@
 #include "store/schema.h"
 #include "store/statement_cache.h"
 #include "store/store_error.h"
+#include "store/undo_log.h"
 
 #include <sqlite3.h>
 
@@ -25,12 +26,13 @@ qint64 ScheduleStore::execute(const Query& statement) {
   PreparedStatement& prepared = set->statement;
   const StatementRun run(prepared);
   set->bind(statement);
-  const qint64 before = connection_->changeCount();
+  qint64 changed = 0;
   connection_->save([&] {
     while (prepared.step()) {
     }
+    changed = sqlite3_changes64(connection_->handle());
   });
-  return connection_->changeCount() - before;
+  return changed;
 }
 
 Recordset ScheduleStore::open(const Query& tableOrSelect) {
@@ -39,6 +41,14 @@ Recordset ScheduleStore::open(const Query& tableOrSelect) {
 
 RowCursor ScheduleStore::readOnce(const Query& tableOrSelect) {
   return {*connection_, tableOrSelect};
+}
+
+UndoLog& ScheduleStore::undoLog() {
+  if (!undo_log_) {
+    undo_log_ = std::make_unique<UndoLog>(*this, *connection_);
+    connection_->setOnSaved([this] { undo_log_->closeStep(); });
+  }
+  return *undo_log_;
 }
 
 qint64 ScheduleStore::changedRows() const {
@@ -80,8 +90,11 @@ void ScheduleStore::Transaction::commit() {
   try {
     connection_->run("COMMIT");
   } catch (const StoreError& failure) {
-    throw connection_->outcome(failure, before_);
+    const StoreError outcome = connection_->outcome(failure, before_);
+    if (outcome.fault() == StoreFault::SavedDespiteError) connection_->saved();
+    throw outcome;
   }
+  connection_->saved();
   connection_ = nullptr;
 }
 

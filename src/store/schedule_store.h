@@ -14,6 +14,7 @@
 namespace vellora {
 
 class Connection;
+class UndoLog;
 
 // The schedule database, one connection to one file. Statements are in the planner's dialect (see
 // dialect.h); every operation may throw StoreError.
@@ -39,6 +40,9 @@ class ScheduleStore {
 
   // Reads the same rows once: look-ups behind a board, backups of a large schedule.
   RowCursor readOnce(const Query& tableOrSelect);
+
+  // What is saved from the first call on can be undone; see undo_log.h.
+  UndoLog& undoLog();
 
   // How many rows this program has added, changed or deleted since it opened the schedule.
   qint64 changedRows() const;
@@ -97,6 +101,7 @@ class ScheduleStore {
 
  private:
   std::unique_ptr<Connection> connection_;
+  std::unique_ptr<UndoLog> undo_log_;
 };
 
 // Looks a whole schedule through for damage that nobody has met yet, on a connection of its own and

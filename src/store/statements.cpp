@@ -54,6 +54,10 @@ Query plansOn(QDate date) {
   return {u"SELECT * FROM JH WHERE RQ=?"_qs, {date}};
 }
 
+Query plansBetween(QDate first, QDate last) {
+  return {u"SELECT * FROM JH WHERE RQ>=? AND RQ<=?"_qs, {first, last}};
+}
+
 Query planOfBlock(QDate date, const QString& code) {
   return {u"SELECT * FROM JH  WHERE JH.SJKH=? AND JH.RQ=?"_qs, {code, date}};
 }

@@ -23,6 +23,7 @@ Query deleteBlocks();
 
 // JH, the plan entries.
 Query plansOn(QDate date);
+Query plansBetween(QDate first, QDate last);
 Query planOfBlock(QDate date, const QString& code);
 Query plansOfActivity(const QString& name);
 Query planOfActivityInBlock(const QString& name, QDate date, const QString& code);

@@ -15,7 +15,7 @@
 namespace vellora {
 namespace {
 
-const QDate kFirstDay(2007, 3, 5);
+const QDate kTermStart(2007, 3, 5);
 constexpr int kBlocks = 12;
 
 // Busy is the only thing that a save may meet.
@@ -39,10 +39,10 @@ int liveAsCopy(const QString& path, int number) {
   ScheduleStore store(path);
   int round = 0;
   const auto mark = [&] { return u"%1-%2"_qs.arg(number).arg(round); };
-  const auto ownDay = [&] { return kFirstDay.addDays(round * 2 + number); };
+  const auto ownDay = [&] { return kTermStart.addDays(round * 2 + number); };
   const std::function<QString()> saves[]{
       [&] { return storeMemo(store, ownDay(), mark()), QString(); },
-      [&] { return storeMemo(store, kFirstDay.addDays(-1), mark()), QString(); },
+      [&] { return storeMemo(store, kTermStart.addDays(-1), mark()), QString(); },
       [&] {
         Sheet items;
         setUpItemSheet(items);
@@ -88,7 +88,7 @@ TEST(TwoCopies, OfTheProgramSaveAtTheSameTimeAndLoseNothing) {
   for (const int copy : {one, other}) EXPECT_EQ(test::endOf(copy), 0);
 
   ScheduleStore store = schedule.store();
-  EXPECT_EQ(store.open(statements::memoOn(kFirstDay.addDays(-1))).count(), 1) << "the shared day";
+  EXPECT_EQ(store.open(statements::memoOn(kTermStart.addDays(-1))).count(), 1) << "the shared day";
   auto blocks = store.open(statements::allBlocks());
   EXPECT_EQ(blocks.count(), kBlocks);
   const QString mark = blocks.text(u"sjkm");

@@ -44,7 +44,7 @@ class DayPlan : public Plans {
 class ActivityPlan : public Plans {
  protected:
   QStringList list() {
-    const QStringList missing = listEntries(store_, sheet_, TimeBlockList(store_), u"读书"_qs);
+    QStringList missing = listEntries(store_, sheet_, TimeBlockList(store_), u"读书"_qs);
     asRead_ = SavedEntries(store_, u"读书"_qs);
     return missing;
   }

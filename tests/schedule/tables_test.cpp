@@ -16,7 +16,7 @@ class TimeBlocks : public test::ScheduleTest {
   QStringList stored() {
     const Sheet typed = sheet_;
     LoadTimeBlocks(store_, sheet_);
-    const QStringList rows = filledRows();
+    QStringList rows = filledRows();
     sheet_ = typed;
     return rows;
   }

@@ -87,7 +87,7 @@ void inWindowOpenedBy(const std::function<void()>& opening, const std::function<
 }
 
 QWidget& control(const QString& name) {
-  QWidget* found = front().findChild<QWidget*>(name);
+  auto* found = front().findChild<QWidget*>(name);
   if (!found) throw std::runtime_error("no control " + name.toStdString());
   return *found;
 }

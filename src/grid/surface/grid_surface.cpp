@@ -175,15 +175,23 @@ bool GridSurface::useCommandKey(const QKeyEvent& event) {
 void GridSurface::contextMenuEvent(QContextMenuEvent* event) {
   auto* menu = new QMenu(this);
   menu->setAttribute(Qt::WA_DeleteOnClose);
-  for (const Command& command : commands()) {
-    QAction* action = menu->addAction(command.text, this, command.run);
-    action->setShortcuts(command.keys);
-    action->setEnabled(command.isEnabled());
-    if (command.endsGroup) menu->addSeparator();
+  if (fillMenu_) {
+    fillMenu_(*menu);
+  } else {
+    fillOwnMenu(*menu);
   }
   const bool byKey = event->reason() == QContextMenuEvent::Keyboard;
   const QPoint cell = visualRect(currentIndex()).bottomLeft();
   menu->popup(byKey ? viewport()->mapToGlobal(cell) : event->globalPos());
+}
+
+void GridSurface::fillOwnMenu(QMenu& menu) {
+  for (const Command& command : commands()) {
+    QAction* action = menu.addAction(command.text, this, command.run);
+    action->setShortcuts(command.keys);
+    action->setEnabled(command.isEnabled());
+    if (command.endsGroup) menu.addSeparator();
+  }
 }
 
 // An open cell's Escape is no shortcut of the window, also while the focus is still here.

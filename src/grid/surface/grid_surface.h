@@ -6,6 +6,8 @@
 #include "grid/surface/sheet_view.h"
 #include "routine/work_step.h"
 
+class QMenu;
+
 namespace vellora {
 
 // The spreadsheet that every window draws on: the planner's grid operations and events by their
@@ -68,6 +70,13 @@ class GridSurface : public SheetView {
   // How printing, pasting and clearing tell that they take long; without one they do not.
   void setWorkRunner(const WorkRunner& run) { runWork_ = run; }
 
+  // What the context menu offers instead of the grid's own commands.
+  void setMenu(const std::function<void(QMenu& menu)>& fill) { fillMenu_ = fill; }
+  CellPlace currentPlace() const { return current(); }
+  CellRange selectedCells() const { return selected(); }
+  // The selected cells' texts, for other programs too.
+  void copy() const;
+
   void clearUndo() { edits_.clear(); }
 
  signals:
@@ -105,11 +114,11 @@ class GridSurface : public SheetView {
     bool endsGroup = false;
   };
   std::vector<Command> commands();
+  void fillOwnMenu(QMenu& menu);
   // Whether the user may change a cell of the range.
   bool isAnyOpen(const CellRange& range) const;
   bool canPaste() const;
   bool canDuplicate() const;
-  void copy() const;
   void cut();
   void paste();
   void empty(const QString& name);
@@ -142,6 +151,7 @@ class GridSurface : public SheetView {
   CellDelegate delegate_{appearance_};
   EntryRule rule_;
   bool growsOnPaste_ = false;
+  std::function<void(QMenu& menu)> fillMenu_;
   std::function<QString()> documentName_ = [] { return QString(); };
   WorkRunner runWork_ = runWithoutProgress;
   bool isPassing_ = false;  // a key is with the open cell's editor
