@@ -28,7 +28,7 @@ constexpr const char* kRawByActivity =
     " WHERE JH.RQ>=? AND JH.RQ<=? GROUP BY HD.HDLB, JH.HDMC";
 
 void compareSums(SideBySide& table, const test::ScheduleBuilder& builder, const char* what,
-                 QString (*statement)(QDate, QDate), const char* rawSql) {
+                 Query (*statement)(QDate, QDate), const char* rawSql) {
   const QDate last = kFirstDay.addYears(200);
   ScheduleStore store(builder.path());
   RawDatabase raw(builder.path());

@@ -1,7 +1,7 @@
 #include "backup/backup_path.h"
 
+#include "grid/files/file_error.h"
 #include "routine/calendar_text.h"
-#include "schedule/backup_records.h"
 #include "shell/drives.h"
 
 #include <QDir>
@@ -23,7 +23,7 @@ QString systemPath(const QString& text, const QString& homeFolder) {
   const bool namesFile = !path.endsWith(u'/') && !path.endsWith(u'\\');
   if (namesFile && path.startsWith(u'/')) return path;
   if (namesFile && isGiven) return realPath(path, homeFolder);
-  throw BackupError(BackupError::kFile, u"备份文件的路径“%1”不完整。"_qs.arg(text));
+  throw FileError(u"备份文件的路径“%1”不完整。"_qs.arg(text));
 }
 
 }  // namespace vellora

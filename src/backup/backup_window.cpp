@@ -5,7 +5,6 @@
 #include "grid/files/file_error.h"
 #include "grid/surface/grid_surface.h"
 #include "schedule/backup.h"
-#include "schedule/backup_records.h"
 #include "shell/controls.h"
 #include "shell/work_dialog.h"
 #include "store/store_error.h"
@@ -138,21 +137,17 @@ void BackupWindow::run(const Wording& wording, const Job& job) {
 }
 
 QString BackupWindow::outcomeOf(const Wording& wording, const Job& job) {
-  const auto failure = [&](int number, const QString& description) {
-    return u"错误：%1 %2\n\n%3"_qs.arg(QString::number(number), description, wording.failed);
-  };
   try {
     WorkDialog dialog(this);
     return wording.done.arg(job(dialog.progress()));
   } catch (const WrittenFileError& error) {
     return error.description();
-  } catch (const StoreError& error) {
-    if (error.fault() == StoreFault::SavedDespiteError) return error.description();
-    return failure(error.number(), error.description());
-  } catch (const BackupError& error) {
-    return failure(error.number(), error.description());
-  } catch (const FileError& error) {
-    return failure(BackupError::kFile, error.description());
+  } catch (const PlannerError& error) {
+    if (error.number() == static_cast<int>(StoreFault::SavedDespiteError)) {
+      return error.description();
+    }
+    return u"错误：%1 %2\n\n%3"_qs.arg(QString::number(error.number()), error.description(),
+                                       wording.failed);
   } catch (const WorkCancelled&) {
     return {};  // as the user wished
   }

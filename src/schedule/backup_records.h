@@ -1,29 +1,22 @@
 #pragma once
 
+#include "routine/planner_error.h"
 #include "store/column_kind.h"
 #include "store/schedule_store.h"
 
 #include <QString>
 
-#include <stdexcept>
 #include <vector>
 
 namespace vellora {
 
 // Why a backup or a restore was refused; the numbers are shown to the user and stand apart from
-// those of StoreFault.
-class BackupError : public std::runtime_error {
+// those of StoreFault and FileError.
+class BackupError : public PlannerError {
  public:
-  enum Number { kFile = 101, kNotABackup, kWrongColumns, kTextMissing, kUnfitValue, kDiffers };
+  enum Number { kNotABackup = 102, kWrongColumns, kTextMissing, kUnfitValue, kDiffers };
 
-  BackupError(Number number, const QString& description)
-      : std::runtime_error(description.toStdString()), number_(number) {}
-
-  int number() const { return number_; }
-  QString description() const { return QString::fromUtf8(what()); }
-
- private:
-  Number number_;
+  BackupError(Number number, const QString& description) : PlannerError(number, description) {}
 };
 
 // How a table's field travels in a backup.

@@ -48,11 +48,7 @@ void addActivity(Sheet& sheet, RowCursor& rows, qint64 total) {
 }  // namespace
 
 NoPlannedTime::NoPlannedTime()
-    : std::runtime_error(u"所选日期内的作息总时间为零，无法计算百分比。"_qs.toStdString()) {}
-
-QString NoPlannedTime::description() const {
-  return QString::fromUtf8(what());
-}
+    : PlannerError(0, u"所选日期内的作息总时间为零，无法计算百分比。"_qs) {}
 
 std::vector<CategoryUse> useByCategory(ScheduleStore& store, QDate first, QDate last) {
   std::vector<CategoryUse> uses;

@@ -1,12 +1,12 @@
 #pragma once
 
 #include "grid/sheet/sheet.h"
+#include "routine/planner_error.h"
 #include "store/schedule_store.h"
 
 #include <QDate>
 #include <QString>
 
-#include <stdexcept>
 #include <vector>
 
 namespace vellora {
@@ -16,10 +16,9 @@ namespace vellora {
 // before its start counts negative.
 
 // Shares of nothing: every counted block is of zero length.
-class NoPlannedTime : public std::runtime_error {
+class NoPlannedTime : public PlannerError {
  public:
   NoPlannedTime();
-  QString description() const;
 };
 
 struct CategoryUse {

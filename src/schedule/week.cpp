@@ -12,7 +12,7 @@ const QString& boardFace() {
 }
 
 // One column of the first row, or nothing when there is no row.
-QString firstText(ScheduleStore& store, const QString& statement, QStringView column) {
+QString firstText(ScheduleStore& store, const Query& statement, QStringView column) {
   RowCursor rows = store.readOnce(statement);
   return rows.next() ? rows.text(column) : QString();
 }

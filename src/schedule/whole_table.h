@@ -25,9 +25,9 @@ struct TableColumn {
 // A table that is edited whole in one grid, a grid column for each of its columns.
 struct WholeTable {
   std::span<const TableColumn> columns;
-  QString (*rowsInOrder)();  // statements
-  QString (*allRows)();
-  QString (*deleteRows)();
+  Query (*rowsInOrder)();
+  Query (*allRows)();
+  Query (*deleteRows)();
 
   const TableColumn& column(int col) const { return columns[static_cast<std::size_t>(col)]; }
 };

@@ -134,9 +134,7 @@ void StatisticsWindow::compute() {
   QString failure;
   try {
     runWithDialog(this, [this](const WorkProgress& progress) { showTimeUse(progress); });
-  } catch (const StoreError& error) {
-    failure = error.description();
-  } catch (const NoPlannedTime& error) {
+  } catch (const PlannerError& error) {
     failure = error.description();
   } catch (const WorkCancelled&) {
     // as the user wished; what was shown before stays

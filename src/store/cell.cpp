@@ -47,6 +47,11 @@ QVariant storedValue(const Cell& cell) {
 
 }  // namespace
 
+OwnedCell owned(const Cell& cell) {
+  return {cell.kind, cell.integer, cell.real,
+          QByteArray(cell.bytes.data(), static_cast<qsizetype>(cell.bytes.size()))};
+}
+
 QVariant cellValue(const Cell& cell, ColumnKind kind) {
   if (kind == ColumnKind::DateTime && cell.kind == Cell::Kind::Text) {
     return momentValue(decoded(cell.bytes));

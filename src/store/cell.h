@@ -3,6 +3,7 @@
 #include "store/column_kind.h"
 
 #include <QByteArray>
+#include <QList>
 #include <QVariant>
 
 #include <string_view>
@@ -21,7 +22,7 @@ struct Cell {
   bool operator==(const Cell&) const = default;
 };
 
-// A value on its way into the database.
+// The same with bytes of its own.
 struct OwnedCell {
   Cell::Kind kind = Cell::Kind::Null;
   qint64 integer = 0;
@@ -31,6 +32,14 @@ struct OwnedCell {
   Cell view() const {
     return {kind, integer, real, {bytes.constData(), static_cast<std::size_t>(bytes.size())}};
   }
+};
+
+OwnedCell owned(const Cell& cell);
+
+// A row as the database holds it.
+struct StoredRow {
+  qint64 rowId = 0;  // 0 when the rows of its set cannot be changed
+  QList<OwnedCell> cells;
 };
 
 // A cell as the windows read it. A number that no integer can hold reads as the nearest one; a date

@@ -54,20 +54,20 @@ void clockPart(sqlite3_context* context, int, sqlite3_value** arguments) {
   sqlite3_result_error(context, message.constData(), static_cast<int>(message.size()));
 }
 
-void addFunction(sqlite3* connection, const char* name,
+void addFunction(sqlite3* handle, const char* name,
                  void (*function)(sqlite3_context*, int, sqlite3_value**)) {
   constexpr int kFlags = SQLITE_UTF8 | SQLITE_DETERMINISTIC | SQLITE_INNOCUOUS;
-  if (sqlite3_create_function(connection, name, 1, kFlags, nullptr, function, nullptr, nullptr) !=
+  if (sqlite3_create_function(handle, name, 1, kFlags, nullptr, function, nullptr, nullptr) !=
       SQLITE_OK) {
-    throw engineError(connection);
+    throw engineError(handle);
   }
 }
 
 }  // namespace
 
-void addClockFunctions(sqlite3* connection) {
-  addFunction(connection, "Hour", clockPart<&ClockTime::hour>);
-  addFunction(connection, "Minute", clockPart<&ClockTime::minute>);
+void addClockFunctions(sqlite3* handle) {
+  addFunction(handle, "Hour", clockPart<&ClockTime::hour>);
+  addFunction(handle, "Minute", clockPart<&ClockTime::minute>);
 }
 
 }  // namespace vellora

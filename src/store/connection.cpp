@@ -55,18 +55,18 @@ SQLite::Database openedDatabase(const QString& path) {
 // Nothing that a file made elsewhere holds is run: no triggers or views, no functions in its checks
 // and defaults beyond the harmless ones. Triggers of the temporary schema, which only the planner
 // itself can make, run all the same (since 3.35 of the engine).
-void distrust(sqlite3* connection) {
+void distrust(sqlite3* handle) {
   for (const int option :
        {SQLITE_DBCONFIG_ENABLE_TRIGGER, SQLITE_DBCONFIG_ENABLE_VIEW, SQLITE_DBCONFIG_ENABLE_FKEY,
         SQLITE_DBCONFIG_TRUSTED_SCHEMA,
         SQLITE_DBCONFIG_DQS_DML}) {  // a name in quotes is a name and never silently a text
-    sqlite3_db_config(connection, option, 0, nullptr);
+    sqlite3_db_config(handle, option, 0, nullptr);
   }
-  sqlite3_db_config(connection, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
+  sqlite3_db_config(handle, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
 }
 
-bool lacksLeaveToWrite(sqlite3* connection, const QString& path) {
-  return sqlite3_db_readonly(connection, "main") == 1 ||
+bool lacksLeaveToWrite(sqlite3* handle, const QString& path) {
+  return sqlite3_db_readonly(handle, "main") == 1 ||
          !QFileInfo(QFileInfo(path).canonicalPath()).isWritable();
 }
 
@@ -127,8 +127,8 @@ void Connection::setProgressHandler(std::function<bool()>* mayContinue) {
   sqlite3_progress_handler(handle(), kSteps, mayContinue ? +ask : nullptr, mayContinue);
 }
 
-int Connection::wait(void* connection, int timesWaited) noexcept {
-  return static_cast<Connection*>(connection)->waitsOn(timesWaited) ? 1 : 0;
+int Connection::wait(void* waiting, int timesWaited) noexcept {
+  return static_cast<Connection*>(waiting)->waitsOn(timesWaited) ? 1 : 0;
 }
 
 // Waits a little, and longer the second time.

@@ -70,7 +70,7 @@ class Connection {
   qint64 numberFrom(const char* sql);
 
  private:
-  static int wait(void* connection, int timesWaited) noexcept;
+  static int wait(void* waiting, int timesWaited) noexcept;
   bool waitsOn(int timesWaited);
 
   std::chrono::milliseconds patience_;

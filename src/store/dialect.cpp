@@ -1,7 +1,7 @@
 #include "store/dialect.h"
 
 #include "store/column.h"
-#include "store/statement_pieces.h"
+#include "store/moment.h"
 #include "store/store_error.h"
 
 #include <QList>
@@ -31,7 +31,7 @@ qsizetype runEnd(QStringView text, qsizetype from, Predicate belongs) {
 
 qsizetype symbolLength(QStringView text) {
   if (text.startsWith(u"<=") || text.startsWith(u">=") || text.startsWith(u"<>")) return 2;
-  return QStringView(u"*,.()=<>+-/;").contains(text.front()) ? 1 : 0;
+  return QStringView(u"*,.()=<>+-/;?").contains(text.front()) ? 1 : 0;
 }
 
 StoreError unclosed(QStringView text, qsizetype at) {
@@ -81,17 +81,55 @@ bool readsOneTable(const Tokens& tokens) {
          !hasWord(tokens, u"INTERSECT");
 }
 
-QString engineWord(const Token& token, int* parameters) {
-  switch (token.kind) {
-    case Token::Kind::Text:
-    case Token::Kind::Date:
-      return u'?' + QString::number(++*parameters);
-    case Token::Kind::Name:
-      return quotedName(token.text);
-    default:
-      return token.text.toString();
+// Position after the quote that closes a text literal whose inside begins at `from`; -1 without
+// one. A doubled quote is part of the literal.
+qsizetype textLiteralEnd(QStringView text, qsizetype from) {
+  for (;;) {
+    const qsizetype quote = text.indexOf(u'\'', from);
+    if (quote < 0) return -1;
+    if (quote + 1 == text.size() || text[quote + 1] != u'\'') return quote + 1;
+    from = quote + 2;
   }
 }
+
+QString storedMoment(QStringView text) {
+  if (const std::optional<Moment> moment = readMoment(text)) return storedText(*moment);
+  throw StoreError(StoreFault::NotADateOrTime,
+                   u"语句中的“%1”不是日期或时间。"_qs.arg(text.left(30)));
+}
+
+bool isPlace(const Token& token) {
+  return token.isSymbol(u"?");
+}
+
+// Puts the tokens of a translation into the engine's words, one after the other.
+class EngineWords {
+ public:
+  explicit EngineWords(Translation& translation) : translation_(translation) {}
+
+  QString next(const Token& token) {
+    switch (token.kind) {
+      case Token::Kind::Text:
+        return literal(unquoted(token.text));
+      case Token::Kind::Date:
+        return literal(storedMoment(token.text));
+      case Token::Kind::Name:
+        return quotedName(token.text);
+      default:
+        return isPlace(token) ? parameter(++place_) : token.text.toString();
+    }
+  }
+
+ private:
+  static QString parameter(qsizetype index) { return u'?' + QString::number(index); }
+  QString literal(const QString& meaning) {
+    translation_.literals.append(meaning.toUtf8());
+    return parameter(translation_.placeCount + translation_.literals.size());
+  }
+
+  Translation& translation_;
+  int place_ = 0;
+};
 
 }  // namespace
 
@@ -143,15 +181,6 @@ Token TokenReader::next() {
   throw StoreError(StoreFault::Syntax, u"语句中不能有“%1”。"_qs.arg(first));
 }
 
-qsizetype textLiteralEnd(QStringView text, qsizetype from) {
-  for (;;) {
-    const qsizetype quote = std::find(text.begin() + from, text.end(), u'\'') - text.begin();
-    if (quote == text.size()) return -1;
-    if (quote + 1 == text.size() || text[quote + 1] != u'\'') return quote + 1;
-    from = quote + 2;
-  }
-}
-
 QString unquoted(QStringView inside) {
   return inside.toString().replace(u"''"_qs, u"'"_qs);
 }
@@ -167,9 +196,10 @@ Translation translated(QStringView statement) {
     tokens.removeAt(1);
   }
   Translation translation;
+  translation.placeCount = static_cast<int>(std::count_if(tokens.begin(), tokens.end(), isPlace));
+  EngineWords words(translation);
   QString sql;
-  int parameters = 0;
-  for (const Token& token : tokens) sql += engineWord(token, &parameters) + u' ';
+  for (const Token& token : tokens) sql += words.next(token) + u' ';
   if (readsOneTable(tokens)) {
     translation.table = tokens[3].text.toString();
     translation.isWholeTable = !hasWord(tokens, u"WHERE") && !hasWord(tokens, u"LIMIT");
@@ -177,14 +207,6 @@ Translation translated(QStringView statement) {
   }
   translation.sql = sql.toUtf8();
   return translation;
-}
-
-QString textLiteral(QStringView text) {
-  return joinedPieces(TextLiteral{text});
-}
-
-QString dateLiteral(QDate date) {
-  return joinedPieces(date);
 }
 
 }  // namespace vellora

@@ -1,13 +1,14 @@
 #pragma once
 
 #include <QByteArray>
-#include <QDate>
+#include <QByteArrayList>
 #include <QString>
 #include <QStringView>
 
 // The planner's SQL dialect: SELECT and DELETE * FROM, #-delimited dates, texts between single
 // quotes with a quote doubled, names in brackets, Hour and Minute, nested INNER JOIN, names without
-// regard to case. Inside a literal every character stands for itself.
+// regard to case. Inside a literal every character stands for itself. A "?" is the place of a value
+// that comes with the statement.
 
 namespace vellora {
 
@@ -43,33 +44,25 @@ class TokenReader {
   qsizetype at_ = 0;
 };
 
-// Position after the quote that closes a text literal whose inside begins at `from`; -1 without
-// one. A doubled quote is part of the literal.
-qsizetype textLiteralEnd(QStringView text, qsizetype from);
-
 // What a text literal means: its inside with doubled quotes single.
 QString unquoted(QStringView inside);
 
 // A statement of the dialect in the engine's own words.
 struct Translation {
-  QByteArray sql;  // UTF-8; literals are the parameters ?1, ?2, ... in their order
+  QByteArray sql;  // UTF-8; its parameters are the places and then the literals, in their order
+  int placeCount = 0;
+  QByteArrayList literals;  // what they mean: UTF-8, dates in their stored form
   // The table of a SELECT * from one table, whose rows can be changed; empty for other statements.
   // The rows of such a set begin with a column more, their row number.
   QString table;
   bool isWholeTable = false;  // no row of the table is left out
 };
 
-// Translates a statement or its shape. Only SELECT, DELETE, INSERT and UPDATE are part of the
-// dialect; StoreFault::Syntax for anything else.
+// Only SELECT, DELETE, INSERT and UPDATE are part of the dialect; StoreFault::Syntax for anything
+// else, NotADateOrTime for a date literal that is no date or time.
 Translation translated(QStringView statement);
 
 // A name as the engine quotes it.
 QString quotedName(QStringView name);
-
-// '001'. A quote in the text is doubled, so that a name or code can never change a statement.
-QString textLiteral(QStringView text);
-
-// #2007-03-05#. An invalid date gives ##, which every statement refuses.
-QString dateLiteral(QDate date);
 
 }  // namespace vellora

@@ -30,6 +30,12 @@ QString literalText(const Token& token) {
   }
 }
 
+// What a column shall equal, as it would store it; a place takes the query's next value.
+QByteArray wantedText(const Token& token, const Query& query, qsizetype& place) {
+  if (token.isSymbol(u"?") && place < query.valueCount()) return query.value(place++);
+  return literalText(token).toUtf8();
+}
+
 // A column's name, with its table's name before it or without.
 QStringView columnName(TokenReader& reader) {
   Token name = reader.next();
@@ -50,20 +56,22 @@ bool isText(const Cell& cell, const QByteArray& text) {
 
 }  // namespace
 
-FindCondition::FindCondition(QStringView condition, const QList<Column>& columns) {
-  TokenReader reader(condition);
+FindCondition::FindCondition(const Query& condition, const QList<Column>& columns) {
+  TokenReader reader(condition.text());
+  qsizetype place = 0;
   for (;;) {
     const QStringView name = columnName(reader);
-    equalities_.append({columnPosition(columns, name), literalText(reader.next()).toUtf8()});
+    equalities_.append(
+        {columnPosition(columns, name), wantedText(reader.next(), condition, place)});
     const Token joint = reader.next();
     if (joint.kind == Token::Kind::End) return;
     if (!joint.isWord(u"AND")) throw notACondition();
   }
 }
 
-bool FindCondition::isMetBy(const RowArena& rows, qsizetype row) const {
+bool FindCondition::isMetBy(const StoredRow& row) const {
   for (const Equality& equality : equalities_) {
-    if (!isText(rows.cell(row, equality.column), equality.text)) return false;
+    if (!isText(row.cells[equality.column].view(), equality.text)) return false;
   }
   return true;
 }

@@ -1,27 +1,26 @@
 #pragma once
 
 #include "store/column.h"
-#include "store/row_arena.h"
+#include "store/query.h"
 
 #include <QList>
-#include <QStringView>
 
 namespace vellora {
 
-// A condition such as HDBH='001' AND SFWC=0: columns that equal literals, joined by AND. Texts are
-// compared exactly; a column without a value equals nothing.
+// A condition such as HDBH=? AND SFWC=0: columns that equal values or literals, joined by AND.
+// Texts are compared exactly; a column without a value equals nothing.
 class FindCondition {
  public:
   // Throws StoreFault::Syntax for any other condition, ColumnMissing for a column that the set does
   // not have, NotADateOrTime for a date that is none.
-  FindCondition(QStringView condition, const QList<Column>& columns);
+  FindCondition(const Query& condition, const QList<Column>& columns);
 
-  bool isMetBy(const RowArena& rows, qsizetype row) const;
+  bool isMetBy(const StoredRow& row) const;
 
  private:
   struct Equality {
     qsizetype column;
-    QByteArray text;  // the literal as a column stores it
+    QByteArray text;  // as a column stores it
   };
 
   QList<Equality> equalities_;

@@ -21,12 +21,12 @@ void PreparedStatement::Finalizer::operator()(sqlite3_stmt* statement) const {
   sqlite3_finalize(statement);
 }
 
-PreparedStatement::PreparedStatement(sqlite3* connection, const QByteArray& sql) {
+PreparedStatement::PreparedStatement(sqlite3* handle, const QByteArray& sql) {
   sqlite3_stmt* statement = nullptr;
-  const int code = sqlite3_prepare_v3(connection, sql.constData(), static_cast<int>(sql.size()),
+  const int code = sqlite3_prepare_v3(handle, sql.constData(), static_cast<int>(sql.size()),
                                       SQLITE_PREPARE_PERSISTENT, &statement, nullptr);
   statement_.reset(statement);
-  if (code != SQLITE_OK) throw engineError(connection);
+  if (code != SQLITE_OK) throw engineError(handle);
 }
 
 void PreparedStatement::check(int code) {

@@ -2,13 +2,13 @@
 
 #include "store/connection.h"
 #include "store/find_condition.h"
-#include "store/row_arena.h"
 #include "store/row_writer.h"
 #include "store/statement_cache.h"
 #include "store/store_error.h"
 
 #include <algorithm>
 #include <optional>
+#include <vector>
 
 namespace vellora {
 namespace {
@@ -19,30 +19,30 @@ struct RowEdit {
   ColumnChanges changes;
 };
 
-qsizetype positionOf(const RowArena& rows, qint64 rowId) {
-  qsizetype row = rows.rowCount();
-  while (row > 0 && rows.rowId(row - 1) != rowId) --row;
-  return row > 0 ? row - 1 : rows.rowCount();
-}
+using Rows = std::vector<StoredRow>;
 
-// Begins a row of the set with what the database stored.
-void begin(RowArena& rows, const StoredRow& stored) {
-  rows.begin(stored.rowId);
-  for (const OwnedCell& cell : stored.cells) rows.add(cell.view());
+// The end when there is no row of that number.
+qsizetype positionOf(const Rows& rows, qint64 rowId) {
+  const auto found = std::find_if(rows.rbegin(), rows.rend(),
+                                  [rowId](const StoredRow& row) { return row.rowId == rowId; });
+  return found == rows.rend() ? std::ssize(rows) : rows.rend() - found - 1;
 }
 
 }  // namespace
 
 struct Recordset::State {
-  State(Connection& connection, const QString& tableOrSelect) : lazy(connection, tableOrSelect) {}
+  State(Connection& database, const Query& tableOrSelect) : opened(database, tableOrSelect) {}
 
-  // The rows, read; a row that was added before they were read is then current.
-  RowArena& rows();
-  // The current row, which must be one.
-  qsizetype currentRow();
+  // The rows, read when that has not been done; a failure leaves them unread. A row that was added
+  // before is then current.
+  Rows& rows();
+  void read();
+  // StoreFault::NoCurrentRow at the end.
+  StoredRow& currentRow();
   RowWriter& writer();  // StoreFault::NotUpdatable when rows of the set cannot be changed
 
-  LazyRows lazy;
+  OpenedSet opened;
+  std::optional<Rows> readRows;
   qsizetype position = 0;
   bool noMatch = false;
   std::optional<RowWriter> rowWriter;
@@ -50,33 +50,44 @@ struct Recordset::State {
   std::optional<qint64> addedUnread;  // row number of the row that is current though unread
 };
 
-RowArena& Recordset::State::rows() {
-  RowArena& rows = lazy.rows();
-  if (addedUnread) position = positionOf(rows, *addedUnread);
-  addedUnread.reset();
-  return rows;
+Rows& Recordset::State::rows() {
+  if (!readRows) read();
+  return *readRows;
 }
 
-qsizetype Recordset::State::currentRow() {
-  if (position < rows().rowCount()) return position;
+void Recordset::State::read() {
+  Rows rows;
+  PreparedStatement& statement = opened.start();
+  const StatementRun run(statement);
+  while (statement.step()) {
+    opened.requireSameColumns();
+    rows.push_back(opened.row());
+  }
+  if (addedUnread) position = positionOf(rows, *addedUnread);
+  addedUnread.reset();
+  readRows = std::move(rows);
+}
+
+StoredRow& Recordset::State::currentRow() {
+  if (position < std::ssize(rows())) return rows()[static_cast<std::size_t>(position)];
   throw StoreError(StoreFault::NoCurrentRow, u"没有当前记录。"_qs);
 }
 
 RowWriter& Recordset::State::writer() {
   if (rowWriter) return *rowWriter;
-  if (!lazy.set().table.isEmpty()) return rowWriter.emplace(lazy.connection(), lazy.set());
+  if (!opened.set().table.isEmpty()) return rowWriter.emplace(opened.database(), opened.set());
   throw StoreError(StoreFault::NotUpdatable, u"这些记录不是来自一个表，不能修改。"_qs);
 }
 
-Recordset::Recordset(Connection& connection, const QString& tableOrSelect)
-    : state_(std::make_unique<State>(connection, tableOrSelect)) {}
+Recordset::Recordset(Connection& database, const Query& tableOrSelect)
+    : state_(std::make_unique<State>(database, tableOrSelect)) {}
 
 Recordset::Recordset(Recordset&&) noexcept = default;
 Recordset& Recordset::operator=(Recordset&&) noexcept = default;
 Recordset::~Recordset() = default;
 
 qsizetype Recordset::count() {
-  return state_->rows().rowCount();
+  return std::ssize(state_->rows());
 }
 
 bool Recordset::isEmpty() {
@@ -111,17 +122,16 @@ bool Recordset::atEnd() {
 }
 
 qint64 Recordset::rowId() {
-  const qsizetype row = state_->currentRow();
-  return state_->rows().rowId(row);
+  return state_->currentRow().rowId;
 }
 
-bool Recordset::findFirst(const QString& condition) {
-  const FindCondition wanted(condition, state_->lazy.set().columns);
-  const RowArena& rows = state_->rows();
-  qsizetype row = 0;
-  while (row < rows.rowCount() && !wanted.isMetBy(rows, row)) ++row;
-  state_->noMatch = row == rows.rowCount();
-  if (!state_->noMatch) moveTo(row);
+bool Recordset::findFirst(const Query& condition) {
+  const FindCondition wanted(condition, columns());
+  const Rows& rows = state_->rows();
+  const auto found = std::find_if(rows.begin(), rows.end(),
+                                  [&](const StoredRow& row) { return wanted.isMetBy(row); });
+  state_->noMatch = found == rows.end();
+  if (!state_->noMatch) moveTo(found - rows.begin());
   return !state_->noMatch;
 }
 
@@ -130,12 +140,11 @@ bool Recordset::noMatch() const {
 }
 
 const QList<Column>& Recordset::columns() const {
-  return state_->lazy.set().columns;
+  return state_->opened.set().columns;
 }
 
 Cell Recordset::cell(qsizetype column) {
-  const qsizetype row = state_->currentRow();
-  return state_->rows().cell(row, column);
+  return state_->currentRow().cells[column].view();
 }
 
 void Recordset::addNew() {
@@ -183,30 +192,24 @@ void Recordset::update() {
 // other set the rows are read first, so that the new one is not read twice.
 void Recordset::storeNew() {
   const ColumnChanges& changes = state_->edit->changes;
-  if (state_->lazy.set().isWholeTable && !state_->lazy.isRead()) {
+  if (state_->opened.set().isWholeTable && !state_->readRows) {
     state_->addedUnread = state_->writer().insertUnread(changes);
     return;
   }
-  RowArena& rows = state_->rows();
-  const StoredRow stored = state_->writer().insert(changes);
-  begin(rows, stored);
-  rows.append();
-  state_->position = rows.rowCount() - 1;
+  Rows& rows = state_->rows();
+  rows.push_back(state_->writer().insert(changes));
+  state_->position = std::ssize(rows) - 1;
 }
 
 void Recordset::storeEdited() {
-  const qsizetype row = state_->currentRow();
-  RowArena& rows = state_->rows();
-  const StoredRow stored = state_->writer().update(rows, row, state_->edit->changes);
-  begin(rows, stored);
-  rows.replace(row);
+  StoredRow& row = state_->currentRow();
+  row = state_->writer().update(row, state_->edit->changes);
 }
 
 void Recordset::remove() {
   RowWriter& writer = state_->writer();
-  const qsizetype row = state_->currentRow();
-  writer.remove(state_->rows(), row);
-  state_->rows().remove(row);
+  writer.remove(state_->currentRow());
+  state_->rows().erase(state_->rows().begin() + state_->position);
   state_->edit.reset();
 }
 

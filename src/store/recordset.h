@@ -15,7 +15,7 @@ class Connection;
 // Every operation may throw StoreError. A set must not outlive its store.
 class Recordset final : public RowReader {
  public:
-  Recordset(Connection& connection, const QString& tableOrSelect);  // see ScheduleStore::open
+  Recordset(Connection& database, const Query& tableOrSelect);  // see ScheduleStore::open
   Recordset(Recordset&&) noexcept;
   Recordset& operator=(Recordset&&) noexcept;
   ~Recordset() override;
@@ -37,7 +37,7 @@ class Recordset final : public RowReader {
   // Makes the first row that meets a condition such as "HDBH='001'" current: columns that equal
   // literals, joined by AND. Without a match, noMatch() reports true and the current row stays as
   // it was.
-  bool findFirst(const QString& condition);
+  bool findFirst(const Query& condition);
   bool noMatch() const;
 
   // addNew or edit, then set by name or by position, then update. The set must come from one table:

@@ -1,7 +1,5 @@
 #include "store/row_reader.h"
 
-#include "store/cell.h"
-#include "store/column.h"
 #include "store/connection.h"
 #include "store/store_error.h"
 
@@ -12,9 +10,9 @@ bool isSelect(QStringView text) {
   return text.size() > 6 && isSameName(text.first(6), u"SELECT") && !text[6].isLetterOrNumber();
 }
 
-QString selectOf(const QString& tableOrSelect) {
-  if (isSelect(tableOrSelect)) return tableOrSelect;
-  return u"SELECT * FROM ["_qs + QStringView(tableOrSelect).trimmed() + u']';
+Query selectOf(const Query& tableOrSelect) {
+  if (isSelect(tableOrSelect.text())) return tableOrSelect;
+  return QString(u"SELECT * FROM [" + QStringView(tableOrSelect.text()).trimmed() + u']');
 }
 
 }  // namespace
@@ -88,14 +86,16 @@ bool RowReader::canHold(int position, const QString& text) const {
   return vellora::canHold(columnAt(columns(), position), text);
 }
 
-OpenedSet::OpenedSet(Connection& connection, const QString& tableOrSelect)
-    : connection_(connection),
+OpenedSet::OpenedSet(Connection& database, const Query& tableOrSelect)
+    : connection_(database),
       select_(selectOf(tableOrSelect)),
-      set_(&connection.statements().setOf(select_, literals_)) {}
+      set_(database.statements().translated(select_.text())) {
+  set_->requireValues(select_);
+}
 
 PreparedStatement& OpenedSet::start() {
-  if (set_->statement.isRunning()) set_ = &connection_.statements().setOf(select_, literals_);
-  literals_.bindTo(set_->statement);
+  if (set_->statement.isRunning()) set_ = connection_.statements().translated(select_.text());
+  set_->bind(select_);
   return set_->statement;
 }
 
@@ -103,8 +103,12 @@ Cell OpenedSet::cell(qsizetype column) const {
   return set_->statement.cell(set_->firstColumn() + static_cast<int>(column));
 }
 
-qint64 OpenedSet::rowId() const {
-  return set_->table.isEmpty() ? 0 : set_->statement.cell(0).integer;
+StoredRow OpenedSet::row() const {
+  StoredRow row;
+  if (!set_->table.isEmpty()) row.rowId = set_->statement.cell(0).integer;
+  row.cells.reserve(set_->columns.size());
+  for (qsizetype i = 0; i < set_->columns.size(); ++i) row.cells.append(owned(cell(i)));
+  return row;
 }
 
 void OpenedSet::requireSameColumns() const {
@@ -115,7 +119,7 @@ void OpenedSet::requireSameColumns() const {
 struct RowCursor::State {
   enum class Place { BeforeFirst, OnRow, Over };
 
-  State(Connection& connection, const QString& tableOrSelect) : opened(connection, tableOrSelect) {}
+  State(Connection& database, const Query& tableOrSelect) : opened(database, tableOrSelect) {}
   ~State() { end(); }
   State(const State&) = delete;
   State& operator=(const State&) = delete;
@@ -131,8 +135,8 @@ struct RowCursor::State {
   Place place = Place::BeforeFirst;
 };
 
-RowCursor::RowCursor(Connection& connection, const QString& tableOrSelect)
-    : state_(std::make_unique<State>(connection, tableOrSelect)) {}
+RowCursor::RowCursor(Connection& database, const Query& tableOrSelect)
+    : state_(std::make_unique<State>(database, tableOrSelect)) {}
 
 RowCursor::RowCursor(RowCursor&&) noexcept = default;
 RowCursor& RowCursor::operator=(RowCursor&&) noexcept = default;

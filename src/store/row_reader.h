@@ -1,6 +1,7 @@
 #pragma once
 
-#include "store/column_kind.h"
+#include "store/column.h"
+#include "store/query.h"
 #include "store/statement_cache.h"
 
 #include <QDate>
@@ -13,8 +14,7 @@
 
 namespace vellora {
 
-struct Cell;
-struct Column;
+class Connection;
 
 // Reads the current row of an opened set, a column by its name, without regard to case, or by its
 // position. An empty column gives an invalid QVariant, an empty text, an invalid date or time, 0.
@@ -53,36 +53,31 @@ class RowReader {
   Cell cellAt(int position);
 };
 
-class Connection;
-
-// A SELECT statement with the values of its literals, ready to run.
+// A SELECT statement with its values, ready to run.
 class OpenedSet {
  public:
   // A table by its name or a SELECT statement. Throws StoreError when it cannot be prepared.
-  OpenedSet(Connection& connection, const QString& tableOrSelect);
+  OpenedSet(Connection& database, const Query& tableOrSelect);
 
-  Connection& connection() const { return connection_; }
+  Connection& database() const { return connection_; }
   const PreparedSet& set() const { return *set_; }
 
-  // Binds the values. The statement is shared with every other set of its shape: it must be reset
+  // Binds the values. The statement is shared with every other set of its text: it must be reset
   // when the run is over, and before the bound values go. While a cursor runs on it, another one is
   // prepared.
   PreparedStatement& start();
 
-  // A cell of the row that the statement stands on.
+  // The row that the statement stands on, or one cell of it.
+  StoredRow row() const;
   Cell cell(qsizetype column) const;
-  qint64 rowId() const;  // 0 when rows of the set cannot be changed
   // Throws StoreError when another program has given the table more or fewer columns.
   void requireSameColumns() const;
 
  private:
   Connection& connection_;
-  QString select_;
-  Literals literals_;
-  PreparedSet* set_;
+  Query select_;
+  std::shared_ptr<PreparedSet> set_;
 };
-
-class Connection;
 
 // Reads rows once, from the first to the last, straight from the file: the quickest way to look
 // something up, and a way through a million rows in a memory that does not grow. From the first
@@ -92,7 +87,7 @@ class Connection;
 // Every operation may throw StoreError.
 class RowCursor final : public RowReader {
  public:
-  RowCursor(Connection& connection, const QString& tableOrSelect);  // see ScheduleStore::readOnce
+  RowCursor(Connection& database, const Query& tableOrSelect);  // see ScheduleStore::readOnce
   RowCursor(RowCursor&&) noexcept;
   RowCursor& operator=(RowCursor&&) noexcept;
   ~RowCursor() override;

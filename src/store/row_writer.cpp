@@ -2,7 +2,6 @@
 
 #include "store/connection.h"
 #include "store/dialect.h"
-#include "store/row_arena.h"
 #include "store/store_error.h"
 
 #include <QStringList>
@@ -14,11 +13,6 @@ namespace {
 
 constexpr QStringView kReturningRow = u" RETURNING _rowid_, *";
 
-OwnedCell owned(const Cell& cell) {
-  return {cell.kind, cell.integer, cell.real,
-          QByteArray(cell.bytes.data(), static_cast<qsizetype>(cell.bytes.size()))};
-}
-
 // Binds the values from the first place on; returns the place behind them.
 int bindValues(PreparedStatement& statement, const ColumnChanges& changes) {
   int index = 1;
@@ -26,29 +20,27 @@ int bindValues(PreparedStatement& statement, const ColumnChanges& changes) {
   return index;
 }
 
-StoredRow returnedRow(const PreparedStatement& statement) {
+// A row of as many columns as the set has, even where another program has just changed the table.
+StoredRow returnedRow(const PreparedStatement& statement, int columnCount) {
   StoredRow stored{statement.cell(0).integer, {}};
-  stored.cells.reserve(statement.columnCount() - 1);
-  for (int i = 1; i < statement.columnCount(); ++i) stored.cells.append(owned(statement.cell(i)));
-  return stored;
-}
-
-// Runs a statement that touches one row or none. The row counts once the run has ended well.
-std::optional<StoredRow> run(Connection& connection, PreparedStatement& statement) {
-  std::optional<StoredRow> stored;
-  connection.save([&] {
-    while (statement.step()) stored = returnedRow(statement);
-  });
+  stored.cells.reserve(columnCount);
+  for (int i = 1; i <= columnCount; ++i) stored.cells.append(owned(statement.cell(i)));
   return stored;
 }
 
 // Without those that the row holds already: what is not written need not be sorted into an index.
-ColumnChanges differences(const ColumnChanges& changes, const RowArena& rows, qsizetype row) {
+ColumnChanges differences(const ColumnChanges& changes, const StoredRow& row) {
   ColumnChanges different;
   for (const ColumnChange& change : changes) {
-    if (change.value.view() != rows.cell(row, change.column)) different.append(change);
+    if (change.value.view() != row.cells[change.column].view()) different.append(change);
   }
   return different;
+}
+
+// The values that whereUnchanged() compares.
+void bindIdentity(PreparedStatement& statement, int index, const StoredRow& row) {
+  statement.bind(index++, Cell{Cell::Kind::Integer, row.rowId, 0, {}});
+  for (const OwnedCell& cell : row.cells) statement.bind(index++, cell.view());
 }
 
 StoreError rowChanged() {
@@ -61,34 +53,44 @@ StoredRow RowWriter::insert(const ColumnChanges& changes) {
   PreparedStatement& statement = prepared(readInsertion_, changes, &RowWriter::readInsertion);
   const StatementRun statementRun(statement);
   bindValues(statement, changes);
-  return run(connection_, statement).value();
+  return run(statement).value();
 }
 
 qint64 RowWriter::insertUnread(const ColumnChanges& changes) {
   PreparedStatement& statement = prepared(insertion_, changes, &RowWriter::insertion);
   const StatementRun statementRun(statement);
   bindValues(statement, changes);
-  run(connection_, statement);
+  run(statement);
   return connection_.lastInsertedRow();
 }
 
-StoredRow RowWriter::update(const RowArena& rows, qsizetype row, const ColumnChanges& changes) {
-  const ColumnChanges different = differences(changes, rows, row);
+StoredRow RowWriter::update(const StoredRow& row, const ColumnChanges& changes) {
+  const ColumnChanges different = differences(changes, row);
   PreparedStatement& statement = prepared(change_, different, &RowWriter::change);
   const StatementRun statementRun(statement);
-  bindIdentity(statement, bindValues(statement, different), rows, row);
-  const std::optional<StoredRow> stored = run(connection_, statement);
+  bindIdentity(statement, bindValues(statement, different), row);
+  const std::optional<StoredRow> stored = run(statement);
   if (!stored) throw rowChanged();
   return *stored;
 }
 
-void RowWriter::remove(const RowArena& rows, qsizetype row) {
+void RowWriter::remove(const StoredRow& row) {
   PreparedStatement& statement = prepared(removal_, {}, &RowWriter::removal);
   const StatementRun statementRun(statement);
-  bindIdentity(statement, 1, rows, row);
+  bindIdentity(statement, 1, row);
   const qint64 before = connection_.changeCount();
-  run(connection_, statement);
+  run(statement);
   if (connection_.changeCount() == before) throw rowChanged();
+}
+
+// Runs a statement that touches one row or none. The row counts once the run has ended well.
+std::optional<StoredRow> RowWriter::run(PreparedStatement& statement) {
+  std::optional<StoredRow> stored;
+  const int columnCount = static_cast<int>(set_.columns.size());
+  connection_.save([&] {
+    while (statement.step()) stored = returnedRow(statement, columnCount);
+  });
+  return stored;
 }
 
 PreparedStatement& RowWriter::prepared(Prepared& last, const ColumnChanges& changes,
@@ -96,11 +98,11 @@ PreparedStatement& RowWriter::prepared(Prepared& last, const ColumnChanges& chan
   const bool isSame = std::equal(
       changes.begin(), changes.end(), last.columns.begin(), last.columns.end(),
       [](const ColumnChange& change, qsizetype column) { return change.column == column; });
-  if (last.statement != nullptr && isSame) return *last.statement;
-  last.statement = &connection_.statements().native((this->*sqlOf)(changes).toUtf8());
+  if (last.set && isSame) return last.set->statement;
+  last.set = connection_.statements().native((this->*sqlOf)(changes));
   last.columns.clear();
   for (const ColumnChange& change : changes) last.columns.append(change.column);
-  return *last.statement;
+  return last.set->statement;
 }
 
 QString RowWriter::columnName(qsizetype column) const {
@@ -143,14 +145,6 @@ QString RowWriter::whereUnchanged() const {
     condition += u" AND " + columnName(i) + u" IS ?";
   }
   return condition;
-}
-
-void RowWriter::bindIdentity(PreparedStatement& statement, int index, const RowArena& rows,
-                             qsizetype row) const {
-  statement.bind(index++, Cell{Cell::Kind::Integer, rows.rowId(row), 0, {}});
-  for (qsizetype column = 0; column < set_.columns.size(); ++column) {
-    statement.bind(index++, rows.cell(row, column));
-  }
 }
 
 }  // namespace vellora

@@ -20,11 +20,12 @@ ScheduleStore::ScheduleStore(const QString& path, std::chrono::milliseconds pati
 
 ScheduleStore::~ScheduleStore() = default;
 
-qint64 ScheduleStore::execute(const QString& statement) {
-  Literals literals;
-  PreparedStatement& prepared = connection_->statements().setOf(statement, literals).statement;
+qint64 ScheduleStore::execute(const Query& statement) {
+  const auto set = connection_->statements().translated(statement.text());
+  set->requireValues(statement);
+  PreparedStatement& prepared = set->statement;
   const StatementRun run(prepared);
-  literals.bindTo(prepared);
+  set->bind(statement);
   qint64 changed = 0;
   connection_->save([&] {
     while (prepared.step()) {
@@ -34,11 +35,11 @@ qint64 ScheduleStore::execute(const QString& statement) {
   return changed;
 }
 
-Recordset ScheduleStore::open(const QString& tableOrSelect) {
+Recordset ScheduleStore::open(const Query& tableOrSelect) {
   return {*connection_, tableOrSelect};
 }
 
-RowCursor ScheduleStore::readOnce(const QString& tableOrSelect) {
+RowCursor ScheduleStore::readOnce(const Query& tableOrSelect) {
   return {*connection_, tableOrSelect};
 }
 

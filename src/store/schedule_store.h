@@ -33,13 +33,13 @@ class ScheduleStore {
   ScheduleStore& operator=(const ScheduleStore&) = delete;
 
   // Runs a statement that changes rows; returns how many it changed.
-  qint64 execute(const QString& statement);
+  qint64 execute(const Query& statement);
 
   // Opens the rows of a table, by its name, or of a SELECT statement.
-  Recordset open(const QString& tableOrSelect);
+  Recordset open(const Query& tableOrSelect);
 
   // Reads the same rows once: look-ups behind a board, backups of a large schedule.
-  RowCursor readOnce(const QString& tableOrSelect);
+  RowCursor readOnce(const Query& tableOrSelect);
 
   // What is saved from the first call on can be undone; see undo_log.h.
   UndoLog& undoLog();

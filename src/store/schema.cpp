@@ -43,41 +43,41 @@ QByteArray creation(const SchemaTable& table) {
 
 // Past Connection, which takes no file without a schedule in it.
 void fill(const QString& path) {
-  SQLite::Database database(path.toStdString(), SQLite::OPEN_READWRITE);
-  SQLite::Transaction transaction(database);
-  for (const SchemaTable& table : schemaTables()) database.exec(creation(table).constData());
-  for (const Index& index : kIndices) database.exec(creation(index).constData());
-  transaction.commit();
+  SQLite::Database file(path.toStdString(), SQLite::OPEN_READWRITE);
+  SQLite::Transaction filling(file);
+  for (const SchemaTable& table : schemaTables()) file.exec(creation(table).constData());
+  for (const Index& index : kIndices) file.exec(creation(index).constData());
+  filling.commit();
 }
 
 // True when the column is there.
-bool exists(const Connection& connection, const char* table, const char* column) {
-  const int code = sqlite3_table_column_metadata(connection.handle(), "main", table, column,
-                                                 nullptr, nullptr, nullptr, nullptr, nullptr);
-  if (code != SQLITE_OK && code != SQLITE_ERROR) throw engineError(connection.handle());
+bool exists(const Connection& database, const char* table, const char* column) {
+  const int code = sqlite3_table_column_metadata(database.handle(), "main", table, column, nullptr,
+                                                 nullptr, nullptr, nullptr, nullptr);
+  if (code != SQLITE_OK && code != SQLITE_ERROR) throw engineError(database.handle());
   return code == SQLITE_OK;
 }
 
 // A view or a virtual table has no page of its own; reading or saving would run what it says.
-void requireTable(Connection& connection, const SchemaTable& table) {
+void requireTable(Connection& database, const SchemaTable& table) {
   const QByteArray named =
       QByteArray("SELECT count(*) FROM sqlite_schema WHERE type IN ('table', 'view') AND name='") +
       table.name + "' COLLATE NOCASE";
-  if (connection.numberFrom(named) == 0) {
+  if (database.numberFrom(named) == 0) {
     throw StoreError(StoreFault::TableMissing,
                      u"日程文件中没有表“%1”（%2）。"_qs.arg(QStringView(table.shown),
                                                             QLatin1String(table.name)));
   }
-  if (connection.numberFrom(QByteArray(named + " AND rootpage>0")) == 0) {
+  if (database.numberFrom(QByteArray(named + " AND rootpage>0")) == 0) {
     throw StoreError(StoreFault::TableMissing,
                      u"日程文件中的“%1”（%2）不是普通的表，不能使用。"_qs.arg(
                          QStringView(table.shown), QLatin1String(table.name)));
   }
 }
 
-void requireColumns(const Connection& connection, const SchemaTable& table) {
+void requireColumns(const Connection& database, const SchemaTable& table) {
   for (const SchemaColumn& column : table.columns) {
-    if (exists(connection, table.name, column.name)) continue;
+    if (exists(database, table.name, column.name)) continue;
     throw StoreError(StoreFault::ColumnMissing,
                      u"日程文件的表“%1”（%2）中没有列“%3”（%4）。"_qs.arg(
                          QStringView(table.shown), QLatin1String(table.name),
@@ -85,16 +85,16 @@ void requireColumns(const Connection& connection, const SchemaTable& table) {
   }
 }
 
-bool isThere(Connection& connection, const Index& index) {
+bool isThere(Connection& database, const Index& index) {
   const QByteArray sql =
       QByteArray("SELECT count(*) FROM sqlite_schema WHERE type='index' AND name='") + index.name +
       "'";
-  return connection.numberFrom(sql) == 1;
+  return database.numberFrom(sql) == 1;
 }
 
-bool hasAllIndices(Connection& connection) {
+bool hasAllIndices(Connection& database) {
   return std::all_of(kIndices.begin(), kIndices.end(),
-                     [&](const Index& index) { return isThere(connection, index); });
+                     [&](const Index& index) { return isThere(database, index); });
 }
 
 bool isOnlyALostSpeedUp(StoreFault fault) {
@@ -122,29 +122,29 @@ void createSchedule(const QString& path) {
   }
 }
 
-void requireSchema(Connection& connection) {
+void requireSchema(Connection& database) {
   for (const SchemaTable& table : schemaTables()) {
-    requireTable(connection, table);
-    requireColumns(connection, table);
+    requireTable(database, table);
+    requireColumns(database, table);
   }
 }
 
-void requireWholeFile(Connection& connection, const QString& path) {
+void requireWholeFile(Connection& database, const QString& path) {
   const qint64 size =
-      connection.numberFrom("PRAGMA page_count") * connection.numberFrom("PRAGMA page_size");
+      database.numberFrom("PRAGMA page_count") * database.numberFrom("PRAGMA page_size");
   if (QFileInfo(path).size() < size) throw engineError(SQLITE_CORRUPT, {});
 }
 
-bool isSound(Connection& connection) {
-  return connection.numberFrom("SELECT quick_check='ok' FROM pragma_quick_check(1)") == 1;
+bool isSound(Connection& database) {
+  return database.numberFrom("SELECT quick_check='ok' FROM pragma_quick_check(1)") == 1;
 }
 
-void addMissingIndices(Connection& connection) {
-  if (connection.isReadOnly() || hasAllIndices(connection)) return;
+void addMissingIndices(Connection& database) {
+  if (database.isReadOnly() || hasAllIndices(database)) return;
   try {
     // What is written into a damaged file can land on pages that still hold rows.
-    if (!isSound(connection)) return;
-    for (const Index& index : kIndices) connection.run(creation(index));
+    if (!isSound(database)) return;
+    for (const Index& index : kIndices) database.run(creation(index));
   } catch (const StoreError& failure) {
     if (!isOnlyALostSpeedUp(failure.fault())) throw;
   }

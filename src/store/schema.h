@@ -12,17 +12,17 @@ void createSchedule(const QString& path);
 
 // Throws StoreFault::TableMissing or ColumnMissing, naming the first of the planner's tables and
 // columns that is not there; a view or a virtual table is none. A schedule may have more.
-void requireSchema(Connection& connection);
+void requireSchema(Connection& database);
 
 // Throws StoreFault::Damaged when the end of the file is cut off. The engine itself does not notice
 // when only a part of the last page is missing.
-void requireWholeFile(Connection& connection, const QString& path);
+void requireWholeFile(Connection& database, const QString& path);
 
 // Whether the engine finds no damage in the whole file.
-bool isSound(Connection& connection);
+bool isSound(Connection& database);
 
 // Adds the planner's indices that are missing. They only speed look-ups up: where they cannot be
 // written, or where the file is damaged, the schedule is used without them.
-void addMissingIndices(Connection& connection);
+void addMissingIndices(Connection& database);
 
 }  // namespace vellora

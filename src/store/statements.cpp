@@ -1,150 +1,143 @@
 #include "store/statements.h"
 
-#include "store/statement_pieces.h"
-
 namespace vellora::statements {
 
-using namespace std::string_view_literals;
-
-QString allItems() {
+Query allItems() {
   return u"select * from hd"_qs;
 }
 
-QString itemsOfCategory(const QString& category) {
-  return joinedPieces(u"select * from hd WHERE hdlb = "sv, TextLiteral{category},
-                      u" order by hdbh"sv);
+Query itemsOfCategory(const QString& category) {
+  return {u"select * from hd WHERE hdlb = ? order by hdbh"_qs, {category}};
 }
 
-QString openItems() {
+Query openItems() {
   return u"select * from hd where sfwc=0 order by hdbh"_qs;
 }
 
-QString itemNamed(const QString& name) {
-  return joinedPieces(u"SELECT * FROM HD  WHERE HDMC="sv, TextLiteral{name});
+Query itemNamed(const QString& name) {
+  return {u"SELECT * FROM HD  WHERE HDMC=?"_qs, {name}};
 }
 
-QString itemNumberIs(const QString& number) {
-  return joinedPieces(u"HDBH="sv, TextLiteral{number});
+Query itemNumberIs(const QString& number) {
+  return {u"HDBH=?"_qs, {number}};
 }
 
-QString itemNameIs(const QString& name) {
-  return joinedPieces(u"HDMC="sv, TextLiteral{name});
+Query itemNameIs(const QString& name) {
+  return {u"HDMC=?"_qs, {name}};
 }
 
-QString blocksByStart() {
+Query blocksByStart() {
   return u"select * from SJ order by sj0"_qs;
 }
 
-QString blocksByCode() {
+Query blocksByCode() {
   return u"select * from SJ order by sjkh"_qs;
 }
 
-QString blockWithCode(const QString& code) {
-  return joinedPieces(u"SELECT * FROM SJ WHERE SJKH="sv, TextLiteral{code});
+Query blockWithCode(const QString& code) {
+  return {u"SELECT * FROM SJ WHERE SJKH=?"_qs, {code}};
 }
 
-QString blockCodeIs(const QString& code) {
-  return joinedPieces(u"SJKH="sv, TextLiteral{code});
+Query blockCodeIs(const QString& code) {
+  return {u"SJKH=?"_qs, {code}};
 }
 
-QString allBlocks() {
+Query allBlocks() {
   return u"select * from SJ"_qs;
 }
 
-QString deleteBlocks() {
+Query deleteBlocks() {
   return deleteAllFrom(u"SJ"_qs);
 }
 
-QString plansOn(QDate date) {
-  return joinedPieces(u"SELECT * FROM JH WHERE RQ="sv, date);
+Query plansOn(QDate date) {
+  return {u"SELECT * FROM JH WHERE RQ=?"_qs, {date}};
 }
 
-QString plansBetween(QDate first, QDate last) {
-  return joinedPieces(u"SELECT * FROM JH WHERE RQ>="sv, first, u" AND RQ<="sv, last);
+Query plansBetween(QDate first, QDate last) {
+  return {u"SELECT * FROM JH WHERE RQ>=? AND RQ<=?"_qs, {first, last}};
 }
 
-QString planOfBlock(QDate date, const QString& code) {
-  return joinedPieces(u"SELECT * FROM JH  WHERE JH.SJKH="sv, TextLiteral{code}, u" AND JH.RQ="sv,
-                      date);
+Query planOfBlock(QDate date, const QString& code) {
+  return {u"SELECT * FROM JH  WHERE JH.SJKH=? AND JH.RQ=?"_qs, {code, date}};
 }
 
-QString plansOfActivity(const QString& name) {
-  return joinedPieces(u"SELECT * FROM JH WHERE HDMC="sv, TextLiteral{name}, u" ORDER BY RQ,SJKH"sv);
+Query plansOfActivity(const QString& name) {
+  return {u"SELECT * FROM JH WHERE HDMC=? ORDER BY RQ,SJKH"_qs, {name}};
 }
 
-QString planOfActivityInBlock(const QString& name, QDate date, const QString& code) {
-  return joinedPieces(u"SELECT * FROM JH WHERE HDMC="sv, TextLiteral{name}, u" AND RQ="sv, date,
-                      u" AND SJKH="sv, TextLiteral{code});
+Query planOfActivityInBlock(const QString& name, QDate date, const QString& code) {
+  return {u"SELECT * FROM JH WHERE HDMC=? AND RQ=? AND SJKH=?"_qs, {name, date, code}};
 }
 
-QString allPlans() {
+Query allPlans() {
   return u"SELECT * FROM JH"_qs;
 }
 
-QString deletePlansOfActivity(const QString& name) {
-  return joinedPieces(u"DELETE * FROM JH WHERE HDMC="sv, TextLiteral{name});
+Query deletePlansOfActivity(const QString& name) {
+  return {u"DELETE * FROM JH WHERE HDMC=?"_qs, {name}};
 }
 
-QString deletePlanOfBlock(QDate date, const QString& code) {
-  return joinedPieces(u"DELETE * FROM JH WHERE SJKH="sv, TextLiteral{code}, u" AND RQ="sv, date);
+Query deletePlanOfBlock(QDate date, const QString& code) {
+  return {u"DELETE * FROM JH WHERE SJKH=? AND RQ=?"_qs, {code, date}};
 }
 
-QString deletePlans() {
+Query deletePlans() {
   return deleteAllFrom(u"JH"_qs);
 }
 
-QString memoOn(QDate date) {
-  return joinedPieces(u"SELECT * FROM BW WHERE RQ="sv, date);
+Query memoOn(QDate date) {
+  return {u"SELECT * FROM BW WHERE RQ=?"_qs, {date}};
 }
 
-QString deleteMemos() {
+Query deleteMemos() {
   return deleteAllFrom(u"BW"_qs);
 }
 
-QString weekNamesAt(QDate date) {
-  return joinedPieces(u"SELECT * FROM MM WHERE "sv, date, u">=KSRQ AND "sv, date, u"<=JSRQ"sv);
+Query weekNamesAt(QDate date) {
+  return {u"SELECT * FROM MM WHERE ?>=KSRQ AND ?<=JSRQ"_qs, {date, date}};
 }
 
-QString weekNamesByStart() {
+Query weekNamesByStart() {
   return u"select * from mm order by ksrq"_qs;
 }
 
-QString allWeekNames() {
+Query allWeekNames() {
   return u"select * from MM"_qs;
 }
 
-QString deleteWeekNames() {
+Query deleteWeekNames() {
   return deleteAllFrom(u"MM"_qs);
 }
 
-QString skinSetting() {
+Query skinSetting() {
   return u"JM"_qs;
 }
 
-QString deleteSkinSetting() {
+Query deleteSkinSetting() {
   return deleteAllFrom(u"JM"_qs);
 }
 
-QString minutesByCategory(QDate start, QDate end) {
-  return joinedPieces(
+Query minutesByCategory(QDate start, QDate end) {
+  return {
       u"SELECT HD.HDLB,Sum(Hour([SJ1])*60+Minute([SJ1])-Hour([SJ0])*60-Minute([SJ0])) AS SJ"
       u" FROM HD INNER JOIN (SJ INNER JOIN JH ON SJ.SJKH = JH.SJKH) ON HD.HDMC = JH.HDMC"
-      u" WHERE JH.RQ>="sv,
-      start, u" AND JH.RQ <="sv, end, u" GROUP BY HD.HDLB"sv);
+      u" WHERE JH.RQ>=? AND JH.RQ <=? GROUP BY HD.HDLB"_qs,
+      {start, end}};
 }
 
-QString minutesByActivity(QDate start, QDate end) {
-  return joinedPieces(
+Query minutesByActivity(QDate start, QDate end) {
+  return {
       u"SELECT HD.HDLB,JH.HDMC,"
       u" Sum(Hour([SJ1])*60+Minute([SJ1])-Hour([SJ0])*60-Minute([SJ0])) AS SJ,"
       u" Count(JH.HDMC) AS CS"
       u" FROM HD INNER JOIN (SJ INNER JOIN JH ON SJ.SJKH = JH.SJKH) ON HD.HDMC = JH.HDMC"
-      u" WHERE JH.RQ>="sv,
-      start, u" AND JH.RQ <="sv, end, u" GROUP BY HD.HDLB,JH.HDMC"sv);
+      u" WHERE JH.RQ>=? AND JH.RQ <=? GROUP BY HD.HDLB,JH.HDMC"_qs,
+      {start, end}};
 }
 
-QString deleteAllFrom(const QString& table) {
-  return u"DELETE * FROM [" + table + u']';
+Query deleteAllFrom(const QString& table) {
+  return QString(u"DELETE * FROM [" + table + u']');
 }
 
 }  // namespace vellora::statements

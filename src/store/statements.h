@@ -1,58 +1,56 @@
 #pragma once
 
-#include <QDate>
-#include <QString>
+#include "store/query.h"
 
-// Every statement the windows issue, in the planner's dialect. Values enter only through the
-// literal helpers of dialect.h, so that no name or code can change a statement.
+// Every statement and condition that the windows issue.
 namespace vellora::statements {
 
 // HD, the activity items.
-QString allItems();
-QString itemsOfCategory(const QString& category);
-QString openItems();
-QString itemNamed(const QString& name);
-QString itemNumberIs(const QString& number);  // condition for findFirst
-QString itemNameIs(const QString& name);      // condition for findFirst
+Query allItems();
+Query itemsOfCategory(const QString& category);
+Query openItems();
+Query itemNamed(const QString& name);
+Query itemNumberIs(const QString& number);  // condition for findFirst
+Query itemNameIs(const QString& name);      // condition for findFirst
 
 // SJ, the time blocks.
-QString blocksByStart();
-QString blocksByCode();
-QString blockWithCode(const QString& code);
-QString blockCodeIs(const QString& code);  // condition for findFirst
-QString allBlocks();
-QString deleteBlocks();
+Query blocksByStart();
+Query blocksByCode();
+Query blockWithCode(const QString& code);
+Query blockCodeIs(const QString& code);  // condition for findFirst
+Query allBlocks();
+Query deleteBlocks();
 
 // JH, the plan entries.
-QString plansOn(QDate date);
-QString plansBetween(QDate first, QDate last);
-QString planOfBlock(QDate date, const QString& code);
-QString plansOfActivity(const QString& name);
-QString planOfActivityInBlock(const QString& name, QDate date, const QString& code);
-QString allPlans();
-QString deletePlansOfActivity(const QString& name);
-QString deletePlanOfBlock(QDate date, const QString& code);
-QString deletePlans();
+Query plansOn(QDate date);
+Query plansBetween(QDate first, QDate last);
+Query planOfBlock(QDate date, const QString& code);
+Query plansOfActivity(const QString& name);
+Query planOfActivityInBlock(const QString& name, QDate date, const QString& code);
+Query allPlans();
+Query deletePlansOfActivity(const QString& name);
+Query deletePlanOfBlock(QDate date, const QString& code);
+Query deletePlans();
 
 // BW, the memos.
-QString memoOn(QDate date);
-QString deleteMemos();
+Query memoOn(QDate date);
+Query deleteMemos();
 
 // MM, the week names.
-QString weekNamesAt(QDate date);
-QString weekNamesByStart();
-QString allWeekNames();
-QString deleteWeekNames();
+Query weekNamesAt(QDate date);
+Query weekNamesByStart();
+Query allWeekNames();
+Query deleteWeekNames();
 
 // JM, the skin setting.
-QString skinSetting();
-QString deleteSkinSetting();
+Query skinSetting();
+Query deleteSkinSetting();
 
 // Planned minutes (SJ), and number of entries (CS) per activity, from start to end inclusive.
-QString minutesByCategory(QDate start, QDate end);
-QString minutesByActivity(QDate start, QDate end);
+Query minutesByCategory(QDate start, QDate end);
+Query minutesByActivity(QDate start, QDate end);
 
 // Any table by name: backup and restore.
-QString deleteAllFrom(const QString& table);
+Query deleteAllFrom(const QString& table);
 
 }  // namespace vellora::statements

@@ -58,12 +58,12 @@ bool isTroubleWithTheFile(int code) {
 
 // The code of the last failure, put right where the engine's own misleads: it calls a file damaged
 // that the disk did not let it read, and knows no quota.
-int trueCode(sqlite3* connection) {
-  const int code = sqlite3_extended_errcode(connection);
-  int systemError = sqlite3_system_errno(connection);
+int trueCode(sqlite3* handle) {
+  const int code = sqlite3_extended_errcode(handle);
+  int systemError = sqlite3_system_errno(handle);
   const bool isFull = systemError == EDQUOT || systemError == ENOSPC;
   if ((code & 0xFF) == SQLITE_IOERR && isFull) return SQLITE_FULL;
-  sqlite3_file_control(connection, "main", SQLITE_FCNTL_LAST_ERRNO, &systemError);
+  sqlite3_file_control(handle, "main", SQLITE_FCNTL_LAST_ERRNO, &systemError);
   const bool isDiskFailing = systemError == EIO || systemError == ENXIO;
   return (code & 0xFF) == SQLITE_CORRUPT && isDiskFailing ? SQLITE_IOERR_READ : code;
 }
@@ -100,13 +100,6 @@ StoreError statementError(const QString& message) {
 
 }  // namespace
 
-StoreError::StoreError(StoreFault fault, const QString& description)
-    : std::runtime_error(description.toStdString()), fault_(fault) {}
-
-QString StoreError::description() const {
-  return QString::fromUtf8(what());
-}
-
 StoreError engineError(int code, const QString& message) {
   if (code == SQLITE_ERROR && message == u"unsupported file format"_qs) {
     return {StoreFault::NotADatabase, u"日程文件由更新版本的程序写成，不能打开。"_qs};
@@ -123,22 +116,22 @@ StoreError engineError(int code, const QString& message) {
   return {StoreFault::Other, u"日程文件出错（%1：%2）。"_qs.arg(code).arg(message)};
 }
 
-bool isMoved(sqlite3* connection) {
+bool isMoved(sqlite3* handle) {
   int moved = 0;
-  sqlite3_file_control(connection, "main", SQLITE_FCNTL_HAS_MOVED, &moved);
+  sqlite3_file_control(handle, "main", SQLITE_FCNTL_HAS_MOVED, &moved);
   return moved != 0;
 }
 
-StoreError movedError(sqlite3* connection) {
+StoreError movedError(sqlite3* handle) {
   return {StoreFault::FileMoved,
           u"日程文件“%1”已被移动、替换或删除。请把它放回原处，或重新启动程序。"_qs.arg(
-              QString::fromUtf8(sqlite3_db_filename(connection, "main")))};
+              QString::fromUtf8(sqlite3_db_filename(handle, "main")))};
 }
 
-StoreError engineError(sqlite3* connection) {
-  const int code = trueCode(connection);
-  if (isTroubleWithTheFile(code) && isMoved(connection)) return movedError(connection);
-  return engineError(code, QString::fromUtf8(sqlite3_errmsg(connection)));
+StoreError engineError(sqlite3* handle) {
+  const int code = trueCode(handle);
+  if (isTroubleWithTheFile(code) && isMoved(handle)) return movedError(handle);
+  return engineError(code, QString::fromUtf8(sqlite3_errmsg(handle)));
 }
 
 }  // namespace vellora

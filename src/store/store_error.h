@@ -1,8 +1,6 @@
 #pragma once
 
-#include <QString>
-
-#include <stdexcept>
+#include "routine/planner_error.h"
 
 struct sqlite3;
 
@@ -32,17 +30,13 @@ enum class StoreFault {
   SavedDespiteError,  // the last step of the save failed, but what it wrote is in the file
 };
 
-// Any failure of the store. The description is one plain Chinese sentence made for the user.
-class StoreError : public std::runtime_error {
+// Any failure of the store.
+class StoreError : public PlannerError {
  public:
-  StoreError(StoreFault fault, const QString& description);
+  StoreError(StoreFault fault, const QString& description)
+      : PlannerError(static_cast<int>(fault), description) {}
 
-  StoreFault fault() const { return fault_; }
-  int number() const { return static_cast<int>(fault_); }
-  QString description() const;
-
- private:
-  StoreFault fault_;
+  StoreFault fault() const { return static_cast<StoreFault>(number()); }
 };
 
 // Begins the message of a function of ours that was given a text which is no date or time.
@@ -52,11 +46,11 @@ inline constexpr const char* kNotATime = "not a time: ";
 // message, from which missing names are taken.
 StoreError engineError(int code, const QString& message);
 
-// The same for the last failure on a connection; StoreFault::FileMoved where that explains it.
-StoreError engineError(sqlite3* connection);
+// The same for the last failure on a handle; StoreFault::FileMoved where that explains it.
+StoreError engineError(sqlite3* handle);
 
 // Whether the path leads no longer to the file that the connection has opened.
-bool isMoved(sqlite3* connection);
-StoreError movedError(sqlite3* connection);
+bool isMoved(sqlite3* handle);
+StoreError movedError(sqlite3* handle);
 
 }  // namespace vellora

@@ -1,112 +1,29 @@
-#include "store/dialect.h"
-
-#include "store/schedule_store.h"
-#include "store/statements.h"
-#include "support/schedule_builder.h"
-#include "support/store_fault.h"
-#include "support/text_output.h"
-
-#include <gtest/gtest.h>
+#include "store_fixture.h"
 
 namespace vellora {
 namespace {
 
-using test::faultOf;
-using test::ScheduleBuilder;
+class Dialect : public StoreTest {};
 
-using test::kMonday;
-
-TEST(Literals, KeepTheirMeaningWhateverTheyHold) {
-  ScheduleBuilder builder;
-  ScheduleStore store(builder.path());
-  const QStringList names{
-      u"'"_qs,
-      u"''"_qs,
-      u"' OR '1'='1"_qs,
-      u"x'; DROP TABLE HD; --"_qs,
-      u"#2007-03-05#"_qs,
-      u"[HDBH]"_qs,
-      u"]"_qs,
-      u"100%_*?"_qs,
-      u"两行\r\n文字"_qs,
-      u"\"引号\""_qs,
-      u"\\"_qs,
-      u"?1 :a @b $c"_qs,
-      u" 前后空格 "_qs,
-      u"😀"_qs,
-      u"-- 注释 /* */"_qs,
-      QString(10'000, u'\''),
-      QString(10'000, u'长'),
-      QString(u'a') + QChar(0) + u'b',
-      u""_qs,
+TEST_F(Dialect, ReadsWhatPeopleWrite) {
+  const struct {
+    QString select;
+    QString first;
+  } cases[] = {
+      {u"SELECT Count(*) FROM JH WHERE RQ=#2007-3-5#"_qs, u"2"_qs},
+      {u"SELECT Count(*) FROM JH WHERE RQ=# 2007年3月5日 #"_qs, u"2"_qs},
+      {u"SELECT Count(*) FROM SJ where sj1=#9:40#"_qs, u"1"_qs},
+      {u"sElEcT HdBh fRoM [hD] wHeRe hd.[HdMc]='读书' AND hdlb>'1'"_qs, u"003"_qs},
+      {u"SELECT Count(*) FROM HD WHERE HDMC='读书 '"_qs, u"0"_qs},
+      {u"SELECT HDBH FROM HD WHERE HDMC='O''Neil #1'"_qs, u"002"_qs},
+      {u"SELECT Hour([SJ0])*100+Minute(SJ0) FROM SJ ORDER BY SJKH;"_qs, u"810"_qs},
+      {u"SELECT Hour(RQ) FROM JH"_qs, u"0"_qs},
+      {u"SELECT Minute(#2007-3-5 8:05#) FROM SJ"_qs, u"5"_qs},
+      {u"SELECT Hour(HDYQ) IS NULL FROM (SELECT NULL AS HDYQ FROM JH)"_qs, u"1"_qs},
   };
-  Recordset items = store.open(u"HD"_qs);
-  for (const QString& name : names) {
-    items.addNew();
-    items.set(u"HDBH", QString::number(name.size()));
-    items.set(u"HDLB", name.left(255));
-    items.update();
+  for (const auto& [select, first] : cases) {
+    EXPECT_EQ(store.open(select).text(0), first) << select.toStdString();
   }
-  for (const QString& name : names) {
-    const QString label = name.left(255);
-    Recordset found = store.open(statements::itemsOfCategory(label));
-    ASSERT_FALSE(found.isEmpty()) << label.toStdString();
-    EXPECT_EQ(found.text(u"HDLB"), label);
-    EXPECT_TRUE(store.open(statements::itemsOfCategory(name + u'!')).isEmpty());
-    EXPECT_TRUE(items.findFirst(u"HDLB=" + textLiteral(label)));
-    EXPECT_EQ(items.text(u"HDLB"), label);
-  }
-  EXPECT_EQ(store.open(u"HD"_qs).count(), names.size());
-}
-
-class Dialect : public ::testing::Test {
- protected:
-  Dialect() {
-    builder.item(u"001"_qs, u"晨跑"_qs)
-        .item(u"002"_qs, u"Run"_qs)
-        .block(u"A"_qs, u"08:10:59"_qs, u"23:59:00"_qs)
-        .plan(kMonday, u"A"_qs, u"晨跑"_qs)
-        .plan(kMonday.addDays(1), u"A"_qs, u"晨跑"_qs);
-  }
-
-  QString firstText(const QString& select) {
-    Recordset rows = store.open(select);
-    return rows.isEmpty() ? QString() : rows.text(0);
-  }
-
-  ScheduleBuilder builder;
-  ScheduleStore store{builder.path()};
-};
-
-TEST_F(Dialect, ReadsDateLiteralsInAnyFormThatPeopleType) {
-  for (const QString& date :
-       {u"2007-03-05"_qs, u"2007-3-5"_qs, u"2007/3/5"_qs, u" 2007年3月5日 "_qs}) {
-    EXPECT_EQ(store.open(u"SELECT * FROM JH WHERE RQ=#%1#"_qs.arg(date)).count(), 1)
-        << date.toStdString();
-  }
-  EXPECT_EQ(store.open(u"select * from SJ where sj1=#23:59#"_qs).count(), 1);
-  for (const QString& date : {u""_qs, u"2007-02-30"_qs, u"今天"_qs, u"2007-03-05'"_qs}) {
-    EXPECT_EQ(faultOf([&] { store.open(u"SELECT * FROM JH WHERE RQ=#%1#"_qs.arg(date)); }),
-              StoreFault::NotADateOrTime)
-        << date.toStdString();
-  }
-}
-
-TEST_F(Dialect, ComparesTextsExactlyAndNamesWithoutRegardToCase) {
-  EXPECT_EQ(store.open(u"sElEcT * fRoM hD wHeRe HdMc='Run'"_qs).count(), 1);
-  EXPECT_EQ(store.open(u"SELECT * FROM [hd] WHERE hd.[hdmc]='run'"_qs).count(), 0);
-  EXPECT_EQ(store.open(u"SELECT * FROM HD WHERE HDMC='Run '"_qs).count(), 0);
-}
-
-TEST_F(Dialect, TakesHourAndMinuteOfStoredMoments) {
-  EXPECT_EQ(firstText(u"SELECT Hour([SJ0])*100+Minute(SJ0) FROM SJ;"_qs), u"810"_qs);
-  EXPECT_EQ(firstText(u"SELECT Hour(RQ) FROM JH"_qs), u"0"_qs);
-  EXPECT_EQ(firstText(u"SELECT Minute(#2007-3-5 8:05#) FROM SJ"_qs), u"5"_qs);
-  builder.sql(u"UPDATE SJ SET SJ0=NULL"_qs);
-  EXPECT_FALSE(store.open(u"SELECT Hour(SJ0) FROM SJ"_qs).value(0).isValid());
-  builder.sql(u"UPDATE SJ SET SJ0='早上'"_qs);
-  Recordset broken = store.open(u"SELECT Hour(SJ0) FROM SJ"_qs);
-  EXPECT_EQ(faultOf([&] { broken.count(); }), StoreFault::NotADateOrTime);
 }
 
 TEST_F(Dialect, RefusesWhatItDoesNotKnow) {
@@ -115,28 +32,61 @@ TEST_F(Dialect, RefusesWhatItDoesNotKnow) {
     StoreFault fault;
   } cases[] = {
       {u""_qs, StoreFault::TableMissing},
+      {u"XX"_qs, StoreFault::TableMissing},
+      {u"SELECT XX FROM HD"_qs, StoreFault::ColumnMissing},
       {u"SELECT * FORM HD"_qs, StoreFault::Syntax},
       {u"SELECT * FROM HD WHERE HDMC='晨跑"_qs, StoreFault::Syntax},
-      {u"SELECT * FROM HD WHERE HDMC=#2007-03-05"_qs, StoreFault::Syntax},
       {u"SELECT * FROM [HD"_qs, StoreFault::Syntax},
       {u"SELECT * FROM HD WHERE HDMC=\"晨跑\""_qs, StoreFault::Syntax},
       {u"SELECT * FROM HD WHERE HDMC=?"_qs, StoreFault::Syntax},
       {u"SELECT * FROM HD; DELETE * FROM HD"_qs, StoreFault::Syntax},
       {u"SELECT Second(SJ0) FROM SJ"_qs, StoreFault::Syntax},
-      {u"SELECT * FROM XX"_qs, StoreFault::TableMissing},
-      {u"SELECT XX FROM HD"_qs, StoreFault::ColumnMissing},
-      {u"XX"_qs, StoreFault::TableMissing},
+      {u"DROP TABLE HD"_qs, StoreFault::Syntax},
+      {u"DELETE * FROM HD --"_qs, StoreFault::Syntax},
+      {u"DELETE * FROM JH WHERE HDMC=?"_qs, StoreFault::Syntax},
+      {u"SELECT * FROM JH WHERE RQ=##"_qs, StoreFault::NotADateOrTime},
+      {u"SELECT * FROM JH WHERE RQ=#2007-02-30#"_qs, StoreFault::NotADateOrTime},
+      {u"SELECT Hour(HDMC) FROM HD"_qs, StoreFault::NotADateOrTime},
   };
   for (const auto& [statement, fault] : cases) {
-    EXPECT_EQ(faultOf([&, text = statement] { store.open(text); }), fault)
+    const bool changesRows = statement.startsWith(u'D');
+    EXPECT_EQ(faultOf([&, text = statement] { changesRows ? store.execute(text) : count(text); }),
+              fault)
         << statement.toStdString();
   }
-  for (const QString& statement : {u"DROP TABLE HD"_qs, u"PRAGMA user_version=1"_qs,
-                                   u"DELETE * FROM HD --"_qs, u"DELETE * FROM HD /*"_qs}) {
-    EXPECT_EQ(faultOf([&] { store.execute(statement); }), StoreFault::Syntax)
-        << statement.toStdString();
+  EXPECT_EQ(faultOf([&] { count(statements::plansOn(QDate())); }), StoreFault::NotADateOrTime);
+  EXPECT_EQ(count(u"HD"_qs), 3);
+}
+
+TEST_F(Dialect, TheCatalogueFindsTheRowsItNames) {
+  using namespace statements;
+  const QDate nextDay = kMonday.addDays(1);
+  const struct {
+    Query statement;
+    qsizetype rows;
+    QString first;  // in the first column
+  } cases[] = {
+      {itemsOfCategory(u"3-运动"_qs), 1, u"001"_qs},
+      {openItems(), 2, u"001"_qs},
+      {blocksByStart(), 2, u"B"_qs},
+      {blocksByCode(), 2, u"A"_qs},
+      {blockWithCode(u"B"_qs), 1, u"B"_qs},
+      {planOfBlock(nextDay, u"A"_qs), 1, u"2007-03-06"_qs},
+      {plansOfActivity(u"晨跑"_qs), 2, u"2007-03-05"_qs},
+      {planOfActivityInBlock(u"晨跑"_qs, kMonday, u"B"_qs), 0, {}},
+      {weekNamesAt(kMonday.addDays(6)), 1, u"2007-03-05"_qs},
+      {weekNamesAt(kMonday.addDays(7)), 0, {}},
+      {minutesByCategory(kMonday, nextDay), 2, u"1-工作"_qs},
+      {minutesByActivity(nextDay, nextDay), 1, u"3-运动"_qs},
+  };
+  for (const auto& [statement, rows, first] : cases) {
+    SCOPED_TRACE(statement.text().toStdString());
+    Recordset found = store.open(statement);
+    EXPECT_EQ(found.count(), rows);
+    EXPECT_TRUE(rows == 0 || found.text(0) == first);
   }
-  EXPECT_EQ(store.open(u"HD"_qs).count(), 2);
+  EXPECT_EQ(store.execute(deletePlanOfBlock(kMonday, u"B"_qs)), 1);
+  EXPECT_EQ(store.execute(deletePlansOfActivity(u"晨跑"_qs)), 2);
 }
 
 }  // namespace

@@ -37,12 +37,6 @@ QString reason(int systemError) {
 
 }  // namespace
 
-FileError::FileError(const QString& description) : std::runtime_error(description.toStdString()) {}
-
-QString FileError::description() const {
-  return QString::fromUtf8(what());
-}
-
 WrittenFileError::WrittenFileError(const QString& path)
     : FileError(u"文件“%1”已经写好，但磁盘随后报告了错误，请检查磁盘。"_qs.arg(path)) {}
 

@@ -1,16 +1,16 @@
 #pragma once
 
-#include <QString>
-
-#include <stdexcept>
+#include "routine/planner_error.h"
 
 namespace vellora {
 
-// Why a file could not be read or written: one plain Chinese sentence made for the user.
-class FileError : public std::runtime_error {
+// Why a file could not be read or written.
+class FileError : public PlannerError {
  public:
-  explicit FileError(const QString& description);
-  QString description() const;
+  explicit FileError(const QString& description) : PlannerError(kNumber, description) {}
+
+ private:
+  static constexpr int kNumber = 101;  // stands before those of BackupError
 };
 
 // The file is written and in its place, but the disk refused the last step.
