@@ -145,6 +145,8 @@ void Guide::showMenu() {
 }
 
 void Guide::showCopiedWeek() {
+  startUp_.state().Db.execute(
+      u"UPDATE JH SET HDMC='游泳' WHERE RQ=#2026-10-21# AND HDMC='项目工作'"_qs);
   QTimer hand;
   QObject::connect(&hand, &QTimer::timeout, &hand, [&] {
     QWidget* dialog = QApplication::activeModalWidget();
@@ -179,7 +181,6 @@ void planATerm(QWidget& window) {
 void Guide::showEveryScene() {
   keep(board(), u"board"_qs);
   showMenu();
-  showCopiedWeek();
   show(u"Command5"_qs, u"time_blocks"_qs);
   show(u"Command4"_qs, u"activity_items"_qs,
        [](QWidget& window) { control<GridSurface>(window, u"Cell1"_qs).SetCurrentCell(1, 6); });
@@ -197,6 +198,7 @@ void Guide::showEveryScene() {
     press(window, u"cmdO"_qs);
   });
   show(u"Command98"_qs, u"about"_qs);
+  showCopiedWeek();
   putOnSkin(QStringLiteral(SKIN_DIR "/KTZ1.SKN"));
   keep(board(), u"board_dark"_qs);
 }
