@@ -4,6 +4,7 @@
 #include "editors/item_fields.h"
 #include "grid/surface/grid_surface.h"
 #include "routine/category.h"
+#include "routine/text.h"
 #include "shell/controls.h"
 #include "store/store_error.h"
 
@@ -258,7 +259,9 @@ bool ActivityItemEditor::store() {
 bool ActivityItemEditor::write(StoreStep step, const Item& item) {
   bool isTaken = false;
   try {
+    const bool withPlans = step == StoreStep::Change && renamesPlans(item);
     const bool isDone = saveAsking([&](bool overwrite) {
+      if (withPlans) return catalogue_.changeWithPlans(item, overwrite);
       if (step == StoreStep::Change) return catalogue_.change(item, overwrite);
       isTaken = !catalogue_.add(item);
     });
@@ -275,6 +278,16 @@ bool ActivityItemEditor::write(StoreStep step, const Item& item) {
   showStored(item, catalogue_.currentId());
   cancel();
   return true;
+}
+
+// A plan finds its item by its name.
+bool ActivityItemEditor::renamesPlans(const Item& item) {
+  enum Answer { Rename, Leave };
+  const qsizetype plans = catalogue_.plansLeftBy(item);
+  if (plans == 0) return false;
+  const QString question = u"有 %1 条计划用着原来的名称%2。要把它们一起改名吗？"_qs.arg(
+      QString::number(plans), quoted(catalogue_.currentName()));
+  return prompts().choose(this, question, {u"一起改名"_qs, u"不改"_qs}, Rename) == Rename;
 }
 
 // In the current row, and where the item stands if its code was typed in another item's row.

@@ -18,6 +18,7 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QSignalBlocker>
+#include <QSpinBox>
 #include <QVBoxLayout>
 
 namespace vellora {
@@ -54,7 +55,9 @@ void ActivityPlanWindow::connectControls() {
   placeFromList(*controls_.blocks, [this](int position) { PlaceBlock(position); });
   new WeekCountKeys(*controls_.weeks->box());
   onClick(controls_.byDay, [this] { Repeat(controls_.days->box()->text(), 1); });
-  onClick(controls_.byWeek, [this] { Repeat(controls_.weeks->box()->text(), 7); });
+  onClick(controls_.byWeek, [this] {
+    Repeat(controls_.weeks->box()->text(), kDaysInAWeek * controls_.everyWeeks->value());
+  });
   onClick(controls_.open, [this] { ListPlan(); });
   onClick(controls_.save, [this] { SavePlan(); });
   onClick(controls_.remove, [this] { DeletePlan(); });

@@ -13,6 +13,7 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QShortcut>
+#include <QSpinBox>
 
 namespace vellora {
 namespace {
@@ -61,6 +62,13 @@ CountField* makeCount(const QString& words, const QString& objectName,
   return field;
 }
 
+QSpinBox* makeInterval(QWidget* window) {
+  constexpr int kMostWeeksBetween = 52;
+  auto* weeks = named(new QSpinBox(window), u"EveryWeeks"_qs, u"每隔几周"_qs);
+  weeks->setRange(1, kMostWeeksBetween);
+  return weeks;
+}
+
 QVBoxLayout* layActivities(const Controls& controls) {
   auto* column = new QVBoxLayout;
   column->addWidget(makeLabel(u"活动项目"_qs, controls.activities));
@@ -88,11 +96,16 @@ QGridLayout* layRepetition(const Controls& controls, QWidget* window) {
   auto* lines = new QGridLayout;
   lines->addWidget(new QLabel(u"以后每天同一时间与本日相同"_qs, window), 0, 0);
   lines->addWidget(controls.days, 0, 1);
-  lines->addWidget(controls.byDay, 0, 2);
+  lines->addWidget(controls.byDay, 0, 3);
   lines->addWidget(new QLabel(u"以后每周同一时间与本日相同"_qs, window), 1, 0);
   lines->addWidget(controls.weeks, 1, 1);
-  lines->addWidget(controls.byWeek, 1, 2);
-  lines->setColumnStretch(3, 1);
+  auto* interval = new QHBoxLayout;
+  interval->addWidget(makeLabel(u"每隔"_qs, controls.everyWeeks));
+  interval->addWidget(controls.everyWeeks);
+  interval->addWidget(new QLabel(u"周"_qs, window));
+  lines->addLayout(interval, 1, 2);
+  lines->addWidget(controls.byWeek, 1, 3);
+  lines->setColumnStretch(4, 1);
   return lines;
 }
 
@@ -153,6 +166,7 @@ ActivityPlanControls::ActivityPlanControls(const Clock& clock, QWidget* window)
       days(makeCount(u"共       天"_qs, u"Text4"_qs, u"天数"_qs, u"60"_qs, window)),
       byDay(makeButton(u"CmdDAY"_qs, u"按天追加计划"_qs, window)),
       weeks(makeCount(u"共       周"_qs, u"Text1"_qs, u"周数"_qs, u"8"_qs, window)),
+      everyWeeks(makeInterval(window)),
       byWeek(makeButton(u"CmdJH"_qs, u"按周追加计划"_qs, window)),
       open(makeButton(u"cmdOP"_qs, u"打  开(&O)"_qs, window)),
       save(makeButton(u"cmdSV"_qs, u"保  存(&S)"_qs, window)),

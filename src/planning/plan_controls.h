@@ -9,6 +9,7 @@ class QLineEdit;
 class QListWidget;
 class QPlainTextEdit;
 class QPushButton;
+class QSpinBox;
 class QVBoxLayout;
 class QWidget;
 
@@ -49,6 +50,7 @@ struct ActivityPlanControls {
   CountField* days;
   QPushButton* byDay;
   CountField* weeks;
+  QSpinBox* everyWeeks;
   QPushButton* byWeek;
   QPushButton* open;
   QPushButton* save;

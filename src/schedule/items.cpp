@@ -159,6 +159,30 @@ void ItemCatalogue::change(const Item& item, bool overwrite) {
   items_->update();
 }
 
+qsizetype ItemCatalogue::plansLeftBy(const Item& item) const {
+  const QString before = currentName();
+  return before == item.name ? 0 : store_.open(statements::plansOfActivity(before)).count();
+}
+
+void ItemCatalogue::changeWithPlans(const Item& item, bool overwrite) {
+  const qint64 id = currentId();
+  const QString before = currentName();
+  bool isChanged = false;
+  try {
+    ScheduleStore::Transaction both(store_);
+    change(item, overwrite);
+    isChanged = true;
+    store_.execute(statements::renamePlans(before, item.name));
+    both.commit();
+  } catch (const StoreError&) {
+    if (isChanged) {  // in the set, and not in the schedule
+      items_ = openItems();
+      find(id);
+    }
+    throw;
+  }
+}
+
 void ItemCatalogue::setColumns(Recordset& items, const Item& item) {
   items.set(u"HDBH", item.code);
   items.set(u"hdmc", item.name);
@@ -170,8 +194,8 @@ QList<OpenItem> readOpenItems(ScheduleStore& store) {
   QList<OpenItem> items;
   auto rows = store.open(statements::openItems());
   for (; !rows.atEnd(); rows.moveNext()) {
-    items.append({rows.text(u"HDMC"), static_cast<PackedColour>(rows.number(u"FRGB")),
-                  rows.text(u"HDLB")});
+    items.append(
+        {rows.text(u"HDMC"), static_cast<PackedColour>(rows.number(u"FRGB")), rows.text(u"HDLB")});
   }
   return items;
 }

@@ -83,6 +83,11 @@ class ItemCatalogue {
   // Change or remove the current item. StoreFault::RowChanged when another program has changed it;
   // overwriting reads it again first.
   void change(const Item& item, bool overwrite = false);
+  // The same, and gives the plans of the item its new name, all in one.
+  void changeWithPlans(const Item& item, bool overwrite);
+  // How many plans another name would leave without their item.
+  qsizetype plansLeftBy(const Item& item) const;
+  QString currentName() const { return items_->text(u"HDMC"); }
   void remove() { items_->remove(); }
 
  private:
@@ -91,7 +96,7 @@ class ItemCatalogue {
 
   ScheduleStore& store_;
   QString category_;
-  std::optional<Recordset> items_;
+  mutable std::optional<Recordset> items_;  // reading a row may fetch it
 };
 
 // An activity that is not completed, as it is offered for planning.

@@ -15,7 +15,7 @@ inline constexpr int kMostWeeks = 60;
 
 struct Repetition {
   int count;     // 0 or more
-  int stepDays;  // 1 or 7
+  int stepDays;  // 1 or more
 };
 
 // The count that a text stands for: its numeric value rounded, a half to the even neighbour.

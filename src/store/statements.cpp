@@ -74,6 +74,10 @@ Query allPlans() {
   return u"SELECT * FROM JH"_qs;
 }
 
+Query renamePlans(const QString& from, const QString& to) {
+  return {u"UPDATE JH SET HDMC=? WHERE HDMC=?"_qs, {to, from}};
+}
+
 Query deletePlansOfActivity(const QString& name) {
   return {u"DELETE * FROM JH WHERE HDMC=?"_qs, {name}};
 }

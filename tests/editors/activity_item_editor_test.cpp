@@ -1,6 +1,7 @@
 #include "editors/activity_item_editor.h"
 
 #include "grid/surface/grid_surface.h"
+#include "store/statements.h"
 #include "support/hands.h"
 #include "support/planner_test.h"
 #include "support/schedule_dump.h"
@@ -91,6 +92,26 @@ TEST_F(ActivityItemEditorTest, TakesTheFirstItemOfAnEmptyCatalogueOnlyWithACateg
   walk({{u"cmdOK"_qs, u"添删 0/1 007 walk"_qs}, {u"CmdNEW"_qs, u"确取 1/2 008 "_qs}});
   EXPECT_EQ(dumpOf(store_), QStringList{u"HD|007|walk|3-运动|0|65280"_qs});
   EXPECT_EQ(prompts_.warnings.size(), 1);
+}
+
+TEST_F(ActivityItemEditorTest, ANewNameIsGivenToThePlansWithTheOldOneIfTheUserLikes) {
+  schedule_.item(u"001"_qs, u"跑步"_qs)
+      .plan(kMonday, u"001"_qs, u"跑步"_qs)
+      .plan(kMonday, u"002"_qs, u"散步"_qs);
+  open(editor_);
+  prompts_.choices = {1, 0};
+  for (const auto& [name, plans] : {std::pair(u"慢跑"_qs, 0), {u"散步"_qs, 1}}) {
+    act(u"row=0"_qs);
+    control(u"txtHDMC"_qs).setFocus();
+    press(Qt::Key_A, Qt::ControlModifier);
+    type(name);
+    click(u"cmdOK"_qs);
+    EXPECT_EQ(store_.open(statements::plansOfActivity(name)).count(), plans);
+    schedule_.sql(u"UPDATE JH SET HDMC='慢跑' WHERE SJKH='001'"_qs);
+  }
+  EXPECT_EQ(prompts_.questions,
+            (QStringList{u"有 1 条计划用着原来的名称“跑步”。要把它们一起改名吗？"_qs,
+                         u"有 1 条计划用着原来的名称“慢跑”。要把它们一起改名吗？"_qs}));
 }
 
 TEST_F(ActivityItemEditorTest, RefusesTakenAndUnknownCodes) {

@@ -306,6 +306,7 @@ TEST_F(ActivityPlan, CopiesFollowInOrderAndPushTheOtherRowsDown) {
   const std::tuple<QString, Repetition, QString> cases[]{
       {u"2007-03-05"_qs, {3, 1}, u"2007-03-06 2007-03-07 2007-03-08"_qs},
       {u"2007-03-05"_qs, {2, 7}, u"2007-03-12 2007-03-19"_qs},
+      {u"2007-03-05"_qs, {2, 14}, u"2007-03-19 2007-04-02"_qs},
       {u"2008-2-28"_qs, {2, 1}, u"2008-02-29 2008-03-01"_qs},
       {u"9999-12-20"_qs, {9, 7}, u"9999-12-27"_qs},
       {u"2007-03-05"_qs, {0, 1}, QString()}};
