@@ -19,29 +19,14 @@ class GridLooks : public GridSteps {
     grid.setColours({kText, kPaper, kText, kLine, kLine, kFrame, kText, kSelected, kFrame});
     play("2,4");
   }
-  // A letter for what is seen at each point: (p)aper, (s)elected, (f)rame, (l)ine, (t)ext, or
-  // w(hite), b(lue), r(ed).
-  QString seenAt(std::initializer_list<QPoint> points) {
+  void expectColours(std::initializer_list<std::pair<QPoint, QColor>> colours) {
     grid.Redraw();
-    settle();
     const QImage image = grid.viewport()->grab().toImage();
-    const std::pair<QColor, QChar> letters[]{{kPaper, u'p'},   {kSelected, u's'}, {kFrame, u'f'},
-                                             {kLine, u'l'},    {kText, u't'},     {Qt::white, u'w'},
-                                             {Qt::blue, u'b'}, {Qt::red, u'r'}};
-    QString seen;
-    for (const QPoint& point : points) {
-      for (const auto& [colour, letter] : letters) {
-        if (image.pixelColor(point) == colour) seen += letter;
-      }
+    for (const auto& [point, colour] : colours) {
+      EXPECT_EQ(image.pixelColor(point).name(), colour.name()) << point.x() << ' ' << point.y();
     }
-    return seen;
   }
-  // Of the cells of the first two rows and columns.
-  QString papers() {
-    const QPoint in(2, 2);
-    return seenAt({rect(0, 0).topLeft() + in, rect(1, 0).topLeft() + in, rect(0, 1).topLeft() + in,
-                   rect(1, 1).topLeft() + in});
-  }
+  QPoint paperOf(int col, int row) const { return rect(col, row).topLeft() + QPoint(2, 2); }
   QString sizesIn(const QHeaderView& header) {
     grid.Redraw();
     settle();
@@ -57,25 +42,29 @@ TEST_F(GridLooks, CellsWithATextShowTheirColoursAndTheCurrentOneInsideAFrame) {
   for (const int col : {0, 1}) grid.sheet().SetCellColors(col, 0, kBlack, kWhite);
   grid.sheet().SetCellColors(1, 1, kRed, kBlue);
   grid.SetCellText(1, 1, u"y"_qs);
-  EXPECT_EQ(papers(), u"wppb") << "an empty cell has nothing to tell a category of";
+  expectColours({{paperOf(0, 0), Qt::white}, {paperOf(1, 0), kPaper}, {paperOf(1, 1), Qt::blue}});
   EXPECT_EQ(grid.model()->index(0, 0).data(Qt::ForegroundRole).value<QColor>(), QColor(Qt::black));
   play("1,1 shift:0,0");
-  EXPECT_EQ(papers(), u"sssb");
+  expectColours(
+      {{paperOf(0, 0), kSelected}, {paperOf(1, 0), kSelected}, {paperOf(1, 1), Qt::blue}});
   play("1,0 F2");
-  EXPECT_EQ(seenAt({rect(1, 0).topLeft(), editor()->geometry().topLeft() + QPoint(1, 1)}), u"ff");
+  expectColours(
+      {{rect(1, 0).topLeft(), kFrame}, {editor()->geometry().topLeft() + QPoint(1, 1), kFrame}});
 }
 
 TEST_F(GridLooks, BordersLieOnTheLinesAroundEveryCellAndBlackIsTheSkinsText) {
-  const QRect cell = rect(1, 1);
-  for (const auto& [given, seen] : {std::pair{kBlue, u"bbbbl"}, {kBlack, u"ttttl"}}) {
+  const QPoint start = rect(1, 1).topLeft();
+  const QPoint end = rect(1, 1).bottomRight();
+  for (const auto& [given, seen] : {std::pair{kBlue, QColor(Qt::blue)}, {kBlack, kText}}) {
     grid.SetRangeBorder(1, 1, 2, 2, 0, 1, given);
-    EXPECT_EQ(seenAt({cell.topLeft() - QPoint(1, -5), cell.topLeft() - QPoint(-5, 1),
-                      cell.bottomRight() + QPoint(1, -5), cell.bottomRight() + QPoint(-5, 1),
-                      rect(0, 0).bottomLeft() + QPoint(5, 1)}),
-              seen);
+    expectColours({{start - QPoint(1, -5), seen},
+                   {start - QPoint(-5, 1), seen},
+                   {end + QPoint(1, -5), seen},
+                   {end + QPoint(-5, 1), seen},
+                   {rect(0, 0).bottomLeft() + QPoint(5, 1), kLine}});
   }
   grid.markColumn(1);
-  EXPECT_EQ(seenAt({QPoint(cell.right(), rect(1, 4).center().y())}), u"f");
+  expectColours({{QPoint(end.x(), rect(1, 4).center().y()), kFrame}});
 }
 
 TEST_F(GridLooks, WhatDoesNotFitAndMarksHaveAToolTip) {
@@ -117,9 +106,11 @@ TEST_F(GridLooks, SizesFollowTheSheetWhereverTheyAreSet) {
   EXPECT_EQ(sizesIn(heights), u"38 38 60 0 38");
   grid.DeleteRows(0, 1);
   EXPECT_EQ(sizesIn(heights), u"38 60 0 38");
-  begin(3, 3);
-  grid.SetDefaultRowHeight(38);
-  EXPECT_EQ(sizesIn(heights), u"38 38 38");
+  Sheet plain;
+  plain.SetRows(4);
+  plain.SetDefaultRowHeight(38);
+  grid.sheet() = plain;
+  EXPECT_EQ(sizesIn(heights), u"38 38 38 38");
   grid.SetDefaultFont(60, kFontRegular, u"宋体"_qs);
   EXPECT_FALSE(sizesIn(heights).contains(u"38")) << "never too low for its text";
 }
