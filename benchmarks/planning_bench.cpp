@@ -5,6 +5,7 @@
 #include "schedule/plan_repetition.h"
 #include "schedule/plan_rows.h"
 #include "schedule/plan_saving.h"
+#include "store/undo_log.h"
 #include "support/raw_database.h"
 #include "support/schedule_builder.h"
 #include "support/side_by_side.h"
@@ -123,6 +124,7 @@ void writeRequirement(Sheet& sheet, const QString& requirement) {
 // Every entry is another one than before in every run.
 void compareSaving(SideBySide& table, const test::ScheduleBuilder& builder) {
   ScheduleStore store(builder.path());
+  store.undoLog();
   Sheet sheet;
   setUpPlanRows(sheet);
   listEntries(store, sheet, TimeBlockList(store), kActivity);

@@ -8,6 +8,7 @@
 #include "shell/controls.h"
 #include "shell/work_dialog.h"
 #include "store/store_error.h"
+#include "store/undo_log.h"
 
 #include <QCloseEvent>
 #include <QComboBox>
@@ -117,6 +118,7 @@ void BackupWindow::backUp() {
 }
 
 void BackupWindow::restore() {
+  const UndoLog::Pause unlogged(state().Db.undoLog());
   run({u"恢复已正确完成, 共 %1 条记录！"_qs, u"数据未能正确恢复！"_qs},
       [this](const WorkProgress& progress) {
         return RestoreTables(state().Db, grid_->workbook(), file(), progress);

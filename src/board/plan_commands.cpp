@@ -41,7 +41,7 @@ void PlanCommands::add(const QString& name, const QString& text, const QKeySeque
   auto* action = new QAction(text, this);
   action->setObjectName(name);
   action->setShortcut(key);
-  const bool isOfTheWindow = name == u"Undo" || name == u"Redo";
+  const bool isOfTheWindow = name == u"Find" || name == u"Undo" || name == u"Redo";
   QWidget* where = isOfTheWindow ? board_.window : static_cast<QWidget*>(&board_.grid);
   action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
   connect(action, &QAction::triggered, this, [this, act, isPossible] {
@@ -73,6 +73,7 @@ void PlanCommands::addWeekCommands() {
   add(u"CopyWeek"_qs, u"复制本周…"_qs, {}, &C::copyWeek, &C::isWeek);
   add(u"ClearWeek"_qs, u"清空本周"_qs, {}, &C::clearWeek, &C::isWeek);
   add(u"Postpone"_qs, u"本周起顺延一周"_qs, {}, &C::postpone, &C::isWeek, true);
+  add(u"Find"_qs, u"查找…"_qs, QKeySequence::Find, &C::find, &C::isWeek);
   add(u"Undo"_qs, u"撤消"_qs, QKeySequence::Undo, &C::undo, &C::canUndo);
   add(u"Redo"_qs, u"重做"_qs, Qt::CTRL | Qt::Key_Y, &C::redo, &C::canRedo);
 }

@@ -38,6 +38,7 @@ class PlanCommands : public QObject {
     std::function<void(QDate day)> openDay;
     std::function<void(QDate day)> openMemo;
     std::function<void(const QString& activity)> openActivity;
+    std::function<void()> openFind;
   };
   explicit PlanCommands(const Board& board);
 
@@ -99,6 +100,7 @@ class PlanCommands : public QObject {
   void copyWeek();
   void clearWeek();
   void postpone();
+  void find() { board_.openFind(); }
   void undo();
   void redo();
 

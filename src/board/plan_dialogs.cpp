@@ -47,6 +47,7 @@ class FormDialog : public QDialog {
     auto* label = new QLabel(text, this);
     label->setTextFormat(Qt::PlainText);
     label->setWordWrap(true);
+    label->setMinimumWidth(label->fontMetrics().horizontalAdvance(u'周') * 30);
     form_->addRow(label);
   }
   QPushButton& ok() { return *ok_; }

@@ -1,5 +1,6 @@
 #include "board/week_board.h"
 
+#include "board/find_bar.h"
 #include "board/plan_commands.h"
 #include "board/plan_drag.h"
 #include "grid/files/workbook_file.h"
@@ -43,7 +44,8 @@ WeekBoard::WeekBoard(ApplicationState& state)
       week_name_(named(new ElidedLabel(this), u"Lmm"_qs)),
       today_(makeButton(u"CmdToday"_qs, u"今天"_qs, this, [this] { days_->goToToday(); })),
       more_(makeButton(u"CmdMore"_qs, u"更多(&M)"_qs, this, [this] { showMenu(); })),
-      grid_(named(new GridSurface(this), u"Cell1"_qs, u"周计划表"_qs)) {
+      grid_(named(new GridSurface(this), u"Cell1"_qs, u"周计划表"_qs)),
+      find_bar_(new FindBar(state.Db, this)) {
   setObjectName(u"Form0"_qs);
   setWindowTitle(programTitle());
   grid_->setDocumentName([this]() -> QString { return u"日程表 "_qs + isoDate(firstDay()); });
@@ -80,6 +82,7 @@ void WeekBoard::layOut() {
   auto* right = new QVBoxLayout;
   right->addLayout(top);
   right->addWidget(grid_, 1);
+  right->addWidget(find_bar_);
   right->addWidget(statusLine());
   auto* all = new QHBoxLayout(this);
   all->addWidget(commands_);
@@ -101,10 +104,13 @@ void WeekBoard::addPlanCommands() {
                                        if (open_memo_) open_memo_(day);
                                        returnFromWindow();
                                      },
-                                     [this](const QString& activity) { openActivity(activity); }});
+                                     [this](const QString& activity) { openActivity(activity); },
+                                     [this] { find_bar_->open(firstDay()); }});
   plan_drag_ = std::make_unique<PlanDrag>(
       *plan_commands_, [this](int days) { days_->setDate(firstDay().addDays(days)); });
   grid_->setCellDrag(plan_drag_.get());
+  connect(find_bar_, &FindBar::goTo, this, &WeekBoard::showHit);
+  connect(find_bar_, &FindBar::closed, grid_, [this] { grid_->Focus(); });
   grid_->setMenu([this](QMenu& menu) { plan_commands_->fill(menu); });
   days_->weekdayLabel()->installEventFilter(this);
   constexpr std::chrono::minutes kBetweenLooks(1);
@@ -233,6 +239,20 @@ void WeekBoard::FillWeek() {
 void WeekBoard::markToday() {
   const qint64 untilToday = firstDay().daysTo(state().clock.today());
   grid_->markColumn(untilToday >= 0 && untilToday < kBoardDays ? int(untilToday) + 1 : -1);
+}
+
+// Where a memo or a week's name was found, the day's heading is marked.
+void WeekBoard::showHit(const SearchHit& hit) {
+  const qint64 days = firstDay().daysTo(hit.day);
+  if (days < 0 || days >= kBoardDays) {
+    days_->setDate(hit.day.addDays(1 - hit.day.dayOfWeek()));
+  }
+  const auto col = static_cast<int>(firstDay().daysTo(hit.day)) + 1;
+  int row = 0;
+  while (!hit.code.isEmpty() && ++row < grid_->Rows()) {
+    if (grid_->CellTag(0, row) == hit.code) break;
+  }
+  if (row < grid_->Rows()) grid_->SetCurrentCell(col, row);
 }
 
 void WeekBoard::fillAfterStep() {

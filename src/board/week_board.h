@@ -11,9 +11,11 @@ namespace vellora {
 
 class DateStepper;
 class ElidedLabel;
+class FindBar;
 class GridSurface;
 class PlanCommands;
 class PlanDrag;
+struct SearchHit;
 
 // The main window: seven days from the picked date by the time blocks. F5 reads it anew. It knows
 // no other window; what its commands and clicks open is attached from outside.
@@ -65,6 +67,7 @@ class WeekBoard : public PlannerWindow {
   void fillAfterStep();
   void showSaved(const QString& message, bool rebuilds);
   void markToday();
+  void showHit(const SearchHit& hit);
   void runCommand(BoardCommand command);
   void openCell(int col, int row);
   void openDay(QDate day);
@@ -80,6 +83,7 @@ class WeekBoard : public PlannerWindow {
   QPushButton* today_;
   QPushButton* more_;
   GridSurface* grid_;
+  FindBar* find_bar_;
   PlanCommands* plan_commands_ = nullptr;
   std::unique_ptr<PlanDrag> plan_drag_;
   qint64 changes_seen_ = 0;  // rows changed by this program when the board was last read

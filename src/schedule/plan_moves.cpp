@@ -3,6 +3,8 @@
 #include "routine/calendar_text.h"
 #include "store/statements.h"
 
+#include <QStringList>
+
 #include <algorithm>
 #include <map>
 
@@ -27,6 +29,12 @@ std::vector<PlannedBlock> readBlocks(RowCursor rows) {
 
 bool isAlike(const std::vector<PlanTexts>& one, const std::vector<PlanTexts>& other) {
   return std::equal(one.begin(), one.end(), other.begin(), other.end(), areStoredAlike);
+}
+
+QString activitiesOf(const std::vector<PlanTexts>& entries) {
+  QStringList names;
+  for (const PlanTexts& entry : entries) names << entry.activity;
+  return names.join(u'、');
 }
 
 // What stays cannot be moved to, and what would have moved there stays as well.
@@ -106,8 +114,7 @@ std::vector<PlanConflict> conflictsOf(ScheduleStore& store, const PlanMoves& mov
     if (!move.to || emptied.contains(*move.to)) continue;
     const auto holder = plannedBlock(store, *move.to);
     if (!holder || isAlike(holder->entries, move.entries)) continue;
-    conflicts.push_back(
-        {*move.to, holder->entries.front().activity, move.entries.front().activity});
+    conflicts.push_back({*move.to, activitiesOf(holder->entries), activitiesOf(move.entries)});
   }
   return conflicts;
 }

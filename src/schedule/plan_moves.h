@@ -30,7 +30,7 @@ struct PlanMove {
 };
 using PlanMoves = std::vector<PlanMove>;
 
-// A place that something else holds already.
+// A place that something else holds already; several activities with 、 between them.
 struct PlanConflict {
   PlanPlace place;
   QString holder;

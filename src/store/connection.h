@@ -24,7 +24,6 @@ class Connection {
   Connection& operator=(const Connection&) = delete;
 
   sqlite3* handle() const { return database_.getHandle(); }
-  const SQLite::Database& database() const { return database_; }
   StatementCache& statements() { return statements_; }
   bool isReadOnly() const { return isReadOnly_; }
   bool isInTransaction() const;

@@ -86,6 +86,10 @@ Query deletePlans() {
   return deleteAllFrom(u"JH"_qs);
 }
 
+Query allMemos() {
+  return {u"SELECT * FROM BW"_qs};
+}
+
 Query memoOn(QDate date) {
   return {u"SELECT * FROM BW WHERE RQ=?"_qs, {date}};
 }

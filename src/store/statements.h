@@ -33,6 +33,7 @@ Query deletePlanOfBlock(QDate date, const QString& code);
 Query deletePlans();
 
 // BW, the memos.
+Query allMemos();
 Query memoOn(QDate date);
 Query deleteMemos();
 

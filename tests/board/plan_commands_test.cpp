@@ -142,4 +142,30 @@ TEST_F(PlanCommandsTest, AWeekIsCopiedClearedAndPostponedAfterItsConflictsAreSho
   EXPECT_EQ(plans(), before_ + u" 8/1别的");
 }
 
+TEST_F(PlanCommandsTest, FindingGoesFromHitToHitWhereverTheyAre) {
+  schedule_.memo(kMonday.addDays(20), u"交读书笔记"_qs)
+      .weekName(kMonday.addDays(70), kMonday.addDays(76), u"读书周"_qs)
+      .plan(kMonday.addDays(-30), u"002"_qs, u"Reading"_qs, u"读书一章"_qs);
+  at(1, 1);
+  press(Qt::Key_F, Qt::ControlModifier);
+  type(u"读书"_qs);
+  EXPECT_TRUE(QTest::qWaitFor([] { return text(u"FindCount"_qs) == u"共 4 处"; }));
+  EXPECT_EQ(lines(u"FindHits"_qs),
+            (QStringList{u"2007-02-03 星期六 时段  Reading 读书一章"_qs,
+                         u"2007-03-05 星期一 时段  读书 要求"_qs,
+                         u"2007-03-25 星期日  交读书笔记"_qs, u"2007-05-14 星期一  读书周"_qs}));
+  const std::tuple<Qt::KeyboardModifiers, QDate, CellPlace> steps[]{
+      {Qt::NoModifier, kMonday, {1, 1}},
+      {Qt::NoModifier, kMonday.addDays(14), {7, 0}},
+      {Qt::ShiftModifier, kMonday, {1, 1}},
+      {Qt::ShiftModifier, kMonday.addDays(-35), {6, 2}}};
+  for (const auto& [modifiers, first, place] : steps) {
+    press(Qt::Key_Return, modifiers);
+    EXPECT_EQ(board_.firstDay(), first);
+    EXPECT_EQ(grid().currentPlace(), place);
+  }
+  press(Qt::Key_Escape);
+  EXPECT_TRUE(grid().hasFocus());
+}
+
 }  // namespace vellora

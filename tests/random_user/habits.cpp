@@ -51,7 +51,12 @@ constexpr Habit kHabits[]{
     {1, u"B",
      u"lock @Command4 giveup unlock @CmdNEW code @Combo1 Down Return @@txtHDMC text @cmdOK"},
     {1, u"B", u"@Command9 !是|!否"},
-    {1, u"B", u"Ctrl+Z|Ctrl+Y"},
+    {3, u"B", u"Ctrl+Z|Ctrl+Z|Ctrl+Y"},
+    {4, u"B", u"boardcell Ctrl+C|Ctrl+X boardcell Ctrl+V !替换|!保留原有|!取消"},
+    {3, u"B", u"boarddrag !替换|!保留原有|!取消"},
+    {2, u"B", u"boardcell Del"},
+    {3, u"B", u"boardcell F2|Insert|a text? Return|Esc"},
+    {3, u"B", u"boardcell|@CmdMore Menu Down Down? Down? Down? Return"},
     // the other windows
     {12, u"D", u"cell ==List1 text Return save?"},
     {8, u"A", u"=List1"},
@@ -150,6 +155,9 @@ class Author {
 
  private:
   Spot anyCell(int cols) { return cell(dice_.below(cols), dice_.below(8)); }
+  Spot boardCell() { return cell(1 + dice_.below(7), dice_.below(7)); }
+  // The left button would open what is planned.
+  void escape() { script_.key(Qt::Key_Escape, {}); }
   Spot anyControl(bool centre);
   void point(const Spot& spot, bool twice = false) {
     script_.click(spot, twice || std::exchange(twice_, false) ? 2 : 1);
@@ -174,6 +182,12 @@ class Author {
       {u"cell"_qs, [this] { point(anyCell(5), dice_.oneIn(8)); }},
       {u"cell0"_qs, [this] { point(anyCell(1)); }},
       {u"headings"_qs, [this] { point(cell(1 + dice_.below(7), dice_.below(5)), dice_.oneIn(2)); }},
+      {u"boardcell"_qs,
+       [this] {
+         script_.click(boardCell(), 1, Qt::RightButton);
+         escape();
+       }},
+      {u"boarddrag"_qs, [this] { script_.drag(boardCell(), boardCell()); }},
       {u"button"_qs, [this] { point(anyControl(true)); }},
       {u"twice"_qs, [this] { twice_ = true; }},
       {u"anything"_qs, [this] { pointAnyhow(); }},

@@ -69,7 +69,7 @@ TEST_F(PlanMovesTest, TakenPlacesAreReplacedAndTheCalendarEndsIt) {
   builder_.plan(kMonday.addDays(7), u"001"_qs, u"占用"_qs)
       .plan(kMonday.addDays(14), u"001"_qs, u"读书"_qs);
   const PlanMoves copies = repeatedWeekly(first(), 3);
-  EXPECT_EQ(conflicts(copies), u"7001占用<读书 14001读书<读书");
+  EXPECT_EQ(conflicts(copies), u"7001占用<读书、同时 14001读书<读书、同时");
   carryOut(store_, copies, {{kMonday.addDays(7), u"001"_qs}});
   EXPECT_EQ(
       plans(),

@@ -10,10 +10,13 @@
 #include "support/fixed_clock.h"
 #include "support/scripted_prompts.h"
 
+#include <QAction>
 #include <QApplication>
+#include <QContextMenuEvent>
 #include <QDir>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QPainter>
 #include <QPushButton>
 #include <QTemporaryDir>
 #include <QTest>
@@ -63,6 +66,10 @@ class Guide {
   void show(
       const QString& button, const QString& name, const Scene& scene = [](QWidget&) {});
   void putOnSkin(const QString& skin);
+  // The board with the menu of a planned cell.
+  void showMenu();
+  // What copying the week asks at last.
+  void showCopiedWeek();
 
   QDir pictures_;
   test::ScriptedPrompts prompts_;
@@ -123,6 +130,38 @@ void Guide::putOnSkin(const QString& skin) {
   open(u"Command98"_qs, [](QWidget& window) { press(window, u"Command1"_qs); });
 }
 
+void Guide::showMenu() {
+  auto& grid = control<GridSurface>(board(), u"Cell1"_qs);
+  grid.SetCurrentCell(3, 4);
+  const QPoint cell = grid.visualRect(grid.currentIndex()).center();
+  QContextMenuEvent asked(QContextMenuEvent::Mouse, cell, grid.viewport()->mapToGlobal(cell));
+  QApplication::sendEvent(grid.viewport(), &asked);
+  QWidget& menu = *QApplication::activePopupWidget();
+  QTest::qWait(50);
+  QPixmap picture = board().grab();
+  QPainter(&picture).drawPixmap(board().mapFromGlobal(menu.pos()), menu.grab());
+  if (!picture.save(pictures_.filePath(u"board_menu.png"_qs))) qFatal("cannot write board_menu");
+  menu.close();
+}
+
+void Guide::showCopiedWeek() {
+  startUp_.state().Db.execute(
+      u"UPDATE JH SET HDMC='游泳' WHERE RQ=#2026-10-21# AND HDMC='项目工作'"_qs);
+  QTimer hand;
+  QObject::connect(&hand, &QTimer::timeout, &hand, [&] {
+    QWidget* dialog = QApplication::activeModalWidget();
+    if (!dialog) return;
+    if (dialog->findChild<QListWidget*>()) {
+      hand.stop();
+      keep(*dialog, u"copy_week"_qs);
+      return dialog->close(), void();
+    }
+    QTest::keyClick(dialog, Qt::Key_Return);
+  });
+  hand.start(20);
+  board().findChild<QAction*>(u"CopyWeek"_qs)->trigger();
+}
+
 // One activity placed and repeated over days, some of which are taken.
 void planATerm(QWidget& window) {
   control<QListWidget>(window, u"List1"_qs).setCurrentRow(6);
@@ -141,6 +180,7 @@ void planATerm(QWidget& window) {
 
 void Guide::showEveryScene() {
   keep(board(), u"board"_qs);
+  showMenu();
   show(u"Command5"_qs, u"time_blocks"_qs);
   show(u"Command4"_qs, u"activity_items"_qs,
        [](QWidget& window) { control<GridSurface>(window, u"Cell1"_qs).SetCurrentCell(1, 6); });
@@ -158,6 +198,7 @@ void Guide::showEveryScene() {
     press(window, u"cmdO"_qs);
   });
   show(u"Command98"_qs, u"about"_qs);
+  showCopiedWeek();
   putOnSkin(QStringLiteral(SKIN_DIR "/KTZ1.SKN"));
   keep(board(), u"board_dark"_qs);
 }
