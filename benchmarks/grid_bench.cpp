@@ -47,7 +47,7 @@ class Board {
     grid_.SetCols(kCols);
     grid_.SetRows(kRows);
     for (int row = 0; row < kRows; ++row) {
-      for (int col = 0; col < kCols; ++col) grid_.SetCellAlign(col, row, kAlignCentred);
+      for (int col = 0; col < kCols; ++col) grid_.sheet().SetCellAlign(col, row, kAlignCentred);
     }
     grid_.resize(kBoardSize);
     grid_.show();
@@ -68,10 +68,10 @@ class Board {
   void fill(int col, int row) {
     if (!isPlanned(week_, col, row)) {
       grid_.SetCellText(col, row, QString());
-      return grid_.SetCellColors(col, row, kBlack, kWhite);
+      return grid_.sheet().SetCellColors(col, row, kBlack, kWhite);
     }
     grid_.SetCellText(col, row, planText(week_, col, row));
-    grid_.SetCellColors(col, row, ink(col, row), kPlanPaper);
+    grid_.sheet().SetCellColors(col, row, ink(col, row), kPlanPaper);
   }
 
   GridSurface grid_;

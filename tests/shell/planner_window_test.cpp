@@ -127,7 +127,8 @@ TEST_F(PlannerWindowTest, LetsTheUserCancelALongExportOrPrint) {
   window_.Show();
   grid_.SetCols(50);
   grid_.SetRows(300'000);
-  for (int col = 0; col < grid_.Cols(); ++col) grid_.SetCellColors(col, kEveryRow, kRed, kWhite);
+  for (int col = 0; col < grid_.Cols(); ++col)
+    grid_.sheet().SetCellColors(col, kEveryRow, kRed, kWhite);
   for (int row = 0; row < grid_.Rows(); ++row) grid_.SetCellText(0, row, u"%1x"_qs.arg(row));
   int cancelled = 0;
   QTimer user;

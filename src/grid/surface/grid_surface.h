@@ -24,11 +24,7 @@ class GridSurface : public SheetView {
   }
   QString GetCellText(int col, int row) const { return sheet().GetCellText(col, row); }
   QString CellTag(int col, int row) const { return sheet().CellTag(col, row); }
-  void SetCellAlign(int col, int row, int flags) { changing().SetCellAlign(col, row, flags); }
   void SetCellInput(int col, int row, int mode) { sheet().SetCellInput(col, row, mode); }
-  void SetCellColors(int col, int row, PackedColour text, PackedColour back) {
-    changing().SetCellColors(col, row, text, back);
-  }
   void SetCellFont(int col, int row, int size, int style, const QString& face) {
     changing().SetCellFont(col, row, size, style, face);
   }

@@ -43,7 +43,6 @@ class SheetView : public QTableView {
   void Redraw();
   // Off: nothing is repainted until it is on again.
   void SetRedrawSwitch(bool on) { setUpdatesEnabled(on); }
-  bool RedrawSwitch() const { return updatesEnabled(); }
   void Focus() { setFocus(Qt::OtherFocusReason); }
 
   // Named switches in place of the display properties.

@@ -19,6 +19,8 @@
 namespace vellora {
 namespace {
 
+const PageSetup kSetup{true, true, 12, 13, 14, 15};
+
 // Does something with the next modal window as soon as the event loop shows it.
 template <typename Dialog>
 void withNextWindow(std::function<void(Dialog&)> act) {
@@ -29,81 +31,61 @@ void withNextWindow(std::function<void(Dialog&)> act) {
   });
 }
 
-void saveAs(const QString& path, QPrintPreviewDialog& preview) {
-  withNextWindow<QFileDialog>([path](QDialog& dialog) {
-    dialog.findChild<QLineEdit*>()->setText(path);
-    dialog.accept();
-  });
-  preview.findChild<QPushButton*>(u"cmdPdf"_qs)->click();
+PageSetup preview(const WorkRunner& run = runWithoutProgress) {
+  Sheet sheet;
+  sheet.SetCols(1);
+  sheet.SetRows(1);
+  return previewSheet(sheet, kSetup, PrintHeadings::HeadingStrip, u"活动项目"_qs, nullptr, run);
 }
 
-class PrintPreview : public testing::Test {
- protected:
-  PrintPreview() {
-    sheet.SetCols(1);
-    sheet.SetRows(1);
-    sheet.SetCellText(0, 0, u"活动"_qs);
-  }
-  PageSetup show(const std::function<void(QPrintPreviewDialog&)>& act) {
-    withNextWindow<QPrintPreviewDialog>([act](QPrintPreviewDialog& dialog) {
-      act(dialog);
-      dialog.reject();
-    });
-    return previewSheet(sheet, setup, PrintHeadings::HeadingStrip, u"活动项目"_qs, nullptr);
-  }
+PageSetup previewAnd(const std::function<void(QPrintPreviewDialog&)>& act) {
+  withNextWindow<QPrintPreviewDialog>([act](QPrintPreviewDialog& dialog) {
+    act(dialog);
+    dialog.reject();
+  });
+  return preview();
+}
 
-  test::TemporaryFolder folder;
-  Sheet sheet;
-  PageSetup setup{true, true, 12, 13, 14, 15};
-};
+void saveAs(const QString& path, QPrintPreviewDialog& dialog) {
+  withNextWindow<QFileDialog>([path](QDialog& chooser) {
+    chooser.findChild<QLineEdit*>()->setText(path);
+    chooser.accept();
+  });
+  dialog.findChild<QPushButton*>(u"cmdPdf"_qs)->click();
+}
 
 }  // namespace
 
-TEST_F(PrintPreview, SavesAPdfFromAVisibleButton) {
+TEST(PrintPreview, SavesAPdfOrTellsWhyNotAndStaysOpen) {
+  const test::TemporaryFolder folder;
   const QString path = folder.path(u"表.pdf"_qs);
-  show([&](QPrintPreviewDialog& dialog) {
-    EXPECT_TRUE(dialog.windowTitle().contains(u"活动项目"_qs));
-    EXPECT_TRUE(dialog.findChild<QPushButton*>(u"cmdPdf"_qs)->isVisible());
-    saveAs(path, dialog);
-  });
-  EXPECT_TRUE(test::bytesOf(path).startsWith("%PDF"));
-}
-
-TEST_F(PrintPreview, TellsWhyAPdfCannotBeSavedAndStaysOpen) {
   QString message;
-  show([&](QPrintPreviewDialog& dialog) {
-    withNextWindow<QFileDialog>([&](QDialog& chooser) {
-      withNextWindow<QMessageBox>([&](QMessageBox& box) {
-        message = box.text();
-        box.accept();
-      });
-      chooser.findChild<QLineEdit*>()->setText(u"/proc/x.pdf"_qs);
-      chooser.accept();
+  previewAnd([&](QPrintPreviewDialog& dialog) {
+    EXPECT_TRUE(dialog.windowTitle().contains(u"活动项目"_qs));
+    saveAs(path, dialog);
+    withNextWindow<QMessageBox>([&](QMessageBox& box) {
+      message = box.text();
+      box.accept();
     });
-    dialog.findChild<QPushButton*>(u"cmdPdf"_qs)->click();
+    saveAs(u"/proc/x.pdf"_qs, dialog);
     EXPECT_TRUE(dialog.isVisible());
   });
+  EXPECT_TRUE(test::bytesOf(path).startsWith("%PDF"));
   EXPECT_TRUE(message.startsWith(u"无法写入文件“/proc/x.pdf”："_qs)) << message.toStdString();
 }
 
-TEST_F(PrintPreview, ClosesWhenTheUserGivesTheLayoutUp) {
-  int layouts = 0;
-  const auto run = [&](QWidget*, const std::function<void(const WorkProgress&)>& work) {
-    ++layouts;
+TEST(PrintPreview, GivesBackTheSetUpAsTheUserLeftIt) {
+  EXPECT_EQ(previewAnd([](QPrintPreviewDialog&) {}), kSetup);
+  PageSetup turned = kSetup;
+  turned.landscape = false;
+  EXPECT_EQ(previewAnd([](QPrintPreviewDialog& dialog) {
+              dialog.printer()->setPageOrientation(QPageLayout::Portrait);
+            }),
+            turned);
+  const auto giveUp = [](QWidget*, const std::function<void(const WorkProgress&)>& work) {
     work([](const WorkStep&) { return false; });
   };
-  EXPECT_EQ(previewSheet(sheet, setup, PrintHeadings::HeadingStrip, u"活动项目"_qs, nullptr, run),
-            setup);
-  EXPECT_GE(layouts, 1);
-}
-
-TEST_F(PrintPreview, GivesBackTheSetUpAsTheUserLeftIt) {
-  EXPECT_EQ(show([](QPrintPreviewDialog&) {}), setup);
-  const PageSetup changed = show([](QPrintPreviewDialog& dialog) {
-    dialog.printer()->setPageOrientation(QPageLayout::Portrait);
-  });
-  EXPECT_FALSE(changed.landscape);
-  EXPECT_TRUE(changed.fitToOnePageWidth);
+  EXPECT_EQ(preview(giveUp), kSetup) << "closes when the layout is given up";
 }
 
 }  // namespace vellora

@@ -1,12 +1,14 @@
 #pragma once
 
-#include "grid/surface/cell_range.h"
 #include "grid/surface/grid_surface.h"
 #include "support/text_output.h"
 
 #include <QApplication>
 #include <QClipboard>
 #include <QHeaderView>
+#include <QInputMethodEvent>
+#include <QLineEdit>
+#include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -14,75 +16,124 @@
 
 namespace vellora {
 
-inline void PrintTo(const CellPlace& cell, std::ostream* out) {
-  *out << "column " << cell.col << " row " << cell.row;
-}
+// A shown grid, one cell of it filled, a field beside it and a user's hands. A line of steps names
+// a cell to go to (1,2), a key (Ctrl+C), a text that is typed ('new), the mouse (click:1,2,
+// double:, shift:, right:, drag:0,0-1,2), an input method (compose:, commit:) or a clipboard
+// (clip:a→b¶c).
+class GridSteps : public testing::Test {
+ protected:
+  struct Step {
+    const char* what;
+    const char* steps;
+    const char* state;
+  };
 
-}  // namespace vellora
-
-namespace vellora::test {
-
-// A shown grid and a user's hands on it.
-class GridHands {
- public:
-  GridHands(int cols, int rows) {
+  GridSteps() {
+    grid.resize(640, 400);
+    window.resize(640, 500);
+    window.show();
+    window.activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+    grid.setFocus();
+    grid.setEditable(true);
+    begin(3, 5);
+  }
+  void begin(int cols, int rows) {
+    grid.sheet() = Sheet();
     grid.SetCols(cols);
     grid.SetRows(rows);
-    for (int col = 0; col < cols; ++col) grid.sheet().SetColumnWidth(col, 80);
-    grid.resize(640, 400);
-    grid.show();
-    grid.activateWindow();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(&grid));
-    grid.setFocus();
+    grid.SetCellText(0, 0, u"旧"_qs);
+    grid.sheet().SetCellTag(0, 0, u"K"_qs);
+    grid.Redraw();
+    grid.clearUndo();
     grid.SetCurrentCell(0, 0);
   }
+  void play(const char* steps) {
+    for (const QString& step : QString::fromUtf8(steps).split(u' ', Qt::SkipEmptyParts)) act(step);
+  }
+  // One after the other, in the state that the one before has left.
+  void follow(std::initializer_list<Step> steps) {
+    for (const Step& step : steps) {
+      SCOPED_TRACE(step.what);
+      play(step.steps);
+      EXPECT_EQ(state(), QString::fromUtf8(step.state));
+    }
+  }
+  // The cells that changed since the beginning, the current one, and what is out of the ordinary.
+  QString state() {
+    settle();
+    QString shown;
+    for (int row = 0; row < grid.Rows(); ++row) {
+      for (int col = 0; col < grid.Cols(); ++col) {
+        const QString tag = grid.CellTag(col, row);
+        const QString cell = grid.GetCellText(col, row) + (tag.isEmpty() ? tag : u'#' + tag);
+        if (cell == (col + row == 0 ? u"旧#K"_qs : QString())) continue;
+        shown += u"%1,%2=%3 "_qs.arg(col).arg(row).arg(cell);
+      }
+    }
+    const QModelIndex current = grid.currentIndex();
+    shown += u"@%1,%2"_qs.arg(current.column()).arg(current.row());
+    const auto selected = grid.selectionModel()->selectedIndexes().size();
+    if (selected > 1) shown += u" [%1]"_qs.arg(selected);
+    if (grid.Rows() != 5) shown += u" rows:%1"_qs.arg(grid.Rows());
+    if (editor()) shown += u" open"_qs;
+    if (next.hasFocus()) shown += u" left"_qs;
+    return shown.replace(u'\r', u'/');
+  }
 
-  void press(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
-    QTest::keyClick(QApplication::focusWidget(), static_cast<Qt::Key>(key), modifiers);
+  static void drag(QWidget* on, QPoint from, QPoint to) {
+    QTest::mousePress(on, Qt::LeftButton, {}, from);
+    QMouseEvent move(QEvent::MouseMove, to, on->mapToGlobal(to), Qt::LeftButton, Qt::LeftButton,
+                     {});
+    QApplication::sendEvent(on, &move);
+    QTest::mouseRelease(on, Qt::LeftButton, {}, to);
   }
-  void type(const char* text) {
-    for (; *text != 0; ++text) QTest::keyClick(QApplication::focusWidget(), *text);
-  }
-  void click(int col, int row, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
-    QTest::mouseClick(grid.viewport(), Qt::LeftButton, modifiers, centre(col, row));
-  }
-  void doubleClick(int col, int row) {
-    click(col, row);
-    QTest::mouseDClick(grid.viewport(), Qt::LeftButton, Qt::NoModifier, centre(col, row));
-  }
-  void drag(QPoint from, QPoint to) {
-    QTest::mousePress(grid.viewport(), Qt::LeftButton, Qt::NoModifier, from);
-    QMouseEvent move(QEvent::MouseMove, to, grid.viewport()->mapToGlobal(to), Qt::LeftButton,
-                     Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(grid.viewport(), &move);
-    QTest::mouseRelease(grid.viewport(), Qt::LeftButton, Qt::NoModifier, to);
-  }
-
-  void select(int col1, int row1, int col2, int row2) {
-    grid.SetCurrentCell(col1, row1);
-    click(col2, row2, Qt::ShiftModifier);
-  }
-
-  QPoint centre(int col, int row) const { return rect(col, row).center(); }
   QRect rect(int col, int row) const { return grid.visualRect(grid.model()->index(row, col)); }
-  CellPlace current() const { return {grid.currentIndex().column(), grid.currentIndex().row()}; }
-  QString text(int col, int row) const { return grid.GetCellText(col, row); }
   // Null while no cell is being typed into.
   QWidget* editor() const { return grid.indexWidget(grid.currentIndex()); }
   // Everything that waits for control to return to the event loop.
-  void settle() {
+  static void settle() {
     for (int turn = 0; turn < 3; ++turn) QCoreApplication::processEvents();
   }
 
-  GridSurface grid;
+  QWidget window;
+  GridSurface grid{&window};
+  QLineEdit next{&window};
+
+ private:
+  static CellPlace placeIn(const QString& cell) {
+    return {cell.section(u',', 0, 0).toInt(), cell.section(u',', 1).toInt()};
+  }
+  QPoint centre(const QString& cell) const {
+    return rect(placeIn(cell).col, placeIn(cell).row).center();
+  }
+  void act(const QString& step) {
+    const QString what = step.section(u':', 0, 0);
+    const QString with = step.section(u':', 1);
+    if (step.startsWith(u'\'')) {
+      for (const QChar key : step.mid(1))
+        QTest::keyClick(QApplication::focusWidget(), key.toLatin1());
+    } else if (what == u"clip") {
+      const QString lines = QString(with).replace(u'→', u'\t').replace(u'¶', u'\n');
+      QGuiApplication::clipboard()->setText(lines);
+    } else if (what == u"compose" || what == u"commit") {
+      QInputMethodEvent event(what == u"compose" ? with : QString(), {});
+      if (what == u"commit") event.setCommitString(with);
+      QApplication::sendEvent(&grid, &event);
+    } else if (what == u"drag") {
+      drag(grid.viewport(), centre(with.section(u'-', 0, 0)), centre(with.section(u'-', 1)));
+    } else if (!with.isEmpty()) {
+      const auto button = what == u"right" ? Qt::RightButton : Qt::LeftButton;
+      const auto modifier = what == u"shift" ? Qt::ShiftModifier : Qt::NoModifier;
+      QTest::mouseClick(grid.viewport(), button, modifier, centre(with));
+      if (what == u"double") QTest::mouseDClick(grid.viewport(), button, modifier, centre(with));
+    } else if (step.contains(u',')) {
+      grid.SetCurrentCell(placeIn(step).col, placeIn(step).row);
+    } else {
+      const QKeyCombination key = QKeySequence::fromString(step)[0];
+      QTest::keyClick(QApplication::focusWidget(), key.key(), key.keyboardModifiers());
+    }
+  }
 };
 
-inline void putOnClipboard(const QString& text) {
-  QGuiApplication::clipboard()->setText(text);
-}
-
-inline QString clipboardText() {
-  return QGuiApplication::clipboard()->text();
-}
-
-}  // namespace vellora::test
+}  // namespace vellora
