@@ -259,9 +259,11 @@ bool ActivityItemEditor::store() {
 bool ActivityItemEditor::write(StoreStep step, const Item& item) {
   bool isTaken = false;
   try {
-    const bool withPlans = step == StoreStep::Change && renamesPlans(item);
+    const auto withPlans =
+        step == StoreStep::Change ? renamesPlans(item) : std::optional<bool>(false);
+    if (!withPlans) return false;
     const bool isDone = saveAsking([&](bool overwrite) {
-      if (withPlans) return catalogue_.changeWithPlans(item, overwrite);
+      if (*withPlans) return catalogue_.changeWithPlans(item, overwrite);
       if (step == StoreStep::Change) return catalogue_.change(item, overwrite);
       isTaken = !catalogue_.add(item);
     });
@@ -280,14 +282,16 @@ bool ActivityItemEditor::write(StoreStep step, const Item& item) {
   return true;
 }
 
-// A plan finds its item by its name.
-bool ActivityItemEditor::renamesPlans(const Item& item) {
-  enum Answer { Rename, Leave };
+// A plan finds its item by its name. None when the item is not to be stored after all.
+std::optional<bool> ActivityItemEditor::renamesPlans(const Item& item) {
+  enum Answer { Rename, Leave, Cancel };
   const qsizetype plans = catalogue_.plansLeftBy(item);
   if (plans == 0) return false;
   const QString question = u"有 %1 条计划用着原来的名称%2。要把它们一起改名吗？"_qs.arg(
       QString::number(plans), quoted(catalogue_.currentName()));
-  return prompts().choose(this, question, {u"一起改名"_qs, u"不改"_qs}, Rename) == Rename;
+  const int answer =
+      prompts().choose(this, question, {u"一起改名"_qs, u"不改"_qs, u"取消"_qs}, Rename);
+  return answer == Cancel ? std::nullopt : std::optional(answer == Rename);
 }
 
 // In the current row, and where the item stands if its code was typed in another item's row.

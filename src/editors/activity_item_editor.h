@@ -51,7 +51,7 @@ class ActivityItemEditor : public EditedWindow {
   void startNew();
   bool store();
   bool write(StoreStep step, const Item& item);
-  bool renamesPlans(const Item& item);
+  std::optional<bool> renamesPlans(const Item& item);
   void showStored(const Item& item, qint64 id);
   void cancel();
   void remove();

@@ -100,7 +100,7 @@ TEST_F(ActivityItemEditorTest, ANewNameIsGivenToThePlansWithTheOldOneIfTheUserLi
       .plan(kMonday, u"002"_qs, u"散步"_qs);
   open(editor_);
   prompts_.choices = {1, 0};
-  for (const auto& [name, plans] : {std::pair(u"慢跑"_qs, 0), {u"散步"_qs, 1}}) {
+  for (const auto& [name, plans] : {std::pair(u"慢跑"_qs, 0), {u"散步"_qs, 2}}) {
     act(u"row=0"_qs);
     control(u"txtHDMC"_qs).setFocus();
     press(Qt::Key_A, Qt::ControlModifier);

@@ -63,6 +63,8 @@ class EditedWindows : public PlannerTest, public testing::WithParamInterface<Edi
         .item(u"002"_qs, u"跑步"_qs)
         .plan(kMonday, u"001"_qs, u"读书"_qs)
         .memo(kMonday, u"备忘"_qs);
+    // A plan would be asked about when its item gets another name.
+    if (GetParam().saved.startsWith(u"HD")) schedule_.sql(u"DELETE FROM JH"_qs);
   }
   void openAndType() {
     window_ = GetParam().make(state_);
