@@ -103,6 +103,7 @@ QGridLayout* layRepetition(const Controls& controls, QWidget* window) {
   interval->addWidget(makeLabel(u"每隔"_qs, controls.everyWeeks));
   interval->addWidget(controls.everyWeeks);
   interval->addWidget(new QLabel(u"周"_qs, window));
+  interval->addSpacing(8);
   lines->addLayout(interval, 1, 2);
   lines->addWidget(controls.byWeek, 1, 3);
   lines->setColumnStretch(4, 1);
