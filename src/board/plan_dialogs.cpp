@@ -5,12 +5,10 @@
 #include "routine/category.h"
 #include "shell/controls.h"
 #include "shell/date_picker.h"
+#include "shell/form_dialog.h"
 
 #include <QComboBox>
 #include <QCoreApplication>
-#include <QDialog>
-#include <QDialogButtonBox>
-#include <QFormLayout>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
@@ -23,44 +21,6 @@ namespace {
 
 constexpr int kMostText = 255;     // characters of a requirement
 constexpr int kMostConflicts = 8;  // lines that a list opens with
-
-// A form over 确定 and 取消, which Enter and Escape press.
-class FormDialog : public QDialog {
- public:
-  FormDialog(QWidget* parent, const QString& title) : QDialog(parent) {
-    setWindowTitle(title);
-    auto* all = new QVBoxLayout(this);
-    all->addLayout(form_);
-    auto* buttons = new QDialogButtonBox(this);
-    ok_ = buttons->addButton(u"确定"_qs, QDialogButtonBox::AcceptRole);
-    buttons->addButton(u"取消"_qs, QDialogButtonBox::RejectRole);
-    connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
-    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
-    all->addWidget(buttons);
-  }
-  // The first field is where typing begins.
-  void add(const QString& label, QWidget* field) {
-    form_->addRow(label, field);
-    if (!first_) first_ = field;
-  }
-  void addText(const QString& text) {
-    auto* label = new QLabel(text, this);
-    label->setTextFormat(Qt::PlainText);
-    label->setWordWrap(true);
-    label->setMinimumWidth(label->fontMetrics().horizontalAdvance(u'周') * 30);
-    form_->addRow(label);
-  }
-  QPushButton& ok() { return *ok_; }
-  bool isAccepted() {
-    if (first_) first_->setFocus(Qt::TabFocusReason);
-    return exec() == Accepted;
-  }
-
- private:
-  QFormLayout* form_ = new QFormLayout;
-  QPushButton* ok_;
-  QWidget* first_ = nullptr;
-};
 
 // The arrows go through the list while the search field is typed into.
 class ActivityDialog : public FormDialog {

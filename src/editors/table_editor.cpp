@@ -83,9 +83,7 @@ void TableEditor::showStored() {
 bool TableEditor::save() {
   finishTyping();
   try {
-    if (!saveAsking([this](bool overwrite) {
-          stored_ = kind_.save(state().Db, grid_->sheet(), overwrite ? nullptr : &stored_);
-        })) {
+    if (!saveAsking([this](bool overwrite) { stored_ = write(overwrite ? nullptr : &stored_); })) {
       return false;
     }
   } catch (const CellRefused& refused) {
@@ -98,6 +96,10 @@ bool TableEditor::save() {
   updateChanges();
   prompts().warn(this, u"保存完毕!"_qs);
   return true;
+}
+
+TableRows TableEditor::write(const TableRows* asRead) {
+  return kind_.save(state().Db, grid_->sheet(), asRead);
 }
 
 Changes TableEditor::changes() {

@@ -43,6 +43,9 @@ class TableEditor : public EditedWindow {
   void onActivate() override;
   Changes changes() override;
   bool save() override;
+  // Saves the grid; throws CellRefused and StoreError.
+  virtual TableRows write(const TableRows* asRead);
+  const TableRows& stored() const { return stored_; }
   void readAgain() override { open(); }
   void setTypable(bool on) override;
   void finishTyping() override;

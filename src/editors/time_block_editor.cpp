@@ -1,7 +1,11 @@
 #include "editors/time_block_editor.h"
 
-#include "schedule/time_blocks.h"
+#include "grid/surface/grid_surface.h"
+#include "routine/text.h"
+#include "shell/controls.h"
+#include "shell/form_dialog.h"
 
+#include <QComboBox>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QVBoxLayout>
@@ -30,14 +34,59 @@ QWidget* makeTypingRules() {
 }
 
 TableEditor::Kind timeBlockKind() {
-  return {u"TimeBlockEditor"_qs, u"作息时间划分"_qs, u"时间块表"_qs,
-          u"时间划分"_qs,        QSize(500, 620),    setUpTimeBlocks,
-          LoadTimeBlocks,        SaveTimeBlocks,     timeBlockChanges};
+  return {u"TimeBlockEditor"_qs, u"作息时间划分"_qs, u"时间块表"_qs, u"时间划分"_qs,
+          QSize(500, 620),       setUpTimeBlocks,    LoadTimeBlocks, nullptr,
+          timeBlockChanges};
 }
 
 }  // namespace
 
 TimeBlockEditor::TimeBlockEditor(ApplicationState& state, QWidget* parent)
     : TableEditor(state, timeBlockKind(), nullptr, makeTypingRules(), parent) {}
+
+bool TimeBlockEditor::save() {
+  enum Answer { Move, Save, Cancel };
+  finishTyping();
+  std::vector<LostBlock> lost;
+  try {
+    lost = blocksLostBy(state().Db, grid().sheet(), stored());
+  } catch (const StoreError& error) {
+    prompts().warn(this, error.description());
+    return false;
+  }
+  new_codes_.clear();
+  if (lost.empty()) return TableEditor::save();
+  QStringList counts;
+  for (const LostBlock& block : lost) {
+    counts << u"编号%1的 %2 条"_qs.arg(quoted(block.code), QString::number(block.plans));
+  }
+  const int answer =
+      prompts().choose(this, u"保存后有些计划会没有时间块："_qs + counts.join(u'，') + u'。',
+                       {u"把计划改到…"_qs, u"仍然保存"_qs, u"取消"_qs}, Cancel);
+  if (answer == Cancel || (answer == Move && !asksWhere(lost))) return false;
+  return TableEditor::save();
+}
+
+// One of the remaining blocks for each that goes. False when the user cancels.
+bool TimeBlockEditor::asksWhere(const std::vector<LostBlock>& lost) {
+  FormDialog dialog(this, u"把计划改到"_qs);
+  std::vector<QComboBox*> boxes;
+  for (const LostBlock& block : lost) {
+    auto* box = named(new QComboBox(&dialog), u"NewBlock%1"_qs.arg(boxes.size()));
+    for (const auto& [code, line] : completeBlocks(grid().sheet())) box->addItem(line, code);
+    dialog.add(u"%1 的 %2 条计划"_qs.arg(block.code, QString::number(block.plans)), box);
+    boxes.push_back(box);
+  }
+  if (!dialog.isAccepted()) return false;
+  for (std::size_t i = 0; i < lost.size(); ++i) {
+    const QString code = boxes[i]->currentData().toString();
+    if (!code.isEmpty()) new_codes_[lost[i].code] = code;
+  }
+  return true;
+}
+
+TableRows TimeBlockEditor::write(const TableRows* asRead) {
+  return SaveTimeBlocks(state().Db, grid().sheet(), asRead, new_codes_);
+}
 
 }  // namespace vellora

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "editors/table_editor.h"
+#include "schedule/time_blocks.h"
 
 namespace vellora {
 
@@ -10,6 +11,16 @@ class TimeBlockEditor : public TableEditor {
 
  public:
   explicit TimeBlockEditor(ApplicationState& state, QWidget* parent = nullptr);
+
+ protected:
+  // Asks first about plans that would be left without their block.
+  bool save() override;
+  TableRows write(const TableRows* asRead) override;
+
+ private:
+  bool asksWhere(const std::vector<LostBlock>& lost);
+
+  NewCodes new_codes_;  // while it is being saved
 };
 
 }  // namespace vellora

@@ -3,6 +3,8 @@
 #include "routine/calendar_text.h"
 #include "store/statements.h"
 
+#include <set>
+
 namespace vellora {
 namespace {
 
@@ -59,8 +61,35 @@ TableRows LoadTimeBlocks(ScheduleStore& store, Sheet& sheet) {
   return loadTable(store, sheet, kBlockTable, kTimeBlockRows, 0);
 }
 
-TableRows SaveTimeBlocks(ScheduleStore& store, const Sheet& sheet, const TableRows* asRead) {
-  return saveTable(store, sheet, kBlockTable, asRead);
+std::vector<std::pair<QString, QString>> completeBlocks(const Sheet& sheet) {
+  std::vector<std::pair<QString, QString>> blocks;
+  for (int row = 0; row < sheet.Rows(); ++row) {
+    QStringList texts;
+    for (int col = 0; col < sheet.Cols(); ++col) texts << sheet.GetCellText(col, row);
+    if (texts.contains(QString())) continue;
+    blocks.emplace_back(texts[2], u"%1-%2 %3"_qs.arg(texts[0], texts[1], texts[3]));
+  }
+  return blocks;
+}
+
+std::vector<LostBlock> blocksLostBy(ScheduleStore& store, const Sheet& sheet,
+                                    const TableRows& stored) {
+  std::set<QString> codes;
+  for (const QStringList& row : stored) codes.insert(row[2]);
+  for (const auto& [code, line] : completeBlocks(sheet)) codes.erase(code);
+  std::vector<LostBlock> lost;
+  for (const QString& code : codes) {
+    const qsizetype plans = store.open(statements::plansInBlock(code)).count();
+    if (plans > 0) lost.push_back({code, plans});
+  }
+  return lost;
+}
+
+TableRows SaveTimeBlocks(ScheduleStore& store, const Sheet& sheet, const TableRows* asRead,
+                         const NewCodes& newCodes) {
+  return saveTable(store, sheet, kBlockTable, asRead, [&] {
+    for (const auto& [from, to] : newCodes) store.execute(statements::moveToBlock(from, to));
+  });
 }
 
 Changes timeBlockChanges(const Sheet& sheet, const TableRows& stored) {

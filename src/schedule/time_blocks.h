@@ -7,6 +7,10 @@
 #include <QMap>
 #include <QString>
 
+#include <map>
+#include <utility>
+#include <vector>
+
 namespace vellora {
 
 // One division of the day. Its code is its key; the rest is shown.
@@ -51,9 +55,24 @@ Changes timeBlockChanges(const Sheet& sheet, const TableRows& stored);
 // there are blocks when those are more.
 TableRows LoadTimeBlocks(ScheduleStore& store, Sheet& sheet);
 
+// The sheet's complete rows: code and how a list shows it, in their order.
+std::vector<std::pair<QString, QString>> completeBlocks(const Sheet& sheet);
+
+// A code that no complete row has any more, and how many plans it has.
+struct LostBlock {
+  QString code;
+  qsizetype plans;
+};
+// Those with plans that a save would lose. Throws StoreError.
+std::vector<LostBlock> blocksLostBy(ScheduleStore& store, const Sheet& sheet,
+                                    const TableRows& stored);
+
+// New codes for the plans of blocks that go.
+using NewCodes = std::map<QString, QString>;
+
 // Makes the sheet's complete rows the stored blocks; see saveTable. Codes may repeat, hours may
-// overlap or be reversed.
+// overlap or be reversed. The plans get their new codes in the same transaction.
 TableRows SaveTimeBlocks(ScheduleStore& store, const Sheet& sheet,
-                         const TableRows* asRead = nullptr);
+                         const TableRows* asRead = nullptr, const NewCodes& newCodes = {});
 
 }  // namespace vellora

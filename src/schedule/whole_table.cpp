@@ -127,7 +127,7 @@ TableRows loadTable(ScheduleStore& store, Sheet& sheet, const WholeTable& table,
 }
 
 TableRows saveTable(ScheduleStore& store, const Sheet& sheet, const WholeTable& table,
-                    const TableRows* asRead) {
+                    const TableRows* asRead, const std::function<void()>& also) {
   ScheduleStore::Transaction all(store);
   if (asRead && readRows(store, table) != *asRead) {
     throw StoreError(StoreFault::RowChanged, u"另一个程序已经改动了这张表。"_qs);
@@ -137,6 +137,7 @@ TableRows saveTable(ScheduleStore& store, const Sheet& sheet, const WholeTable& 
   for (int row = 0; row < sheet.Rows(); ++row) {
     if (isComplete(sheet, row)) addRow(rows, sheet, row, table);
   }
+  if (also) also();
   TableRows stored = readRows(store, table);
   all.commit();
   return stored;

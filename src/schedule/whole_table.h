@@ -60,9 +60,9 @@ TableRows loadTable(ScheduleStore& store, Sheet& sheet, const WholeTable& table,
 // Replaces the table by the sheet's complete rows, those without an empty cell, in their order, and
 // returns them. Throws CellRefused for the first cell that cannot be stored, StoreFault::RowChanged
 // when the table does not hold `asRead` any more, unless that is null, StoreError otherwise; the
-// table then stays as it was.
+// table then stays as it was. `also` is done in the same transaction.
 TableRows saveTable(ScheduleStore& store, const Sheet& sheet, const WholeTable& table,
-                    const TableRows* asRead);
+                    const TableRows* asRead, const std::function<void()>& also = {});
 
 // What a save would do to the stored rows. Their order does not count, nor does a row for which
 // `isNothing`.

@@ -74,6 +74,14 @@ Query allPlans() {
   return u"SELECT * FROM JH"_qs;
 }
 
+Query plansInBlock(const QString& code) {
+  return {u"SELECT * FROM JH WHERE SJKH=?"_qs, {code}};
+}
+
+Query moveToBlock(const QString& from, const QString& to) {
+  return {u"UPDATE JH SET SJKH=? WHERE SJKH=?"_qs, {to, from}};
+}
+
 Query renamePlans(const QString& from, const QString& to) {
   return {u"UPDATE JH SET HDMC=? WHERE HDMC=?"_qs, {to, from}};
 }

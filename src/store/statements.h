@@ -28,6 +28,8 @@ Query planOfBlock(QDate date, const QString& code);
 Query plansOfActivity(const QString& name);
 Query planOfActivityInBlock(const QString& name, QDate date, const QString& code);
 Query allPlans();
+Query plansInBlock(const QString& code);
+Query moveToBlock(const QString& from, const QString& to);
 Query renamePlans(const QString& from, const QString& to);
 Query deletePlansOfActivity(const QString& name);
 Query deletePlanOfBlock(QDate date, const QString& code);

@@ -139,7 +139,8 @@ bool Witness::isOwn(const QString& table, const Row& row) const {
   // The board clears, and undoes what any window saved.
   if (kind == u"BackupWindow"_qs || kind == u"WeekBoard"_qs) return true;
   if (kind == u"AboutWindow"_qs) return table == u"JM"_qs;
-  if (kind == u"ActivityItemEditor"_qs && table == u"JH"_qs) return true;  // plans are renamed too
+  const bool takesPlansAlong = kind == u"ActivityItemEditor"_qs || kind == u"TimeBlockEditor"_qs;
+  if (takesPlansAlong && table == u"JH"_qs) return true;
   if (table != before_.shown.table) return false;
   if (table == u"BW"_qs || kind == u"DailyPlanWindow"_qs) return row[0] == before_.shown.subject;
   const bool isDeleted = before_.asksToDelete && row[2] == before_.named;
