@@ -19,10 +19,12 @@ PlanPlace later(const PlanPlace& place, qint64 days) {
 std::vector<PlannedBlock> readBlocks(RowCursor rows) {
   std::map<PlanPlace, std::vector<PlanTexts>> blocks;
   while (rows.next()) {
-    if (isReadable(rows))
-      blocks[{rows.date(u"RQ"), rows.text(u"SJKH")}].push_back(readPlanTexts(rows));
+    if (!isReadable(rows)) continue;
+    const PlanPlace place(rows.date(u"RQ"), rows.text(u"SJKH"));
+    blocks[place].push_back(readPlanTexts(rows));
   }
   std::vector<PlannedBlock> all;
+  all.reserve(blocks.size());
   for (auto& [place, entries] : blocks) all.push_back({place, std::move(entries)});
   return all;
 }

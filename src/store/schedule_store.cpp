@@ -90,9 +90,9 @@ void ScheduleStore::Transaction::commit() {
   try {
     connection_->run("COMMIT");
   } catch (const StoreError& failure) {
-    const StoreError outcome = connection_->outcome(failure, before_);
-    if (outcome.fault() == StoreFault::SavedDespiteError) connection_->saved();
-    throw outcome;
+    const StoreError known = connection_->outcome(failure, before_);
+    if (known.fault() == StoreFault::SavedDespiteError) connection_->saved();
+    throw StoreError(known);
   }
   connection_->saved();
   connection_ = nullptr;

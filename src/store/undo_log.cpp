@@ -64,7 +64,7 @@ void appendValue(QByteArray& values, sqlite3_value* value) {
 
 // The value must stay where it is until the statement has run.
 void bindValue(sqlite3_stmt* statement, int parameter, const char*& at) {
-  const int type = *at++;
+  const int type = static_cast<unsigned char>(*at++);
   if (type == SQLITE_INTEGER) {
     sqlite3_bind_int64(statement, parameter, readNumber<sqlite3_int64>(at));
   } else if (type == SQLITE_FLOAT) {

@@ -21,9 +21,9 @@ TEST(ClipboardText, ReadsThePageThatIsOneTableAndNoOther) {
 }
 
 TEST_F(GridSteps, PasteWhatOtherProgramsWrite) {
-  follow({{"quotes inside", "clip:5\"→\"half\"quoted Ctrl+V", "0,0=5\" 1,0=\"half\"quoted @0,0"},
-          {"never closed", "clip:\"open→x¶y Ctrl+V", "0,0=\"open 1,0=x 0,1=y @0,0"},
-          {"empty fields", "clip:\"\"→x¶¶z Ctrl+V", "0,0= 1,0=x 0,2=z @0,0"}});
+  follow({{"quotes inside", R"(clip:5"→"half"quoted Ctrl+V)", R"(0,0=5" 1,0="half"quoted @0,0)"},
+          {"never closed", R"(clip:"open→x¶y Ctrl+V)", R"(0,0="open 1,0=x 0,1=y @0,0)"},
+          {"empty fields", R"(clip:""→x¶¶z Ctrl+V)", "0,0= 1,0=x 0,2=z @0,0"}});
   auto* data = new QMimeData;
   data->setText(u"a b\t two  blanks\r\n"_qs);
   data->setHtml(u"<table><tr><td>a<br>b</td><td>two blanks</td></tr></table>"_qs);
