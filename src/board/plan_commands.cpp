@@ -71,6 +71,7 @@ void PlanCommands::addCellCommands() {
 void PlanCommands::addWeekCommands() {
   using C = PlanCommands;
   add(u"CopyWeek"_qs, u"复制本周…"_qs, {}, &C::copyWeek, &C::isWeek);
+  add(u"CopyWeekTo"_qs, u"复制本周到…"_qs, {}, &C::copyWeekTo, &C::isWeek);
   add(u"ClearWeek"_qs, u"清空本周"_qs, {}, &C::clearWeek, &C::isWeek);
   add(u"Postpone"_qs, u"本周起顺延一周"_qs, {}, &C::postpone, &C::isWeek, true);
   add(u"Find"_qs, u"查找…"_qs, QKeySequence::Find, &C::find, &C::isWeek);
@@ -350,6 +351,20 @@ void PlanCommands::copyWeek() {
              u"将把本周的 %1 项安排复制到以后的 %2 周，一共 %3 项。"_qs.arg(blocks.size())
                  .arg(*weeks)
                  .arg(moves.size()),
+             true);
+  });
+}
+
+void PlanCommands::copyWeekTo() {
+  guarded([this] {
+    const QDate first = firstDay();
+    const auto to =
+        askDate(board_.window, board_.state.clock, u"复制本周到"_qs, first.addDays(kDaysInAWeek));
+    if (!to) return;
+    const auto blocks = plannedBlocks(store(), first, first.addDays(kLastDayOfWeek));
+    carryOut(u"复制本周"_qs, shifted(blocks, first.daysTo(*to), true),
+             u"将把本周的 %1 项安排复制到从 %2 起的七天。"_qs.arg(QString::number(blocks.size()),
+                                                                  isoDate(*to)),
              true);
   });
 }

@@ -98,6 +98,7 @@ class PlanCommands : public QObject {
   void copyDay();
   void clearDay();
   void copyWeek();
+  void copyWeekTo();
   void clearWeek();
   void postpone();
   void find() { board_.openFind(); }
