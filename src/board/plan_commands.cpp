@@ -18,6 +18,7 @@
 #include <algorithm>
 
 namespace vellora {
+
 PlanCommands::PlanCommands(const Board& board) : QObject(board.window), board_(board) {
   addCellCommands();
   addWeekCommands();
@@ -77,7 +78,6 @@ void PlanCommands::fill(QMenu& menu) {
   UndoLog& log = store().undoLog();
   for (const Entry& entry : entries_) {
     const bool isPossible = (this->*entry.isPossible)();
-    entry.action->setEnabled(true);
     if (entry.action->objectName() == u"Undo") {
       entry.action->setText(u"撤消 "_qs + log.undoName().value_or(QString()));
     }
@@ -190,6 +190,10 @@ void PlanCommands::editTexts() {
     if (!block) return board_.showSaved({});
     const auto texts = askPlanTexts(board_.window, block->entries.front());
     if (!texts || *texts == block->entries.front()) return;
+    const auto now = plannedBlock(store(), block->place);
+    if (!now || now->entries != block->entries) {
+      throw StoreError(StoreFault::RowChanged, described(*block) + u"后来又有改动，没有修改。"_qs);
+    }
     block->entries.front() = *texts;
     carryOut(u"修改"_qs + described(*block), {{block->place, block->place, block->entries}},
              u"已修改"_qs + described(*block));

@@ -1,6 +1,7 @@
 #include "schedule/plan_moves.h"
 
 #include "routine/calendar_text.h"
+#include "routine/text.h"
 #include "store/statements.h"
 
 #include <QStringList>
@@ -51,6 +52,16 @@ std::set<PlanPlace> placesThatStay(const PlanMoves& moves, const std::set<PlanPl
     }
   }
   return stay;
+}
+
+// What another program has changed meanwhile is not carried along unseen.
+void requireAsMoved(ScheduleStore& store, const PlanMove& move) {
+  if (!move.from || !move.to || move.from == move.to) return;
+  const auto block = plannedBlock(store, *move.from);
+  if (block && isAlike(block->entries, move.entries)) return;
+  throw StoreError(StoreFault::RowChanged,
+                   u"%1 的%2后来又有改动，没有移动。请按 F5 刷新后再试。"_qs.arg(
+                       isoDate(move.from->first), quoted(activitiesOf(move.entries))));
 }
 
 }  // namespace
@@ -132,6 +143,9 @@ int carryOut(ScheduleStore& store, const PlanMoves& moves, const std::set<PlanPl
   for (const PlanMove& move : moves) {
     report(progress, step);
     ++step.done;
+    if (isDone(move)) requireAsMoved(store, move);
+  }
+  for (const PlanMove& move : moves) {
     if (!isDone(move)) continue;
     for (const auto& place : {move.from, move.to}) {
       if (place) store.execute(statements::deletePlanOfBlock(place->first, place->second));

@@ -55,7 +55,8 @@ std::vector<PlanConflict> conflictsOf(ScheduleStore& store, const PlanMoves& mov
 
 // Does all of it in one transaction. What other entries hold is replaced but for the places in
 // `kept`, to which nothing moves; what would have moved there stays where it is. Returns how many
-// moves were done. Throws StoreError, and WorkCancelled when `progress` gives up, with nothing
+// moves were done. Throws StoreFault::RowChanged when a place does not hold any more what is to be
+// moved from it, other StoreErrors, and WorkCancelled when `progress` gives up, with nothing
 // changed.
 int carryOut(ScheduleStore& store, const PlanMoves& moves, const std::set<PlanPlace>& kept = {},
              const WorkProgress& progress = {});

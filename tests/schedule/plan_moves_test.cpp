@@ -65,6 +65,14 @@ TEST_F(PlanMovesTest, AChainLeavesNothingBehindAndWhatIsKeptHoldsUpTheRest) {
   EXPECT_EQ(plans(), u"1001同时 1001读书 2001跑步 3001别人 4002休息");
 }
 
+TEST_F(PlanMovesTest, WhatHasChangedMeanwhileIsNotMoved) {
+  const PlanMoves move = shifted(first(), 3, false);
+  builder_.sql(u"UPDATE JH SET HDYQ='后来' WHERE HDMC='同时'"_qs);
+  const QStringList before = saved();
+  EXPECT_EQ(test::faultOf([&] { carryOut(store_, move); }), StoreFault::RowChanged);
+  EXPECT_EQ(saved(), before);
+}
+
 TEST_F(PlanMovesTest, TakenPlacesAreReplacedAndTheCalendarEndsIt) {
   builder_.plan(kMonday.addDays(7), u"001"_qs, u"占用"_qs)
       .plan(kMonday.addDays(14), u"001"_qs, u"读书"_qs);
