@@ -1,5 +1,5 @@
 // Walks the includes of the planner: folders include each other in one direction, files in no
-// circle, and what needs no windows knows none.
+// circle, what needs no windows knows none, and no file is too long.
 
 #include <algorithm>
 #include <filesystem>
@@ -43,6 +43,8 @@ const Room kHouse[]{
     {"exchange", kBelowWindows},
     {"app", kBelowWindows + "board editors planning stats backup exchange"},
 };
+
+constexpr int kMostLines = 400;
 
 // Sources by their path below src/.
 using Tree = std::map<std::string, std::string>;
@@ -102,6 +104,9 @@ class Inspection {
     path_.push_back(file);
     static const std::regex kInclude("(?:^|\n)[ \t]*#[ \t]*include[ \t]*([\"<])([^\">\n]+)[\">]");
     const std::string& source = tree_.at(file);
+    if (std::count(source.begin(), source.end(), '\n') > kMostLines) {
+      broken_.push_back(file + " is too long to be read as one thing");
+    }
     for (std::sregex_iterator match(source.begin(), source.end(), kInclude), end; match != end;
          ++match) {
       check(file, *room, (*match)[2], (*match)[1] == "\"");
@@ -138,6 +143,7 @@ TEST(House, RefusesArrowsUpwardsCirclesAndForeignHeaders) {
       {"grid/loose.h", "// #include \"app/a.h\"\n"},
       {"planning/a.h", "#include\"lost.h\"  // why\n#include <SQLiteCpp/Database.h>\n"},
       {"routine/a.h", "#include <QString>\n#include <QtGui/QColor>\n # include <qwidget.h>\n"},
+      {"stats/a.h", std::string(kMostLines + 1, '\n')},
       {"store/a.h", "#include <sqlite3.h>\n#include \"store/b.h\"\n"},
       {"store/b.h", "#include \"routine/a.h\"\n#include \"store/a.h\"\n"},
   };
@@ -146,6 +152,7 @@ TEST(House, RefusesArrowsUpwardsCirclesAndForeignHeaders) {
                            "planning/a.h may not include SQLiteCpp/Database.h",
                            "routine/a.h may not include QtGui/QColor",
                            "routine/a.h may not include qwidget.h",
+                           "stats/a.h is too long to be read as one thing",
                            "store/a.h includes itself by store/b.h",
                            "grid/loose.h lies in no folder of the house"};
   EXPECT_EQ(Inspection(tree).run(), expected);
