@@ -3,11 +3,16 @@
 
 #include "routine/calendar_text.h"
 #include "schedule/plan_moves.h"
+#include "schedule/plan_search.h"
 #include "schedule/week.h"
 #include "store/undo_log.h"
 #include "support/raw_board.h"
 #include "support/schedule_builder.h"
 #include "support/side_by_side.h"
+
+#include <QElapsedTimer>
+
+#include <algorithm>
 
 namespace vellora::bench {
 namespace {
@@ -107,6 +112,29 @@ void compareCopies(SideBySide& table, const test::ScheduleBuilder& builder) {
   table.compare("copy a week over 50 weeks, then cancel", ours, bare, 15, 2);
 }
 
+// From the key to the first hits, when nothing before the shown day matches: beside the bound.
+void measureSearch(SideBySide& table) {
+  constexpr double kBound = 100;  // milliseconds
+  constexpr std::chrono::milliseconds kSlice(15);
+  test::ScheduleBuilder builder;
+  builder.fullDay(50).items(60).fullPlan(kMonday, 20'000, 50, 60);
+  ScheduleStore store(builder.path());
+  double first = 0;
+  double longest = 0;
+  QElapsedTimer clock;
+  clock.start();
+  PlanSearch search(store, u"活动001"_qs, kMonday.addDays(10'000));
+  while (!search.isOver()) {
+    const double before = static_cast<double>(clock.nsecsElapsed()) / 1e6;
+    const bool isFound = !search.next(kSlice).empty();
+    const double now = static_cast<double>(clock.nsecsElapsed()) / 1e6;
+    if (isFound && first == 0) first = now;
+    longest = std::max(longest, now - before);
+  }
+  table.record("first hits among 1,000,000, beside the bound", "ms", first, kBound, 1);
+  table.record("longest slice of that search, beside the bound", "ms", longest, 50, 1);
+}
+
 }  // namespace
 }  // namespace vellora::bench
 
@@ -117,5 +145,6 @@ int main() {
   bench::SideBySide table;
   bench::compareMoves(table, builder);
   bench::compareCopies(table, builder);
+  bench::measureSearch(table);
   table.print();
 }
