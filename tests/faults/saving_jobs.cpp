@@ -10,10 +10,12 @@
 #include "schedule/day_plan.h"
 #include "schedule/items.h"
 #include "schedule/memos.h"
+#include "schedule/plan_moves.h"
 #include "schedule/plan_rows.h"
 #include "schedule/plan_saving.h"
 #include "schedule/time_blocks.h"
 #include "store/statements.h"
+#include "store/undo_log.h"
 
 #include <QPageLayout>
 
@@ -90,6 +92,13 @@ void saveDay(Desk& desk) {
   throwIfRefused(writeDayPlan(desk.store, sheet, kMonday, saved, false).failure);
 }
 
+// As the board copies it, to be undone.
+void copyWeek(Desk& desk) {
+  desk.store.undoLog();
+  const auto blocks = plannedBlocks(desk.store, kMonday, kMonday.addDays(6));
+  carryOut(desk.store, repeatedWeekly(blocks, 2), {}, desk.progress);
+}
+
 void exportHtml(Desk& desk) {
   desk.listPlan();
   writeHtmlFile(desk.sheet, {}, u"表"_qs, desk.pathOf(u"表.htm"_qs), desk.progress);
@@ -123,6 +132,7 @@ constexpr SavingJob kJobs[]{
     {"item", at<changeItem>},
     {"activity_plan", at<savePlan>, true, true},
     {"day_plan", at<saveDay>, false, true},
+    {"week_copy", at<copyWeek>, true},
     {"indices_of_a_start",
      at<[](Desk& desk) { desk.store.open(statements::itemNamed(kActivity)); }>},
     {"restore", at<[](Desk& desk) {
