@@ -44,8 +44,7 @@ WeekBoard::WeekBoard(ApplicationState& state)
       week_name_(named(new ElidedLabel(this), u"Lmm"_qs)),
       today_(makeButton(u"CmdToday"_qs, u"今天"_qs, this, [this] { days_->goToToday(); })),
       more_(makeButton(u"CmdMore"_qs, u"更多(&M)"_qs, this, [this] { showMenu(); })),
-      grid_(named(new GridSurface(this), u"Cell1"_qs, u"周计划表"_qs)),
-      find_bar_(new FindBar(state.Db, this)) {
+      grid_(named(new GridSurface(this), u"Cell1"_qs, u"周计划表"_qs)) {
   setObjectName(u"Form0"_qs);
   setWindowTitle(programTitle());
   grid_->setDocumentName([this]() -> QString { return u"日程表 "_qs + isoDate(firstDay()); });
@@ -80,9 +79,10 @@ void WeekBoard::layOut() {
   top->addWidget(week_name_, 1);
   top->addWidget(more_);
   auto* right = new QVBoxLayout;
+  find_place_ = new QVBoxLayout;
   right->addLayout(top);
   right->addWidget(grid_, 1);
-  right->addWidget(find_bar_);
+  right->addLayout(find_place_);
   right->addWidget(statusLine());
   auto* all = new QHBoxLayout(this);
   all->addWidget(commands_);
@@ -105,12 +105,10 @@ void WeekBoard::addPlanCommands() {
                                        returnFromWindow();
                                      },
                                      [this](const QString& activity) { openActivity(activity); },
-                                     [this] { find_bar_->open(firstDay()); }});
+                                     [this] { openFind(); }});
   plan_drag_ = std::make_unique<PlanDrag>(
       *plan_commands_, [this](int days) { days_->setDate(firstDay().addDays(days)); });
   grid_->setCellDrag(plan_drag_.get());
-  connect(find_bar_, &FindBar::goTo, this, &WeekBoard::showHit);
-  connect(find_bar_, &FindBar::closed, grid_, [this] { grid_->Focus(); });
   grid_->setMenu([this](QMenu& menu) { plan_commands_->fill(menu); });
   days_->weekdayLabel()->installEventFilter(this);
   constexpr std::chrono::minutes kBetweenLooks(1);
@@ -239,6 +237,17 @@ void WeekBoard::FillWeek() {
 void WeekBoard::markToday() {
   const qint64 untilToday = firstDay().daysTo(state().clock.today());
   grid_->markColumn(untilToday >= 0 && untilToday < kBoardDays ? int(untilToday) + 1 : -1);
+}
+
+// Made when it is needed first: the board is shown sooner without it.
+void WeekBoard::openFind() {
+  if (!find_bar_) {
+    find_bar_ = new FindBar(state().Db, this);
+    find_place_->addWidget(find_bar_);
+    connect(find_bar_, &FindBar::goTo, this, &WeekBoard::showHit);
+    connect(find_bar_, &FindBar::closed, grid_, [this] { grid_->Focus(); });
+  }
+  find_bar_->open(firstDay());
 }
 
 // Where a memo or a week's name was found, the day's heading is marked.

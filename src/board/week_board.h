@@ -7,6 +7,8 @@
 #include <map>
 #include <memory>
 
+class QVBoxLayout;
+
 namespace vellora {
 
 class DateStepper;
@@ -67,6 +69,7 @@ class WeekBoard : public PlannerWindow {
   void fillAfterStep();
   void showSaved(const QString& message, bool rebuilds);
   void markToday();
+  void openFind();
   void showHit(const SearchHit& hit);
   void runCommand(BoardCommand command);
   void openCell(int col, int row);
@@ -83,7 +86,8 @@ class WeekBoard : public PlannerWindow {
   QPushButton* today_;
   QPushButton* more_;
   GridSurface* grid_;
-  FindBar* find_bar_;
+  QVBoxLayout* find_place_ = nullptr;
+  FindBar* find_bar_ = nullptr;
   PlanCommands* plan_commands_ = nullptr;
   std::unique_ptr<PlanDrag> plan_drag_;
   qint64 changes_seen_ = 0;  // rows changed by this program when the board was last read
