@@ -48,7 +48,7 @@ void BoardZoom::fit() {
 
 int BoardZoom::fitting() const {
   const QSize room = grid_.viewport()->size();
-  const int byHeight = room.height() * 100 / (kRowHeight * std::max(grid_.Rows(), 1));
+  const int byHeight = room.height() / std::max(grid_.Rows(), 1) * 100 / kRowHeight;
   const int byWidth = room.width() * 100 / (kColumnWidth * std::max(grid_.Cols(), 1));
   return std::clamp(std::min(byHeight, byWidth), kLeastFitting, kMostFitting);
 }

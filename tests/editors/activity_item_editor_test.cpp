@@ -53,7 +53,7 @@ TEST_F(ActivityItemEditorTest, FollowsTheUserThroughAddingChangingAndLeaving) {
         {u"CmdNEW"_qs, u"确取 2/3 HD100 "_qs},
         {u"txtHDMC=A"_qs, u"确取 2/3 HD100 A"_qs},
         {u"row=0"_qs, u"添删 0/2 001 晨读"_qs},
-        {u"CmdNEW"_qs, u"确取 1/3 003 "_qs},
+        {u"CmdNEW"_qs, u"确取 1/3 002 "_qs},
         {u"cmdCancel"_qs, u"添删 1/3  "_qs},
         {u"txtHDMC=B"_qs, u"确取 1/3  B"_qs},
         {u"row=2"_qs, u"添删 1/2 HD099 跑步"_qs},
