@@ -47,6 +47,8 @@ class WeekBoard : public PlannerWindow {
   void attachPlannedCell(ActivityHandler handler) { open_activity_ = std::move(handler); }
 
   QDate firstDay() const;
+  // From its Monday on.
+  void showWeekOf(QDate day);
   void setRedrawFlag() { redraw_ = true; }
 
   // Lays the whole board out anew from template and database.
