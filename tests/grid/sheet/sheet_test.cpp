@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 #include <limits>
+#include <random>
+#include <vector>
 
 namespace vellora {
 namespace {
@@ -16,7 +18,102 @@ Sheet sheetOf(int cols, int rows) {
   return sheet;
 }
 
+struct PlainRow {
+  QString text;
+  QString tag;
+  bool isWrapped = false;
+  std::optional<int> height;
+  bool isHidden = false;
+
+  bool operator==(const PlainRow&) const = default;
+};
+
+// A sheet beside the simplest thing that behaves like one: a list of rows.
+struct SheetBesideList {
+  Sheet sheet = sheetOf(2, 0);
+  std::vector<PlainRow> list;
+
+  int rows() const { return static_cast<int>(list.size()); }
+
+  void write(int row, int mark) {
+    PlainRow& plain = list[static_cast<std::size_t>(row)];
+    plain = {QString::number(mark % 50), QString::number(mark), mark % 2 == 0, mark % 90 + 1,
+             plain.isHidden || mark % 9 == 0};
+    if (mark % 3 == 0) {
+      sheet.SetRowTexts(row, std::array{QString(), plain.text, u"beyond the last column"_qs});
+    } else {
+      sheet.SetCellText(1, row, plain.text);
+    }
+    sheet.SetCellTag(1, row, plain.tag);
+    sheet.SetCellWrap(1, row, plain.isWrapped);
+    sheet.SetRowHeight(row, *plain.height);
+    if (plain.isHidden) sheet.HideRow(row);
+  }
+  void change(std::mt19937& random) {
+    const auto below = [&](int limit) {
+      return limit <= 0 ? 0 : static_cast<int>(random() % static_cast<unsigned>(limit));
+    };
+    const int kind = below(100);
+    const int row = below(rows() + (kind < 25 ? 1 : 0));
+    const int few = below(4) == 0 ? below(900) : 1 + below(3);
+    const int end = std::min(rows(), row + (kind < 50 ? few : below(60)));
+    if (kind < 25) {
+      sheet.InsertRows(row, few);
+      list.insert(list.begin() + row, static_cast<std::size_t>(few), PlainRow());
+    } else if (kind < 46) {
+      sheet.DeleteRows(row, end - row);
+      list.erase(list.begin() + row, list.begin() + end);
+    } else if (kind < 48) {
+      list.resize(static_cast<std::size_t>(below(3'000)));
+      sheet.SetRows(rows());
+    } else if (kind < 49) {
+      sheet.SetCellWrap(1, kEveryRow, false);
+      for (PlainRow& plain : list) plain.isWrapped = false;
+    } else if (kind < 50) {
+      sheet.SetCols(1);
+      sheet.SetCols(2);
+      for (PlainRow& plain : list) plain = {{}, {}, false, plain.height, plain.isHidden};
+    } else {
+      for (int r = row; r < end; ++r) write(r, below(1'000'000));
+    }
+  }
+  // Walking over what is empty finds every row that is not.
+  void expectAlike() const {
+    ASSERT_EQ(sheet.Rows(), rows());
+    int written = sheet.NextWrittenRow(0);
+    int sized = sheet.NextSizedRow(0);
+    for (int row = 0; row < rows(); ++row) {
+      const PlainRow& plain = list[static_cast<std::size_t>(row)];
+      const PlainRow held{sheet.GetCellText(1, row), sheet.CellTag(1, row),
+                          sheet.StyleAt(1, row).wrap, sheet.RowHeight(row), sheet.IsRowHidden(row)};
+      ASSERT_TRUE(held == plain) << row;
+      ASSERT_TRUE(row >= written || plain == PlainRow()) << row;
+      ASSERT_EQ(row == sized, plain.height || plain.isHidden) << row;
+      if (row == written) written = sheet.NextWrittenRow(row + 1);
+      if (row == sized) sized = sheet.NextSizedRow(row + 1);
+    }
+    ASSERT_EQ(written, rows());
+    ASSERT_EQ(sized, rows());
+  }
+};
+
 }  // namespace
+
+TEST(Sheet, StaysInStepWithAPlainListThroughRandomChanges) {
+  for (unsigned seed = 1; seed <= 6; ++seed) {
+    SCOPED_TRACE(seed);
+    std::mt19937 random(seed);
+    SheetBesideList both;
+    std::vector<SheetBesideList> snapshots;
+    for (int turn = 0; turn < 600; ++turn) {
+      both.change(random);
+      if (turn % 150 == 0) snapshots.push_back(both);
+      if (turn % 10 == 0) both.expectAlike();
+      ASSERT_FALSE(HasFatalFailure()) << turn;
+    }
+    for (const auto& snapshot : snapshots) snapshot.expectAlike();
+  }
+}
 
 TEST(Sheet, DropsWritesOutsideAndHasARevisionForEveryContent) {
   Sheet sheet = sheetOf(2, 3);
