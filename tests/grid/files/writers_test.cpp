@@ -28,26 +28,21 @@ Sheet smallList() {
   return sheet;
 }
 
-void writeHtml(const QString& path) {
-  writeHtmlFile(smallList(), {}, u"表"_qs, path);
-}
+using Writer = void (*)(const QString& path);
 
-void writeExcel(const QString& path) {
-  writeExcelFile(smallList(), {}, u"表"_qs, path);
-}
-
-void writePdf(const QString& path) {
-  savePdf(smallList(), {}, PrintHeadings::HeadingStrip, paperOf({}), u"表"_qs, path);
-}
+constexpr Writer kExports[]{
+    [](const QString& path) { writeHtmlFile(smallList(), {}, u"表"_qs, path); },
+    [](const QString& path) { writeExcelFile(smallList(), {}, u"表"_qs, path); },
+    [](const QString& path) {
+      savePdf(smallList(), {}, PrintHeadings::HeadingStrip, paperOf({}), u"表"_qs, path);
+    }};
+constexpr Writer kWriteHtml = kExports[0];
 
 void writeData(const QString& path) {
   Workbook book;
   book.sheet() = smallList();
   writeWorkbookFile(book, path);
 }
-
-constexpr std::pair<const char*, void (*)(const QString&)> kWriters[]{
-    {"HTML", writeHtml}, {"Excel", writeExcel}, {"PDF", writePdf}, {"data", writeData}};
 
 // An ordinary user's rights, also when the tests run as root.
 class OrdinaryUser {
@@ -84,16 +79,16 @@ TEST(Writers, SayWhyNothingCanBeWrittenAndLeaveTheOldFile) {
             {path, closed, true},
             {folder.path(u"新"_qs), closed, true}};
   const QByteArray place = QFile::encodeName(folder.path(u"."_qs));
-  for (const auto& [name, write] : kWriters) {
+  for (const Writer write : {kExports[0], kExports[1], kExports[2], Writer(writeData)}) {
     for (const auto& c : cases) {
       ASSERT_EQ(::chmod(place.constData(), c.isClosed ? 0555 : 0755), 0);
       QString said;
       {
         const test::FileSizeLimit full(c.room);
         const OrdinaryUser user(c.isClosed);
-        said = test::messageOf([&, &write = write] { write(c.target); });
+        said = test::messageOf([&] { write(c.target); });
       }
-      EXPECT_EQ(said, u"无法写入文件“%1”：%2。"_qs.arg(c.target, c.why)) << name;
+      EXPECT_EQ(said, u"无法写入文件“%1”：%2。"_qs.arg(c.target, c.why));
     }
     ASSERT_EQ(::chmod(place.constData(), 0755), 0);
     EXPECT_EQ(test::bytesOf(path), "old");
@@ -105,7 +100,7 @@ TEST(Exports, NeverReplaceThePlannersOwnFiles) {
   const QDir program(QCoreApplication::applicationDirPath());
   for (const char16_t* name : {u"SY.mdb", u"SY.mdb-journal", u"JH.ZRT", u"vellora.ini"}) {
     const QString path = program.filePath(QString::fromUtf16(name));
-    for (const auto& write : {writeHtml, writeExcel, writePdf}) {
+    for (const Writer write : kExports) {
       EXPECT_EQ(test::messageOf([&] { write(path); }),
                 u"无法写入文件“%1”：它是日程表程序自己的文件，请换一个文件名。"_qs.arg(path));
       EXPECT_FALSE(QFile::exists(path));
@@ -119,7 +114,7 @@ TEST(SafeFile, RemovesWhatAKilledProgramLeftAndNothingElse) {
   test::writeBytes(folder.path(u".vellora-1a2b.txt"_qs), "the user's");
   SafeFile other(folder.path(u"别的"_qs));
   other.write(QByteArray(200'000, 'x'));
-  writeHtml(folder.path(u"表"_qs));
+  kWriteHtml(folder.path(u"表"_qs));
   EXPECT_EQ(folder.names().size(), 3) << "the other's unfinished file too";
   other.commit();
   EXPECT_EQ(folder.names(), (QStringList{u".vellora-1a2b.txt"_qs, u"别的"_qs, u"表"_qs}));
@@ -132,7 +127,7 @@ TEST(SafeFile, KeepsPermissionsAndFollowsLinks) {
   test::writeBytes(path, "old");
   ASSERT_EQ(::chmod(QFile::encodeName(path).constData(), 0600), 0);
   ASSERT_TRUE(QFile::link(path, link));
-  writeHtml(link);
+  kWriteHtml(link);
   EXPECT_TRUE(QFileInfo(link).isSymLink());
   EXPECT_TRUE(test::bytesOf(path).endsWith("</html>\n"));
   EXPECT_EQ(QFile::permissions(path) & (QFile::ReadGroup | QFile::ReadOther), QFile::Permissions());
