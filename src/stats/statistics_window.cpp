@@ -15,6 +15,7 @@
 #include <QPushButton>
 #include <QSplitter>
 #include <QStyle>
+#include <QTabBar>
 #include <QTabWidget>
 
 #include <algorithm>
@@ -94,7 +95,9 @@ QTabWidget* StatisticsWindow::makeViews() {
   weeks->addWidget(periods_);
   weeks->setStretchFactor(0, 3);
   weeks->setStretchFactor(1, 2);
-  auto* views = named(new QTabWidget(this), u"Views"_qs, u"统计方式"_qs);
+  auto* views = named(new QTabWidget(this), u"Views"_qs);
+  views->setFocusPolicy(Qt::NoFocus);  // its bar takes it
+  views->tabBar()->setAccessibleName(u"统计方式"_qs);
   views->addTab(grid_, u"按活动(&A)"_qs);
   views->addTab(weeks, u"按周(&W)"_qs);
   connect(chart_, &UseChart::chosen, this, &StatisticsWindow::dayChosen);
