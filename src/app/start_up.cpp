@@ -3,7 +3,11 @@
 #include "app/attach_windows.h"
 #include "app/skin_setting.h"
 #include "app/splash_window.h"
+#include "schedule/automatic_copies.h"
+#include "shell/work_dialog.h"
+#include "store/statements.h"
 
+#include <QLocale>
 #include <QTimer>
 
 namespace vellora {
@@ -20,12 +24,21 @@ QString schedulePath(const QString& programDir) {
 
 StartUp::StartUp(const QString& programDir, Prompts& prompts, const Clock& clock)
     : damage_check_(schedulePath(programDir), [this] { reportDamage(); }),
+      daily_copy_(programDir, schedulePath(programDir),
+                  [this](const QString& reason) { sayNotCopied(reason); }),
       store_(schedulePath(programDir), kPatience, [this] { return mayKeepWaiting(); }),
-      state_{store_, prompts, clock, programDir, readSkinPath(store_, programDir), QString()} {}
+      state_{store_,
+             prompts,
+             clock,
+             programDir,
+             readSkinPath(store_, programDir),
+             QString(),
+             [this](QWidget* window) { return copyFirst(window); }} {}
 
 // What is waited for may be this program's own check.
 bool StartUp::mayKeepWaiting() {
   damage_check_.yieldToSave();
+  daily_copy_.yieldToSave();
   return wait_.mayContinue();
 }
 
@@ -40,7 +53,11 @@ void StartUp::showBoard() {
     board_->Show();
   }
   // The board comes first.
-  QTimer::singleShot(kSettled, board_.get(), [this] { damage_check_.begin(); });
+  QTimer::singleShot(kSettled, board_.get(), [this] {
+    damage_check_.begin();
+    offerLostPlans();
+    if (!store_.isReadOnly()) daily_copy_.begin();
+  });
   if (store_.isReadOnly()) {
     state_.prompts.warn(board_.get(),
                         u"日程文件或所在文件夹只能读取，不能写入，所做的更改将无法保存。"_qs);
@@ -56,6 +73,44 @@ void StartUp::reportDamage() {
 void StartUp::finishDamageCheck() {
   damage_check_.begin();
   damage_check_.finish();
+  daily_copy_.finish();
+}
+
+bool StartUp::copyFirst(QWidget* window) {
+  try {
+    runWithDialog(window, [this](const WorkProgress& progress) {
+      AutomaticCopies(state_.programDir).make(store_, QDateTime::currentDateTime(), progress);
+    });
+    return true;
+  } catch (const PlannerError& error) {
+    return state_.prompts.ask(
+        window, u"没有做成自动备份：%1\n没有备份也要继续吗？"_qs.arg(error.description()));
+  } catch (const WorkCancelled&) {
+    return false;
+  }
+}
+
+// On the copy's own thread.
+void StartUp::sayNotCopied(const QString& reason) {
+  QMetaObject::invokeMethod(
+      &wait_, [this, reason] { board_->say(u"今天的自动备份没有做成："_qs + reason); },
+      Qt::QueuedConnection);
+}
+
+// Before the smaller schedule becomes the newest copy.
+void StartUp::offerLostPlans() {
+  try {
+    const auto copy = AutomaticCopies(state_.programDir).lostSince(store_);
+    if (!copy) return;
+    const qint64 now = store_.open(statements::allPlans()).count();
+    const QString question =
+        u"日程里现在有 %1 条计划，%2 的自动备份里有 %3 条。\n要打开备份窗口，恢复到那时吗？"_qs.arg(
+            QString::number(now), QLocale().toString(copy->time, u"yyyy-MM-dd HH:mm"),
+            QString::number(copy->plans));
+    if (state_.prompts.ask(board_.get(), question)) board_->runCommand(BoardCommand::Backup);
+  } catch (const StoreError& error) {
+    board_->say(error.description());
+  }
 }
 
 void StartUp::warnOfDamage() {

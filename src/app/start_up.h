@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/daily_copy.h"
 #include "app/damage_check.h"
 #include "board/week_board.h"
 #include "shell/application_state.h"
@@ -19,7 +20,7 @@ class StartUp {
   // Shows the splash window while the board is made, then the board, and says when nothing can be
   // saved. Damage to the schedule is looked for a moment later, and told from the event loop.
   void showBoard();
-  // Waits until the schedule has been looked through.
+  // Waits until the schedule has been looked through and copied.
   void finishDamageCheck();
 
   ApplicationState& state() { return state_; }
@@ -30,9 +31,13 @@ class StartUp {
   bool mayKeepWaiting();
   void reportDamage();
   void warnOfDamage();
+  bool copyFirst(QWidget* window);
+  void sayNotCopied(const QString& reason);
+  void offerLostPlans();
 
   StoreWait wait_;
   DamageCheck damage_check_;  // asked to make way from the opening of the store on
+  DailyCopy daily_copy_;      // likewise
   ScheduleStore store_;
   ApplicationState state_;
   std::unique_ptr<WeekBoard> board_;

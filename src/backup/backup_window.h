@@ -7,6 +7,7 @@
 
 class QComboBox;
 class QLineEdit;
+class QListWidget;
 class QPushButton;
 
 namespace vellora {
@@ -36,12 +37,17 @@ class BackupWindow : public PlannerWindow {
 
   void layOut();
   QLayout* makePlaces();
+  QLayout* makeCopies();
   QLayout* makeButtons();
+  void showTables();
   void showPath();
   void goToDrive();
   void chooseFile();
   void backUp();
   void restore();
+  void restoreFrom(const QString& file);
+  void listCopies();
+  void restoreCopy();
   void run(const Wording& wording, const Job& job);
   // What the user is told; "" when the work was given up.
   QString outcomeOf(const Wording& wording, const Job& job);
@@ -51,6 +57,8 @@ class BackupWindow : public PlannerWindow {
   FolderList* folders_;
   QLineEdit* name_;
   QLineEdit* path_;
+  QListWidget* copies_;
+  QComboBox* tables_;
   GridSurface* grid_;
   bool busy_ = false;
 };

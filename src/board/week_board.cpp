@@ -378,6 +378,7 @@ void WeekBoard::clearSchedule() {
           u"计划吗?"_qs)) {
     return;
   }
+  if (!state().copyFirst(this)) return;
   state().Db.undoLog().setName(u"清空计划"_qs);
   try {
     ScheduleStore::Transaction all(state().Db);

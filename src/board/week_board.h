@@ -50,6 +50,9 @@ class WeekBoard : public PlannerWindow {
   // From its Monday on.
   void showWeekOf(QDate day);
   void setRedrawFlag() { redraw_ = true; }
+  void runCommand(BoardCommand command);
+  // In the status line.
+  void say(const QString& message) { showMessage(message); }
 
   // Lays the whole board out anew from template and database.
   void RebuildBoard();
@@ -79,7 +82,6 @@ class WeekBoard : public PlannerWindow {
   void markToday();
   void openFind();
   void showHit(const SearchHit& hit);
-  void runCommand(BoardCommand command);
   void openCell(int col, int row);
   void openDay(QDate day);
   void openActivity(const QString& activity);

@@ -6,6 +6,8 @@
 
 #include <QString>
 
+#include <functional>
+
 namespace vellora {
 
 inline QString programTitle() {
@@ -20,6 +22,8 @@ struct ApplicationState {
   QString programDir;  // where the executable, the schedule, the skins and the template lie
   QString SkinPath;    // full path of the skin that every window puts on
   QString ExportDir;   // put before every export's path; stays empty
+  // Backs up before what cannot be undone; false when the user would rather not go on.
+  std::function<bool(QWidget* window)> copyFirst = [](QWidget*) { return true; };
 
   QString programFile(const QString& name) const { return programDir + u'/' + name; }
 };
