@@ -1,6 +1,8 @@
 #include "board/week_board.h"
 
+#include "board/board_zoom.h"
 #include "board/find_bar.h"
+#include "board/first_steps.h"
 #include "board/plan_commands.h"
 #include "board/plan_drag.h"
 #include "grid/files/workbook_file.h"
@@ -35,6 +37,13 @@ namespace {
 constexpr int kBoardRowHeight = 38;        // two lines of the board's font
 constexpr int kMostTemplateRows = 10'000;  // views keep some bytes for each
 
+QFont weekNameFont(QFont font) {
+  constexpr qreal kLarger = 1.5;
+  font.setPointSizeF(font.pointSizeF() * kLarger);
+  font.setBold(true);
+  return font;
+}
+
 }  // namespace
 
 WeekBoard::WeekBoard(ApplicationState& state)
@@ -42,10 +51,13 @@ WeekBoard::WeekBoard(ApplicationState& state)
       commands_(new CommandBar(this)),
       days_(makeArrowStepper({u"D1"_qs, u"Lxq"_qs, u"起始日期"_qs}, state.clock, this)),
       week_name_(named(new ElidedLabel(this), u"Lmm"_qs)),
+      shown_days_(named(new ElidedLabel(this), u"ShownDays"_qs)),
       today_(makeButton(u"CmdToday"_qs, u"今天"_qs, this, [this] { days_->goToToday(); })),
       more_(makeButton(u"CmdMore"_qs, u"更多(&M)"_qs, this, [this] { showMenu(); })),
-      grid_(named(new GridSurface(this), u"Cell1"_qs, u"周计划表"_qs)) {
+      grid_(named(new GridSurface(this), u"Cell1"_qs, u"周计划表"_qs)),
+      refresh_(makeButton(u"CmdRefresh"_qs, u"刷新"_qs, this, [this] { readAgain(); })) {
   setObjectName(u"Form0"_qs);
+  grid_->setEmptyHint(u"还没有时间块：请按“时 间 表”，把一天分成时间块。"_qs);
   setWindowTitle(programTitle());
   grid_->setDocumentName([this]() -> QString { return u"日程表 "_qs + isoDate(firstDay()); });
   layOut();
@@ -53,11 +65,7 @@ WeekBoard::WeekBoard(ApplicationState& state)
   connect(grid_, &GridSurface::CellClick, this, &WeekBoard::openCell);
   connect(grid_, &GridSurface::CellActivated, this, &WeekBoard::openCell);
   connect(commands_, &CommandBar::triggered, this, &WeekBoard::runCommand);
-  auto* readAgain = new QShortcut(Qt::Key_F5, this);
-  connect(readAgain, &QShortcut::activated, this, [this] {
-    setRedrawFlag();
-    RebuildBoard();
-  });
+  connect(new QShortcut(Qt::Key_F5, this), &QShortcut::activated, this, &WeekBoard::readAgain);
   for (int i = 0; i < kBoardCommandCount; ++i) {
     commands_->button(static_cast<BoardCommand>(i)).setEnabled(false);
   }
@@ -65,6 +73,7 @@ WeekBoard::WeekBoard(ApplicationState& state)
   attachCommand(BoardCommand::ClearSchedule, [this] { clearSchedule(); });
   attachCommand(BoardCommand::Exit, [this] { close(); });
   addPlanCommands();
+  zoom_ = new BoardZoom(*grid_, state, [this](const QString& message) { showMessage(message); });
 }
 
 WeekBoard::~WeekBoard() {
@@ -76,14 +85,27 @@ void WeekBoard::layOut() {
   top->addWidget(days_);
   top->addWidget(today_);
   top->addSpacing(16);
-  top->addWidget(week_name_, 1);
+  auto* title = new QVBoxLayout;
+  title->setSpacing(0);
+  title->addWidget(week_name_);
+  title->addWidget(shown_days_);
+  top->addLayout(title, 1);
   top->addWidget(more_);
   auto* right = new QVBoxLayout;
   find_place_ = new QVBoxLayout;
   right->addLayout(top);
+  if (FirstSteps::areOpen(state())) {
+    first_steps_ = new FirstSteps(state(), this);
+    connect(first_steps_, &FirstSteps::chosen, this, &WeekBoard::runCommand);
+    right->addWidget(first_steps_);
+  }
   right->addWidget(grid_, 1);
   right->addLayout(find_place_);
-  right->addWidget(statusLine());
+  auto* foot = new QHBoxLayout;
+  foot->addWidget(statusLine(), 1);
+  foot->addWidget(refresh_);
+  refresh_->hide();
+  right->addLayout(foot);
   auto* all = new QHBoxLayout(this);
   all->addWidget(commands_);
   all->addLayout(right, 1);
@@ -127,7 +149,7 @@ void WeekBoard::showMenu() {
 // A double click on the weekday goes to the Monday of the shown week.
 bool WeekBoard::eventFilter(QObject* watched, QEvent* event) {
   if (watched == days_->weekdayLabel() && event->type() == QEvent::MouseButtonDblClick) {
-    days_->setDate(firstDay().addDays(1 - firstDay().dayOfWeek()));
+    showWeekOf(firstDay());
     return true;
   }
   return PlannerWindow::eventFilter(watched, event);
@@ -135,6 +157,10 @@ bool WeekBoard::eventFilter(QObject* watched, QEvent* event) {
 
 QDate WeekBoard::firstDay() const {
   return days_->date();
+}
+
+void WeekBoard::showWeekOf(QDate day) {
+  days_->setDate(day.addDays(1 - day.dayOfWeek()));
 }
 
 QString WeekBoard::templatePath() const {
@@ -146,6 +172,11 @@ void WeekBoard::onLoad() {
   setRedrawFlag();
   const QSignalBlocker untilActivated(days_);
   days_->setDate(state().clock.today());
+}
+
+void WeekBoard::readAgain() {
+  setRedrawFlag();
+  RebuildBoard();
 }
 
 void WeekBoard::RebuildBoard() {
@@ -165,13 +196,14 @@ void WeekBoard::showWhole(const std::function<void()>& read) {
     shown_ = firstDay();
     changes_seen_ = state().Db.changedRows();
     showMessage({});
+    refresh_->hide();
   } catch (const StoreError& error) {
     grid_->workbook() = before;
     grid_->Redraw();
     grid_->SetRedrawSwitch(true);
     const QSignalBlocker asBefore(days_);
     if (shown_.isValid()) days_->setDate(shown_);
-    showMessage(u"没有读出：%1 按 F5 再试。"_qs.arg(error.description()));
+    showStale(u"没有读出：%1 按 F5 再试。"_qs.arg(error.description()));
     prompts().warn(this, error.description());
   }
 }
@@ -182,6 +214,7 @@ void WeekBoard::rebuildFromDatabase() {
   setUpGrid();
   BuildTimeRows();
   FillWeek();
+  if (first_steps_) first_steps_->update();
 }
 
 // A missing or unreadable template gives an empty sheet: the board's contents come from the
@@ -203,6 +236,7 @@ void WeekBoard::setUpGrid() {
   grid_->setRowNumbersVisible(false);
   grid_->setFrozen(1, 1);
   grid_->setSharesWidth(true);
+  grid_->setSharesHeight(1);
   grid_->setEditable(false);
   grid_->SetRedrawSwitch(false);
   grid_->SetDefaultRowHeight(kBoardRowHeight);
@@ -216,6 +250,7 @@ void WeekBoard::setUpGrid() {
 
 void WeekBoard::BuildTimeRows() {
   vellora::BuildTimeRows(state().Db, grid_->sheet());
+  zoom_->fit();
   grid_->Redraw();
   grid_->SetCurrentCell(0, 1);
   grid_->SetCurrentCell(0, 0);
@@ -224,14 +259,25 @@ void WeekBoard::BuildTimeRows() {
 void WeekBoard::FillWeek() {
   const QDate first = firstDay();
   const WeekTexts texts = vellora::FillWeek(state().Db, grid_->sheet(), first);
-  showTitle(boardCaption(first, texts.memo));
-  week_name_->setFont(isPlainText(texts.weekName) ? plainFont(font()) : font());
-  week_name_->setText(texts.weekName);
+  showTexts(texts);
   grid_->SetRangeBorder(0, 0, grid_->Cols() - 1, grid_->Rows() - 1, 0, 1, kBlue);
   markToday();
   grid_->Redraw();
   grid_->SetRedrawSwitch(true);
   grid_->SetCurrentCell(1, 1);
+}
+
+void WeekBoard::showTexts(const WeekTexts& texts) {
+  showTitle(boardCaption(firstDay(), texts.memo));
+  week_name_->setFont(weekNameFont(isPlainText(texts.weekName) ? plainFont(font()) : font()));
+  week_name_->setText(texts.weekName);
+  week_name_->setVisible(!texts.weekName.isEmpty());
+  shown_days_->setText(shownDays(firstDay()));
+  std::map<int, QString> notes;
+  for (std::size_t day = 0; day < texts.memos.size(); ++day) {
+    if (!texts.memos[day].isEmpty()) notes[static_cast<int>(day) + 1] = texts.memos[day];
+  }
+  grid_->setHeadingNotes(std::move(notes));
 }
 
 void WeekBoard::markToday() {
@@ -254,7 +300,7 @@ void WeekBoard::openFind() {
 void WeekBoard::showHit(const SearchHit& hit) {
   const qint64 days = firstDay().daysTo(hit.day);
   if (days < 0 || days >= kBoardDays) {
-    days_->setDate(hit.day.addDays(1 - hit.day.dayOfWeek()));
+    showWeekOf(hit.day);
   }
   const auto col = static_cast<int>(firstDay().daysTo(hit.day)) + 1;
   int row = 0;
@@ -272,8 +318,7 @@ void WeekBoard::fillAfterStep() {
 void WeekBoard::showSaved(const QString& message, bool rebuilds) {
   const CellPlace cell = grid_->currentPlace();
   if (rebuilds) {
-    setRedrawFlag();
-    RebuildBoard();
+    readAgain();
   } else {
     fillAfterStep();
   }
@@ -285,7 +330,12 @@ void WeekBoard::showSaved(const QString& message, bool rebuilds) {
 void WeekBoard::runCommand(BoardCommand command) {
   handlers_.at(command)();
   returnFromWindow();
-  if (state().Db.changedRows() != changes_seen_) showMessage(u"内容可能已改变，按 F5 刷新。"_qs);
+  if (state().Db.changedRows() != changes_seen_) showStale(u"内容可能已改变，按 F5 刷新。"_qs);
+}
+
+void WeekBoard::showStale(const QString& message) {
+  showMessage(message);
+  refresh_->show();
 }
 
 void WeekBoard::returnFromWindow() {

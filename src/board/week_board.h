@@ -11,13 +11,16 @@ class QVBoxLayout;
 
 namespace vellora {
 
+class BoardZoom;
 class DateStepper;
 class ElidedLabel;
 class FindBar;
+class FirstSteps;
 class GridSurface;
 class PlanCommands;
 class PlanDrag;
 struct SearchHit;
+struct WeekTexts;
 
 // The main window: seven days from the picked date by the time blocks. F5 reads it anew. It knows
 // no other window; what its commands and clicks open is attached from outside.
@@ -44,6 +47,8 @@ class WeekBoard : public PlannerWindow {
   void attachPlannedCell(ActivityHandler handler) { open_activity_ = std::move(handler); }
 
   QDate firstDay() const;
+  // From its Monday on.
+  void showWeekOf(QDate day);
   void setRedrawFlag() { redraw_ = true; }
 
   // Lays the whole board out anew from template and database.
@@ -67,6 +72,9 @@ class WeekBoard : public PlannerWindow {
   void rebuildFromDatabase();
   void showWhole(const std::function<void()>& read);
   void fillAfterStep();
+  void readAgain();
+  void showStale(const QString& message);
+  void showTexts(const WeekTexts& texts);
   void showSaved(const QString& message, bool rebuilds);
   void markToday();
   void openFind();
@@ -83,11 +91,15 @@ class WeekBoard : public PlannerWindow {
   CommandBar* commands_;
   DateStepper* days_;
   ElidedLabel* week_name_;
+  ElidedLabel* shown_days_;
   QPushButton* today_;
   QPushButton* more_;
   GridSurface* grid_;
+  QPushButton* refresh_;
   QVBoxLayout* find_place_ = nullptr;
   FindBar* find_bar_ = nullptr;
+  FirstSteps* first_steps_ = nullptr;  // null once they are done
+  BoardZoom* zoom_ = nullptr;
   PlanCommands* plan_commands_ = nullptr;
   std::unique_ptr<PlanDrag> plan_drag_;
   qint64 changes_seen_ = 0;  // rows changed by this program when the board was last read

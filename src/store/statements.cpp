@@ -18,6 +18,10 @@ Query itemNamed(const QString& name) {
   return {u"SELECT * FROM HD  WHERE HDMC=?"_qs, {name}};
 }
 
+Query itemNumbered(const QString& number) {
+  return {u"SELECT * FROM HD WHERE HDBH=?"_qs, {number}};
+}
+
 Query itemNumberIs(const QString& number) {
   return {u"HDBH=?"_qs, {number}};
 }
@@ -78,6 +82,12 @@ Query plansInBlock(const QString& code) {
   return {u"SELECT * FROM JH WHERE SJKH=?"_qs, {code}};
 }
 
+Query plansInBothBlocks(const QString& code, const QString& other) {
+  return {
+      u"SELECT * FROM JH WHERE SJKH=? AND RQ IN (SELECT RQ FROM JH WHERE SJKH=?) ORDER BY RQ"_qs,
+      {code, other}};
+}
+
 Query moveToBlock(const QString& from, const QString& to) {
   return {u"UPDATE JH SET SJKH=? WHERE SJKH=?"_qs, {to, from}};
 }
@@ -104,6 +114,10 @@ Query allMemos() {
 
 Query memoOn(QDate date) {
   return {u"SELECT * FROM BW WHERE RQ=?"_qs, {date}};
+}
+
+Query memosBetween(QDate first, QDate last) {
+  return {u"SELECT * FROM BW WHERE RQ>=? AND RQ<=?"_qs, {first, last}};
 }
 
 Query deleteMemos() {
@@ -149,6 +163,14 @@ Query minutesByActivity(QDate start, QDate end) {
       u" Count(JH.HDMC) AS CS"
       u" FROM HD INNER JOIN (SJ INNER JOIN JH ON SJ.SJKH = JH.SJKH) ON HD.HDMC = JH.HDMC"
       u" WHERE JH.RQ>=? AND JH.RQ <=? GROUP BY HD.HDLB,JH.HDMC"_qs,
+      {start, end}};
+}
+
+Query minutesByDay(QDate start, QDate end) {
+  return {
+      u"SELECT JH.RQ,HD.HDLB,Sum(Hour([SJ1])*60+Minute([SJ1])-Hour([SJ0])*60-Minute([SJ0])) AS SJ"
+      u" FROM HD INNER JOIN (SJ INNER JOIN JH ON SJ.SJKH = JH.SJKH) ON HD.HDMC = JH.HDMC"
+      u" WHERE JH.RQ>=? AND JH.RQ <=? GROUP BY JH.RQ,HD.HDLB"_qs,
       {start, end}};
 }
 

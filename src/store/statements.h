@@ -10,6 +10,7 @@ Query allItems();
 Query itemsOfCategory(const QString& category);
 Query openItems();
 Query itemNamed(const QString& name);
+Query itemNumbered(const QString& number);
 Query itemNumberIs(const QString& number);  // condition for findFirst
 Query itemNameIs(const QString& name);      // condition for findFirst
 
@@ -29,6 +30,8 @@ Query plansOfActivity(const QString& name);
 Query planOfActivityInBlock(const QString& name, QDate date, const QString& code);
 Query allPlans();
 Query plansInBlock(const QString& code);
+// Those of one block on dates on which another has plans too.
+Query plansInBothBlocks(const QString& code, const QString& other);
 Query moveToBlock(const QString& from, const QString& to);
 Query renamePlans(const QString& from, const QString& to);
 Query deletePlansOfActivity(const QString& name);
@@ -38,6 +41,7 @@ Query deletePlans();
 // BW, the memos.
 Query allMemos();
 Query memoOn(QDate date);
+Query memosBetween(QDate first, QDate last);
 Query deleteMemos();
 
 // MM, the week names.
@@ -53,6 +57,7 @@ Query deleteSkinSetting();
 // Planned minutes (SJ), and number of entries (CS) per activity, from start to end inclusive.
 Query minutesByCategory(QDate start, QDate end);
 Query minutesByActivity(QDate start, QDate end);
+Query minutesByDay(QDate start, QDate end);  // and category
 
 // Any table by name: backup and restore.
 Query deleteAllFrom(const QString& table);

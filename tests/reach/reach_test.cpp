@@ -63,11 +63,11 @@ void walk(Node& node, const std::function<void(Node&)>& visit) {
 }
 
 bool isUsed(const Node& node) {
-  static const std::set<QAccessible::Role> kRoles{QAccessible::Button,   QAccessible::PushButton,
-                                                  QAccessible::CheckBox, QAccessible::ComboBox,
-                                                  QAccessible::SpinBox,  QAccessible::List,
-                                                  QAccessible::Table,    QAccessible::EditableText,
-                                                  QAccessible::ListItem, QAccessible::Document};
+  static const std::set<QAccessible::Role> kRoles{
+      QAccessible::Button,   QAccessible::PushButton,   QAccessible::CheckBox,
+      QAccessible::ComboBox, QAccessible::SpinBox,      QAccessible::List,
+      QAccessible::Table,    QAccessible::EditableText, QAccessible::ListItem,
+      QAccessible::Document, QAccessible::PageTab,      QAccessible::PageTabList};
   return kRoles.contains(node.role());
 }
 

@@ -7,6 +7,7 @@
 #include <QString>
 
 #include <algorithm>
+#include <map>
 #include <set>
 #include <vector>
 
@@ -22,7 +23,8 @@ struct GridColours {
   QColor current;  // frame of the current cell
   QColor selectionText;
   QColor selectionPaper;
-  QColor today;  // marks a column; see GridSurface::markColumn
+  QColor today;                 // marks a column; see GridSurface::markColumn
+  QColor faint{112, 112, 112};  // of texts that hardly matter
 };
 
 // What a grid looks like before a skin speaks.
@@ -41,7 +43,9 @@ struct GridAppearance {
   int frozenCols = 0;
   int frozenRows = 0;
   int markedCol = -1;
-  std::vector<RowMark> markedRows;  // ascending
+  int faintZeros = -1;                  // column
+  std::vector<RowMark> markedRows;      // ascending
+  std::map<int, QString> headingNotes;  // of the first row, by column
   bool isEditable = false;
   std::set<int> lockedCols;
 
@@ -50,6 +54,10 @@ struct GridAppearance {
     return isEditable && !isHeading(col, row) && !lockedCols.contains(col);
   }
   bool isHeading(int col, int row) const { return col < frozenCols || row < frozenRows; }
+  QString noteAt(int col, int row) const {
+    const auto note = headingNotes.find(col);
+    return row == 0 && note != headingNotes.end() ? note->second : QString();
+  }
   // Null for a row without one.
   const RowMark* markOf(int row) const {
     const auto mark = std::lower_bound(markedRows.begin(), markedRows.end(), row,

@@ -2,6 +2,7 @@
 
 #include "grid/surface/heading_strip.h"
 #include "grid/surface/surface_painter.h"
+#include "routine/category.h"
 
 #include <QAbstractButton>
 #include <QHelpEvent>
@@ -132,6 +133,20 @@ void SheetView::setSharesWidth(bool on) {
   showChangesLater();
 }
 
+void SheetView::setSharesHeight(int firstRow) {
+  sizes_.setSharesHeight(firstRow);
+  showChangesLater();
+}
+
+void SheetView::setZoom(qreal zoom) {
+  if (zoom == zoom_) return;
+  zoom_ = zoom;
+  texts_.setScale(zoom);
+  sizes_.setScale(zoom);
+  showChanges();
+  viewport()->update();
+}
+
 void SheetView::setColours(const GridColours& colours) {
   appearance_.colours = colours;
   hasSkin_ = true;
@@ -146,6 +161,11 @@ void SheetView::setColours(const GridColours& colours) {
 
 void SheetView::markColumn(int col) {
   appearance_.markedCol = col;
+  viewport()->update();
+}
+
+void SheetView::setHeadingNotes(std::map<int, QString> notes) {
+  appearance_.headingNotes = std::move(notes);
   viewport()->update();
 }
 
@@ -205,6 +225,7 @@ void SheetView::showChanges() {
   if (shownRevision_ == sheet().revision()) return;
   shownRevision_ = sheet().revision();
   model_.announceChanged();
+  if (!emptyHint_.isEmpty()) setAccessibleDescription(isEmpty() ? emptyHint_ : QString());
 }
 
 void SheetView::showChangesLater() {
@@ -274,7 +295,7 @@ void SheetView::scrollContentsBy(int dx, int dy) {
 
 void SheetView::resizeEvent(QResizeEvent* event) {
   QTableView::resizeEvent(event);
-  sizes_.applyWidths(sheet());
+  sizes_.apply(sheet());
 }
 
 void SheetView::changeEvent(QEvent* event) {
@@ -295,7 +316,29 @@ void SheetView::paintEvent(QPaintEvent* event) {
                                rows_,      texts_,      viewport()->size(),
                                selected(), current(),   hasFocus()};
   surface.paint(painter);
+  if (!emptyHint_.isEmpty() && isEmpty()) paintEmptyHint(painter);
   if (shownRevision_ != sheet().revision()) showChangesLater();
+}
+
+bool SheetView::isEmpty() const {
+  const int rows = sheet().Rows();
+  for (int row = sheet().NextWrittenRow(appearance_.frozenRows); row < rows;
+       row = sheet().NextWrittenRow(row + 1)) {
+    for (int col = 0; col < Cols(); ++col) {
+      if (!sheet().GetCellText(col, row).isEmpty()) return false;
+    }
+  }
+  return true;
+}
+
+// Below the first rows, where typing begins.
+void SheetView::paintEmptyHint(QPainter& painter) const {
+  constexpr int kMargin = 24;  // pixels
+  const QRect room = viewport()->rect().adjusted(kMargin, 0, -kMargin, 0);
+  painter.setClipping(false);
+  painter.setPen(palette().color(QPalette::PlaceholderText));
+  painter.setFont(font());
+  painter.drawText(room, Qt::AlignCenter | Qt::TextWordWrap, emptyHint_);
 }
 
 int SheetView::sizeHintForColumn(int column) const {
@@ -309,7 +352,7 @@ int SheetView::sizeHintForColumn(int column) const {
     widest = std::max(widest, texts_.naturalWidth(sheet().GetCellText(column, row.section), font));
   }
   const QRect probe(0, 0, 100, 100);
-  return widest + probe.width() - textRoom(probe).width();
+  return widest + probe.width() - textRoom(probe, CellStyle()).width();
 }
 
 int SheetView::sizeHintForRow(int row) const {
@@ -330,6 +373,10 @@ QString SheetView::hintAt(CellPlace cell, const QRect& rect) const {
   if (mark) hints << mark->meaning;
   const auto request = textRequest(texts_, sheet().StyleAt(cell.col, cell.row),
                                    sheet().GetCellText(cell.col, cell.row), rect);
+  const QString note = appearance_.noteAt(cell.col, cell.row);
+  if (!note.isEmpty()) hints << note;
+  const int category = sheet().StyleAt(cell.col, cell.row).category;
+  if (category > 0) hints << categoryHint(category - 1);
   if (texts_.layOut(request).isCut) {
     hints << model_.data(indexOf(cell), Qt::DisplayRole).toString();
   }

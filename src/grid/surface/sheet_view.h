@@ -53,15 +53,27 @@ class SheetView : public QTableView {
   void setFrozen(int cols, int rows);
   // Columns without a width of their own share what is left of the grid's width.
   void setSharesWidth(bool on);
+  // Rows below the first so many without a height of their own share what is left of the height.
+  void setSharesHeight(int firstRow);
+  // Shows texts and sizes this many times as large.
+  void setZoom(qreal zoom);
+  qreal zoom() const { return zoom_; }
   void setColours(const GridColours& colours);
   // Null for none. It must outlive the view or be taken away.
   void setCellDrag(CellDragHandler* handler) { cellDrag_ = handler; }
   // Sets one column apart (its frozen heading and its edges) without touching its cells' colours;
   // −1 for none.
   void markColumn(int col);
+  // Marks cells of the first row, by column, with a corner; the notes are shown over them and read
+  // by assistive tools.
+  void setHeadingNotes(std::map<int, QString> notes);
   // Sets rows, in ascending order, apart by a bar at their left end; the meanings are read by
   // assistive tools and shown over the bars. The marks do not move with their rows.
   void markRows(std::vector<RowMark> marks);
+  // What to do, in grey, where no cell below the headings has a text.
+  void setEmptyHint(const QString& hint) { emptyHint_ = hint; }
+  // A column in which "0" is drawn faintly, as nothing that matters.
+  void setFaintZeros(int col) { appearance_.faintZeros = col; }
   const std::vector<RowMark>& markedRows() const { return appearance_.markedRows; }
 
   QRect visualRect(const QModelIndex& index) const override;
@@ -141,6 +153,8 @@ class SheetView : public QTableView {
   CellPlace loseCurrentIn(int firstRow, int lastRow);
   void dragCell(const QMouseEvent& event);
   QString hintAt(CellPlace cell, const QRect& rect) const;
+  bool isEmpty() const;
+  void paintEmptyHint(QPainter& painter) const;
 
   QHeaderView& colHeader_;
   QHeaderView& rowHeader_;
@@ -150,6 +164,8 @@ class SheetView : public QTableView {
   EdgeDrag edgeDrag_{colHeader_, rowHeader_, cols_, rows_};
   QTimer later_;
   quint64 shownRevision_ = 0;
+  qreal zoom_ = 1;
+  QString emptyHint_;
   bool hasSkin_ = false;
   bool isQuiet_ = false;  // the current cell moves without CellEntered
 
