@@ -13,9 +13,8 @@
 namespace vellora {
 namespace {
 
-// A folder below src/ and what its files may include beside their own folder, blank-separated.
+// What the files of a folder may include beside their own folder, blank-separated.
 struct Room {
-  std::string folder;
   std::string mayInclude;
   bool coreOnly = false;  // of Qt, nothing but Qt Core
   bool sqlite = false;    // may include the database engine
@@ -25,23 +24,23 @@ const std::string kSheets = "routine grid/sheet grid/files ";
 const std::string kRules = kSheets + "store schedule ";
 const std::string kBelowWindows = kRules + "grid/print grid/surface shell ";
 
-// From the ground up: a room may include only rooms named before it.
-const Room kHouse[]{
-    {"routine", "", true},
-    {"store", "routine", true, true},
-    {"grid/sheet", "routine", true},
-    {"grid/files", "routine grid/sheet", true},
-    {"grid/print", kSheets},
-    {"grid/surface", kSheets + "grid/print"},
-    {"schedule", kSheets + "store", true},
-    {"shell", kRules + "grid/print grid/surface"},
-    {"board", kBelowWindows},
-    {"editors", kBelowWindows},
-    {"planning", kBelowWindows},
-    {"stats", kBelowWindows},
-    {"backup", kBelowWindows},
-    {"exchange", kBelowWindows},
-    {"app", kBelowWindows + "board editors planning stats backup exchange"},
+// By their paths below src/.
+const std::map<std::string, Room> kHouse{
+    {"routine", {"", true}},
+    {"store", {"routine", true, true}},
+    {"grid/sheet", {"routine", true}},
+    {"grid/files", {"routine grid/sheet", true}},
+    {"grid/print", {kSheets}},
+    {"grid/surface", {kSheets + "grid/print"}},
+    {"schedule", {kSheets + "store", true}},
+    {"shell", {kRules + "grid/print grid/surface"}},
+    {"board", {kBelowWindows}},
+    {"editors", {kBelowWindows}},
+    {"planning", {kBelowWindows}},
+    {"stats", {kBelowWindows}},
+    {"backup", {kBelowWindows}},
+    {"exchange", {kBelowWindows}},
+    {"app", {kBelowWindows + "board editors planning stats backup exchange"}},
 };
 
 constexpr int kMostLines = 400;
@@ -62,17 +61,14 @@ Tree readSources() {
   return tree;
 }
 
-// "grid/sheet/sheet.h" lies in the room "grid/sheet"; null for a file that lies in none.
-const Room* roomOf(const std::string& file) {
-  const auto* room = std::find_if(std::begin(kHouse), std::end(kHouse), [&](const Room& candidate) {
-    return candidate.folder == file.substr(0, file.rfind('/'));
-  });
-  return room == std::end(kHouse) ? nullptr : room;
+// "grid/sheet/sheet.h" lies in the room "grid/sheet".
+std::string roomOf(const std::string& file) {
+  return file.substr(0, file.rfind('/'));
 }
 
-bool allows(const Room& from, const Room* to) {
-  return to && (from.folder == to->folder ||
-                (' ' + from.mayInclude + ' ').find(' ' + to->folder + ' ') != std::string::npos);
+bool allows(const std::string& from, const std::string& to) {
+  const std::string allowed = ' ' + from + ' ' + kHouse.at(from).mayInclude + ' ';
+  return allowed.find(' ' + to + ' ') != std::string::npos;
 }
 
 // <QString>, <qstring.h>, but not <QtGui/QColor>.
@@ -82,59 +78,57 @@ bool isBeyondCore(const std::string& header) {
          !std::filesystem::exists(std::filesystem::path(QT_CORE) / header);
 }
 
-class Inspection {
- public:
-  explicit Inspection(const Tree& tree) : tree_(tree) {}
+struct Inspection {
+  const Tree& tree;
+  std::vector<std::string> path;
+  std::set<std::string> visited;
+  Sentences broken;  // one for each rule that is broken
 
-  // One sentence for each rule that is broken.
-  Sentences run() {
-    for (const auto& [file, source] : tree_) visit(file);
-    return broken_;
-  }
-
- private:
   // Depth first; a file met again while it is still on the path closes a circle.
   void visit(const std::string& file) {
-    if (std::find(path_.begin(), path_.end(), file) != path_.end()) {
-      broken_.push_back(file + " includes itself by " + path_.back());
+    if (std::find(path.begin(), path.end(), file) != path.end()) {
+      broken.push_back(file + " includes itself by " + path.back());
     }
-    if (!visited_.insert(file).second) return;
-    const Room* room = roomOf(file);
-    if (!room) return broken_.push_back(file + " lies in no folder of the house");
-    path_.push_back(file);
+    if (!visited.insert(file).second) return;
+    if (!kHouse.contains(roomOf(file))) {
+      return broken.push_back(file + " lies in no folder of the house");
+    }
+    path.push_back(file);
     static const std::regex kInclude("(?:^|\n)[ \t]*#[ \t]*include[ \t]*([\"<])([^\">\n]+)[\">]");
-    const std::string& source = tree_.at(file);
+    const std::string& source = tree.at(file);
     if (std::count(source.begin(), source.end(), '\n') > kMostLines) {
-      broken_.push_back(file + " is too long to be read as one thing");
+      broken.push_back(file + " is too long to be read as one thing");
     }
     for (std::sregex_iterator match(source.begin(), source.end(), kInclude), end; match != end;
          ++match) {
-      check(file, *room, (*match)[2], (*match)[1] == "\"");
+      check(file, (*match)[2], (*match)[1] == "\"");
     }
-    path_.pop_back();
+    path.pop_back();
   }
 
-  void check(const std::string& file, const Room& room, const std::string& target, bool isOwn) {
+  void check(const std::string& file, const std::string& target, bool isOwn) {
+    const Room& room = kHouse.at(roomOf(file));
     const bool isSqlite = target.starts_with("SQLiteCpp/") || target == "sqlite3.h";
     const bool isAllowed =
-        isOwn ? tree_.contains(target) && allows(room, roomOf(target))
+        isOwn ? tree.contains(target) && allows(roomOf(file), roomOf(target))
               : (!room.coreOnly || !isBeyondCore(target)) && (!isSqlite || room.sqlite);
-    if (!isAllowed) broken_.push_back(file + " may not include " + target);
-    if (isOwn && tree_.contains(target)) visit(target);
+    if (!isAllowed) broken.push_back(file + " may not include " + target);
+    if (isOwn && tree.contains(target)) visit(target);
   }
-
-  const Tree& tree_;
-  std::vector<std::string> path_;
-  std::set<std::string> visited_;
-  Sentences broken_;
 };
+
+Sentences inspect(const Tree& tree) {
+  Inspection inspection{tree, {}, {}, {}};
+  for (const auto& [file, source] : tree) inspection.visit(file);
+  return inspection.broken;
+}
 
 }  // namespace
 
 TEST(House, HoldsForThePlanner) {
   const Tree tree = readSources();
   ASSERT_TRUE(tree.contains("store/schedule_store.h"));
-  EXPECT_EQ(Inspection(tree).run(), Sentences{});
+  EXPECT_EQ(inspect(tree), Sentences{});
 }
 
 TEST(House, RefusesArrowsUpwardsCirclesAndForeignHeaders) {
@@ -155,7 +149,7 @@ TEST(House, RefusesArrowsUpwardsCirclesAndForeignHeaders) {
                            "store/a.h includes itself by store/b.h",
                            "grid/loose.h lies in no folder of the house",
                            "stats/a.h is too long to be read as one thing"};
-  EXPECT_EQ(Inspection(tree).run(), expected);
+  EXPECT_EQ(inspect(tree), expected);
 }
 
 }  // namespace vellora

@@ -38,21 +38,18 @@ class GridLooks : public GridSteps {
 
 }  // namespace
 
-TEST_F(GridLooks, CellsWithATextShowTheirColoursAndTheCurrentOneInsideAFrame) {
+TEST_F(GridLooks, CellsShowTheirColoursTheSelectionAndBorders) {
   for (const int col : {0, 1}) grid.sheet().SetCellColors(col, 0, kBlack, kWhite);
   grid.sheet().SetCellColors(1, 1, kRed, kBlue);
   grid.SetCellText(1, 1, u"y"_qs);
   expectColours({{paperOf(0, 0), Qt::white}, {paperOf(1, 0), kPaper}, {paperOf(1, 1), Qt::blue}});
-  EXPECT_EQ(grid.model()->index(0, 0).data(Qt::ForegroundRole).value<QColor>(), QColor(Qt::black));
   play("1,1 shift:0,0");
   expectColours(
       {{paperOf(0, 0), kSelected}, {paperOf(1, 0), kSelected}, {paperOf(1, 1), Qt::blue}});
   play("1,0 F2");
   expectColours(
       {{rect(1, 0).topLeft(), kFrame}, {editor()->geometry().topLeft() + QPoint(1, 1), kFrame}});
-}
-
-TEST_F(GridLooks, BordersLieOnTheLinesAroundEveryCellAndBlackIsTheSkinsText) {
+  play("Escape 2,4");
   const QPoint start = rect(1, 1).topLeft();
   const QPoint end = rect(1, 1).bottomRight();
   for (const auto& [given, seen] : {std::pair{kBlue, QColor(Qt::blue)}, {kBlack, kText}}) {
