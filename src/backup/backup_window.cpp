@@ -85,7 +85,7 @@ QLayout* BackupWindow::makePlaces() {
 
 QLayout* BackupWindow::makeCopies() {
   constexpr int kShownCopies = 4;
-  constexpr int kTableNameLength = 14;  // with its number of rows
+  constexpr int kTableNameLength = 20;  // with its number of rows
   copies_->setFixedHeight(copies_->fontMetrics().lineSpacing() * (kShownCopies + 1));
   tables_->setMinimumContentsLength(kTableNameLength);
   tables_->hide();  // until there is some content
