@@ -3,6 +3,7 @@
 #include "grid/print/drawn_style.h"
 #include "routine/calendar_text.h"
 #include "routine/category.h"
+#include "schedule/pinyin.h"
 #include "shell/controls.h"
 #include "shell/date_picker.h"
 #include "shell/form_dialog.h"
@@ -34,6 +35,7 @@ class ActivityDialog : public FormDialog {
     add({}, list_);
     connect(search_, &QLineEdit::textChanged, this, [this] { list(); });
     connect(list_, &QListWidget::itemDoubleClicked, this, &QDialog::accept);
+    search_->setPlaceholderText(u"名称或拼音首字母"_qs);
     search_->setText(typed);
     list();
     resize(360, 420);
@@ -67,12 +69,15 @@ class ActivityDialog : public FormDialog {
     }
     ok().setEnabled(list_->currentItem() != nullptr);
   }
+  bool isMeant(const QString& name) const {
+    const QString typed = search_->text().trimmed();
+    return name.contains(typed, Qt::CaseInsensitive) ||
+           pinyinInitials(name).contains(typed.toLower());
+  }
   void listCategory(const QString& label) {
     bool isHeaded = false;
     for (const OpenItem& item : items_) {
-      if (item.category != label || !item.name.contains(search_->text(), Qt::CaseInsensitive)) {
-        continue;
-      }
+      if (item.category != label || !isMeant(item.name)) continue;
       if (!std::exchange(isHeaded, true)) {
         auto* heading = new QListWidgetItem(label, list_);
         heading->setFlags(Qt::ItemIsEnabled);

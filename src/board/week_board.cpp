@@ -44,7 +44,8 @@ WeekBoard::WeekBoard(ApplicationState& state)
       week_name_(named(new ElidedLabel(this), u"Lmm"_qs)),
       today_(makeButton(u"CmdToday"_qs, u"今天"_qs, this, [this] { days_->goToToday(); })),
       more_(makeButton(u"CmdMore"_qs, u"更多(&M)"_qs, this, [this] { showMenu(); })),
-      grid_(named(new GridSurface(this), u"Cell1"_qs, u"周计划表"_qs)) {
+      grid_(named(new GridSurface(this), u"Cell1"_qs, u"周计划表"_qs)),
+      refresh_(makeButton(u"CmdRefresh"_qs, u"刷新"_qs, this, [this] { readAgain(); })) {
   setObjectName(u"Form0"_qs);
   setWindowTitle(programTitle());
   grid_->setDocumentName([this]() -> QString { return u"日程表 "_qs + isoDate(firstDay()); });
@@ -53,11 +54,7 @@ WeekBoard::WeekBoard(ApplicationState& state)
   connect(grid_, &GridSurface::CellClick, this, &WeekBoard::openCell);
   connect(grid_, &GridSurface::CellActivated, this, &WeekBoard::openCell);
   connect(commands_, &CommandBar::triggered, this, &WeekBoard::runCommand);
-  auto* readAgain = new QShortcut(Qt::Key_F5, this);
-  connect(readAgain, &QShortcut::activated, this, [this] {
-    setRedrawFlag();
-    RebuildBoard();
-  });
+  connect(new QShortcut(Qt::Key_F5, this), &QShortcut::activated, this, &WeekBoard::readAgain);
   for (int i = 0; i < kBoardCommandCount; ++i) {
     commands_->button(static_cast<BoardCommand>(i)).setEnabled(false);
   }
@@ -83,7 +80,11 @@ void WeekBoard::layOut() {
   right->addLayout(top);
   right->addWidget(grid_, 1);
   right->addLayout(find_place_);
-  right->addWidget(statusLine());
+  auto* foot = new QHBoxLayout;
+  foot->addWidget(statusLine(), 1);
+  foot->addWidget(refresh_);
+  refresh_->hide();
+  right->addLayout(foot);
   auto* all = new QHBoxLayout(this);
   all->addWidget(commands_);
   all->addLayout(right, 1);
@@ -148,6 +149,11 @@ void WeekBoard::onLoad() {
   days_->setDate(state().clock.today());
 }
 
+void WeekBoard::readAgain() {
+  setRedrawFlag();
+  RebuildBoard();
+}
+
 void WeekBoard::RebuildBoard() {
   putSkinOn();
   if (!redraw_) return;
@@ -165,13 +171,14 @@ void WeekBoard::showWhole(const std::function<void()>& read) {
     shown_ = firstDay();
     changes_seen_ = state().Db.changedRows();
     showMessage({});
+    refresh_->hide();
   } catch (const StoreError& error) {
     grid_->workbook() = before;
     grid_->Redraw();
     grid_->SetRedrawSwitch(true);
     const QSignalBlocker asBefore(days_);
     if (shown_.isValid()) days_->setDate(shown_);
-    showMessage(u"没有读出：%1 按 F5 再试。"_qs.arg(error.description()));
+    showStale(u"没有读出：%1 按 F5 再试。"_qs.arg(error.description()));
     prompts().warn(this, error.description());
   }
 }
@@ -272,8 +279,7 @@ void WeekBoard::fillAfterStep() {
 void WeekBoard::showSaved(const QString& message, bool rebuilds) {
   const CellPlace cell = grid_->currentPlace();
   if (rebuilds) {
-    setRedrawFlag();
-    RebuildBoard();
+    readAgain();
   } else {
     fillAfterStep();
   }
@@ -285,7 +291,12 @@ void WeekBoard::showSaved(const QString& message, bool rebuilds) {
 void WeekBoard::runCommand(BoardCommand command) {
   handlers_.at(command)();
   returnFromWindow();
-  if (state().Db.changedRows() != changes_seen_) showMessage(u"内容可能已改变，按 F5 刷新。"_qs);
+  if (state().Db.changedRows() != changes_seen_) showStale(u"内容可能已改变，按 F5 刷新。"_qs);
+}
+
+void WeekBoard::showStale(const QString& message) {
+  showMessage(message);
+  refresh_->show();
 }
 
 void WeekBoard::returnFromWindow() {

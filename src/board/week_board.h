@@ -67,6 +67,8 @@ class WeekBoard : public PlannerWindow {
   void rebuildFromDatabase();
   void showWhole(const std::function<void()>& read);
   void fillAfterStep();
+  void readAgain();
+  void showStale(const QString& message);
   void showSaved(const QString& message, bool rebuilds);
   void markToday();
   void openFind();
@@ -86,6 +88,7 @@ class WeekBoard : public PlannerWindow {
   QPushButton* today_;
   QPushButton* more_;
   GridSurface* grid_;
+  QPushButton* refresh_;
   QVBoxLayout* find_place_ = nullptr;
   FindBar* find_bar_ = nullptr;
   PlanCommands* plan_commands_ = nullptr;

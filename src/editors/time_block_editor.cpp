@@ -60,9 +60,13 @@ bool TimeBlockEditor::save() {
   for (const LostBlock& block : lost) {
     counts << u"编号%1的 %2 条"_qs.arg(quoted(block.code), QString::number(block.plans));
   }
+  QStringList answers{u"把计划改到…"_qs, u"仍然保存"_qs, u"取消"_qs};
+  const bool isLeftNone = completeBlocks(grid().sheet()).empty();
+  if (isLeftNone) answers.removeFirst();
   const int answer =
       prompts().choose(this, u"保存后有些计划会没有时间块："_qs + counts.join(u'，') + u'。',
-                       {u"把计划改到…"_qs, u"仍然保存"_qs, u"取消"_qs}, Cancel);
+                       answers, static_cast<int>(answers.size()) - 1) +
+      (isLeftNone ? Save : Move);
   if (answer == Cancel || (answer == Move && !asksWhere(lost))) return false;
   return TableEditor::save();
 }
@@ -79,8 +83,7 @@ bool TimeBlockEditor::asksWhere(const std::vector<LostBlock>& lost) {
   }
   if (!dialog.isAccepted()) return false;
   for (std::size_t i = 0; i < lost.size(); ++i) {
-    const QString code = boxes[i]->currentData().toString();
-    if (!code.isEmpty()) new_codes_[lost[i].code] = code;
+    new_codes_[lost[i].code] = boxes[i]->currentData().toString();
   }
   return true;
 }

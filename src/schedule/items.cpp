@@ -7,6 +7,7 @@
 #include "store/store_error.h"
 
 #include <algorithm>
+#include <set>
 #include <utility>
 
 namespace vellora {
@@ -147,12 +148,14 @@ bool ItemCatalogue::add(const Item& item) {
   return true;
 }
 
+void ItemCatalogue::readAgain() {
+  const qint64 id = currentId();
+  items_ = openItems();
+  if (!find(id)) throw StoreError(StoreFault::NoCurrentRow, u"这个活动项目已被删除。"_qs);
+}
+
 void ItemCatalogue::change(const Item& item, bool overwrite) {
-  if (overwrite) {
-    const qint64 id = currentId();
-    items_ = openItems();
-    if (!find(id)) throw StoreError(StoreFault::NoCurrentRow, u"这个活动项目已被删除。"_qs);
-  }
+  if (overwrite) readAgain();
   items_->edit();
   setColumns(*items_, item);
   items_->set(u"SFWC", item.completed ? 1 : 0);
@@ -166,13 +169,16 @@ qsizetype ItemCatalogue::plansLeftBy(const Item& item) const {
 
 void ItemCatalogue::changeWithPlans(const Item& item, bool overwrite) {
   const qint64 id = currentId();
-  const QString before = currentName();
+  std::set<QString> names{currentName()};
   bool isChanged = false;
   try {
     ScheduleStore::Transaction both(store_);
-    change(item, overwrite);
+    if (overwrite) readAgain();
+    names.insert(currentName());  // another program may have renamed it, and its plans
+    change(item);
     isChanged = true;
-    store_.execute(statements::renamePlans(before, item.name));
+    names.erase(item.name);
+    for (const QString& name : names) store_.execute(statements::renamePlans(name, item.name));
     both.commit();
   } catch (const StoreError&) {
     if (isChanged) {  // in the set, and not in the schedule

@@ -92,6 +92,7 @@ class ItemCatalogue {
 
  private:
   Recordset openItems() const;
+  void readAgain();
   static void setColumns(Recordset& items, const Item& item);
 
   ScheduleStore& store_;

@@ -1,7 +1,9 @@
 #include "schedule/time_blocks.h"
 
 #include "routine/calendar_text.h"
+#include "routine/text.h"
 #include "store/statements.h"
+#include "store/store_error.h"
 
 #include <set>
 
@@ -17,6 +19,18 @@ constexpr TableColumn kBlockColumns[]{
 
 constexpr WholeTable kBlockTable{kBlockColumns, statements::blocksByStart, statements::allBlocks,
                                  statements::deleteBlocks};
+
+// Two plans never get into one place.
+void movePlans(ScheduleStore& store, const QString& from, const QString& to) {
+  auto taken = store.open(statements::plansInBothBlocks(from, to));
+  if (!taken.atEnd()) {
+    throw StoreError(
+        StoreFault::Other,
+        u"没有保存：编号%1的计划不能改到编号%2，因为那里已有安排：%3 等 %4 处。"_qs.arg(
+            quoted(from), quoted(to), isoDate(taken.date(u"RQ")), QString::number(taken.count())));
+  }
+  store.execute(statements::moveToBlock(from, to));
+}
 
 }  // namespace
 
@@ -95,7 +109,7 @@ std::vector<LostBlock> blocksLostBy(ScheduleStore& store, const Sheet& sheet,
 TableRows SaveTimeBlocks(ScheduleStore& store, const Sheet& sheet, const TableRows* asRead,
                          const NewCodes& newCodes) {
   return saveTable(store, sheet, kBlockTable, asRead, [&] {
-    for (const auto& [from, to] : newCodes) store.execute(statements::moveToBlock(from, to));
+    for (const auto& [from, to] : newCodes) movePlans(store, from, to);
   });
 }
 

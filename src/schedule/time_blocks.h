@@ -74,7 +74,8 @@ std::vector<LostBlock> blocksLostBy(ScheduleStore& store, const Sheet& sheet,
 using NewCodes = std::map<QString, QString>;
 
 // Makes the sheet's complete rows the stored blocks; see saveTable. Codes may repeat, hours may
-// overlap or be reversed. The plans get their new codes in the same transaction.
+// overlap or be reversed. The plans get their new codes in the same transaction; where that would
+// bring two plans to one place, StoreFault::Other names the first, and nothing is saved.
 TableRows SaveTimeBlocks(ScheduleStore& store, const Sheet& sheet,
                          const TableRows* asRead = nullptr, const NewCodes& newCodes = {});
 

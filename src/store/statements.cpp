@@ -78,6 +78,12 @@ Query plansInBlock(const QString& code) {
   return {u"SELECT * FROM JH WHERE SJKH=?"_qs, {code}};
 }
 
+Query plansInBothBlocks(const QString& code, const QString& other) {
+  return {
+      u"SELECT * FROM JH WHERE SJKH=? AND RQ IN (SELECT RQ FROM JH WHERE SJKH=?) ORDER BY RQ"_qs,
+      {code, other}};
+}
+
 Query moveToBlock(const QString& from, const QString& to) {
   return {u"UPDATE JH SET SJKH=? WHERE SJKH=?"_qs, {to, from}};
 }

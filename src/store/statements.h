@@ -29,6 +29,8 @@ Query plansOfActivity(const QString& name);
 Query planOfActivityInBlock(const QString& name, QDate date, const QString& code);
 Query allPlans();
 Query plansInBlock(const QString& code);
+// Those of one block on dates on which another has plans too.
+Query plansInBothBlocks(const QString& code, const QString& other);
 Query moveToBlock(const QString& from, const QString& to);
 Query renamePlans(const QString& from, const QString& to);
 Query deletePlansOfActivity(const QString& name);

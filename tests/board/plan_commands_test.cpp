@@ -121,10 +121,10 @@ TEST_F(PlanCommandsTest, ChangeTextsAndArrangeInDialogs) {
   EXPECT_EQ(prompts_.warnings, QStringList()) << status().toStdString();
   EXPECT_EQ(savedPlans(store_).first(), u"2007-03-05|001|读书|第二章|3"_qs);
   at(5, 1);
-  inWindowOpenedBy([] { type(u"跑"_qs); },
+  inWindowOpenedBy([] { type(u"p"_qs); },
                    [] {
                      EXPECT_EQ(lines(u"Activities"_qs), (QStringList{u"3-运动"_qs, u"跑步"_qs}));
-                     press(Qt::Key_Return);
+                     type(u"b\n"_qs);
                    });
   EXPECT_EQ(cell(5, 1), u"跑步/");
 }

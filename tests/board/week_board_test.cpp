@@ -62,6 +62,8 @@ TEST_F(WeekBoardTest, OpensAtTodayAndStepsByDayAndByWeek) {
   }
   control<DatePicker>(u"D1"_qs).setDate(kMonday.addDays(1));
   EXPECT_EQ(cell(7, 1), u"跑步/要求"_qs);
+  QTest::mouseDClick(&control(u"Lxq"_qs), Qt::LeftButton);
+  EXPECT_EQ(board_.firstDay(), kMonday);
   EXPECT_TRUE(prompts_.warnings.isEmpty());
 }
 
@@ -85,8 +87,10 @@ TEST_F(WeekBoardTest, IsRebuiltAfterAWindowOnlyWhenTheFlagIsSet) {
   open(board_);
   click(u"Command3"_qs);
   EXPECT_EQ(cell(1, 1), u"读书/要求"_qs);
+  EXPECT_TRUE(control(u"CmdRefresh"_qs).isVisible());
   click(u"Command1"_qs);
   EXPECT_EQ(cell(1, 1), QString());
+  EXPECT_FALSE(control(u"CmdRefresh"_qs).isVisible());
 }
 
 TEST_F(WeekBoardTest, ClearsPlansMemosWeekNamesAndSkinOnlyAfterYes) {

@@ -38,17 +38,23 @@ TEST_F(TableEditorTest, BlocksAreStoredOnceEveryCellCanBeAndOpenAloneDropsWhatWa
 TEST_F(TableEditorTest, PlansOfABlockThatGoesGetAnotherOneOrHoldUpTheSave) {
   schedule_.block(u"a"_qs, u"08:00:00"_qs, u"09:00:00"_qs, u"一"_qs)
       .block(u"b"_qs, u"10:00:00"_qs, u"11:00:00"_qs, u"二"_qs)
-      .plan(kMonday, u"a"_qs, u"读书"_qs);
+      .plan(kMonday, u"a"_qs, u"读书"_qs)
+      .plan(kMonday, u"b"_qs, u"跑步"_qs);
   TimeBlockEditor editor(state_);
   open(editor);
   typeCell(2, 0, u"c"_qs);
-  prompts_.choices = {2, 0};
+  prompts_.choices = {2, 0, 0};
   const QStringList before = dumpOf(store_);
   click(u"cmdSV"_qs);
   EXPECT_EQ(dumpOf(store_), before);
   EXPECT_EQ(prompts_.questions, QStringList(u"保存后有些计划会没有时间块：编号“a”的 1 条。"_qs));
   inWindowOpenedBy([] { click(u"cmdSV"_qs); }, [] { type(u"↓\n"_qs); });
-  EXPECT_EQ(savedPlans(store_), QStringList(u"2007-03-05|b|读书|要求|1"_qs));
+  EXPECT_EQ(dumpOf(store_), before);
+  EXPECT_EQ(prompts_.warnings.last(),
+            u"没有保存：编号“a”的计划不能改到编号“b”，因为那里已有安排：2007-03-05 等 1 处。"_qs);
+  inWindowOpenedBy([] { click(u"cmdSV"_qs); }, [] { type(u"\n"_qs); });
+  EXPECT_EQ(savedPlans(store_),
+            (QStringList{u"2007-03-05|b|跑步|要求|1"_qs, u"2007-03-05|c|读书|要求|1"_qs}));
   EXPECT_EQ(prompts_.warnings.last(), u"保存完毕!"_qs);
 }
 
