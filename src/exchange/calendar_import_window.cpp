@@ -109,8 +109,8 @@ QLayout* CalendarImportWindow::makeFileLine() {
 
 QLayout* CalendarImportWindow::makeConflictLine() {
   auto* line = new QHBoxLayout;
-  line->addWidget(
-      new QLabel(u"红字的行已有别的安排；按空格或点“处理”一格，在保留和替换之间切换。"_qs, this));
+  line->addWidget(new QLabel(
+      u"左边有橙色标记的行已有别的安排：按空格或点“处理”一格，换成替换或保留。"_qs, this));
   line->addStretch();
   line->addWidget(replace_all_);
   line->addWidget(keep_all_);
@@ -209,11 +209,21 @@ void CalendarImportWindow::show(CalendarImport import) {
     showImport(grid_->sheet(), import_, TimeBlockList(state().Db), memos_->isChecked());
     grid_->Redraw();
     grid_->SetCurrentCell(kImportFate, 0);
+    markConflicts();
   }
   activities_->clear();
   for (const NewActivity& activity : import_.activities) activities_->addItem(lineOf(activity));
   activities_->setCurrentRow(import_.activities.empty() ? -1 : 0);
   updateButtons();
+}
+
+void CalendarImportWindow::markConflicts() {
+  std::vector<RowMark> marks;
+  for (int row = 0; row < grid_->Rows(); ++row) {
+    const ImportLine& line = import_.lines[static_cast<std::size_t>(row)];
+    if (line.state == ImportState::Taken) marks.push_back({row, u"已有别的安排"_qs});
+  }
+  grid_->markRows(std::move(marks));
 }
 
 void CalendarImportWindow::showCategory() {

@@ -40,7 +40,7 @@ class CalendarImportWindow : public PlannerWindow {
   // Compares the file with the schedule anew, for the chosen days.
   void compare();
   void show(CalendarImport import);
-  void showActivities();
+  void markConflicts();
   void showCategory();
   void setCategory();
   void setReplaces(int row, bool replaces);

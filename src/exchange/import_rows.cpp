@@ -15,7 +15,7 @@ namespace {
 constexpr int kImportRowHeight = 22;
 
 constexpr ListColumn kImportColumns[kImportCols]{{u"日期", 130}, {u"时间", 90},  {u"时间块", 110},
-                                                 {u"活动", 150}, {u"要求", 170}, {u"处理", 190}};
+                                                 {u"活动", 150}, {u"要求", 170}, {u"处理", 208}};
 
 QString hoursOf(const CalendarOccurrence& when) {
   if (when.isDay) return u"全天"_qs;
@@ -33,8 +33,20 @@ QString blockOf(const ImportLine& line, const TimeBlockList& blocks) {
   return isSameDay ? name : QString(monthAndDay(line.place.first) + u' ' + name);
 }
 
+QString oneLine(QString text) {
+  return text.replace(kLineBreak, u' ').replace(u'\n', u' ');
+}
+
+// Of the same activity what differs.
+QString heldBy(const ImportLine& line) {
+  const PlanTexts& held = line.held.front();
+  if (held.activity != line.texts.activity) return quoted(held.activity);
+  const bool isRequirement = held.requirement != line.texts.requirement;
+  return isRequirement ? u"要求"_qs + quoted(oneLine(held.requirement)) : u"等级 "_qs + held.level;
+}
+
 QString fateOf(const ImportLine& line, bool withMemos) {
-  const QString held = line.held.empty() ? QString() : quoted(line.held.front().activity);
+  const QString held = line.held.empty() ? QString() : heldBy(line);
   switch (line.state) {
     case ImportState::New:
       return u"导入"_qs;
@@ -50,10 +62,6 @@ QString fateOf(const ImportLine& line, bool withMemos) {
       return withMemos ? u"记入备忘"_qs : u"不导入：全天事项"_qs;
   }
   return {};
-}
-
-QString oneLine(QString text) {
-  return text.replace(kLineBreak, u' ').replace(u'\n', u' ');
 }
 
 }  // namespace
@@ -80,7 +88,6 @@ void showImport(Sheet& sheet, const CalendarImport& import, const TimeBlockList&
 
 void showFate(Sheet& sheet, int row, const ImportLine& line, bool withMemos) {
   sheet.SetCellText(kImportFate, row, fateOf(line, withMemos));
-  if (line.state == ImportState::Taken) sheet.SetCellColors(kImportFate, row, kRed, kWhite);
 }
 
 QString importSummary(const CalendarImport& import, const CalendarOccurrences& occurrences) {

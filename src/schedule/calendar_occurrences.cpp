@@ -237,7 +237,7 @@ std::pair<QDate, QDate> proposedDays(const CalendarFile& file, QDate today) {
   if (first > last) return {today, today.addDays(kHalfAYear)};
   if (first.daysTo(last) < kDaysAtOnce) return {first, last};
   if (last < today) return {last.addDays(-kHalfAYear), last};
-  const QDate begin = std::max(first, today);
+  const QDate begin = std::max(first, today.addDays(1 - today.dayOfWeek()));
   return {begin, std::min(last, begin.addDays(kHalfAYear))};
 }
 

@@ -33,7 +33,8 @@ CalendarOccurrences occurrencesIn(const CalendarFile& file, QDate first, QDate l
                                   const QTimeZone& here = QTimeZone::systemTimeZone(),
                                   const WorkProgress& progress = {});
 
-// The days worth looking at: all of a short calendar, of a long one half a year from today on.
+// The days worth looking at: all of a short calendar, of a long one half a year from this
+// week on.
 std::pair<QDate, QDate> proposedDays(const CalendarFile& file, QDate today);
 
 }  // namespace vellora
