@@ -3,7 +3,7 @@
 
 build_packages=(
   build-essential cmake ninja-build ccache
-  qt6-base-dev qt6-translations-l10n libsqlitecpp-dev libsqlite3-dev libical-dev
+  qt6-base-dev qt6-svg-dev qt6-translations-l10n libsqlitecpp-dev libsqlite3-dev libical-dev
 )
 font_packages=(fonts-noto-cjk fonts-arphic-gkai00mp)
 check_packages=(clang-format clang-tidy)

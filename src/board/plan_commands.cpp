@@ -7,6 +7,7 @@
 #include "schedule/items.h"
 #include "schedule/time_blocks.h"
 #include "shell/application_state.h"
+#include "shell/line_icon.h"
 #include "shell/work_dialog.h"
 #include "store/moment.h"
 #include "store/store_error.h"
@@ -31,9 +32,10 @@ PlanCommands::PlanCommands(const Board& board) : QObject(board.window), board_(b
   });
 }
 
-void PlanCommands::add(const QString& name, const QString& text, const QKeySequence& key, Act act,
-                       bool (PlanCommands::*isPossible)() const, bool endsGroup) {
-  auto* action = new QAction(text, this);
+void PlanCommands::add(const QString& name, const QString& icon, const QString& text,
+                       const QKeySequence& key, Act act, bool (PlanCommands::*isPossible)() const,
+                       bool endsGroup) {
+  auto* action = new QAction(lineIcon(icon), text, this);
   action->setObjectName(name);
   action->setShortcut(key);
   const bool isOfTheWindow = name == u"Find" || name == u"Undo" || name == u"Redo";
@@ -48,32 +50,33 @@ void PlanCommands::add(const QString& name, const QString& text, const QKeySeque
 
 void PlanCommands::addCellCommands() {
   using C = PlanCommands;
-  add(u"EditTexts"_qs, u"修改要求和等级…"_qs, Qt::Key_F2, &C::editTexts, &C::isPlanned);
-  add(u"MoveTo"_qs, u"移到…"_qs, {}, &C::moveTo, &C::isPlanned);
-  add(u"Arrange"_qs, u"安排活动…"_qs, Qt::Key_Insert, &C::arrange, &C::isFree);
-  add(u"Cut"_qs, u"剪切"_qs, QKeySequence::Cut, &C::cut, &C::hasPlans);
-  add(u"Copy"_qs, u"复制"_qs, QKeySequence::Copy, &C::copy, &C::hasPlans);
-  add(u"Paste"_qs, u"粘贴"_qs, QKeySequence::Paste, &C::paste, &C::canPaste);
-  add(u"Cancel"_qs, u"取消这一次"_qs, Qt::Key_Delete, &C::cancel, &C::hasPlans);
-  add(u"CancelFromHereOn"_qs, u"取消以后的这一节…"_qs, {}, &C::cancelFromHereOn, &C::isPlanned);
-  add(u"OpenPlan"_qs, u"打开项目计划"_qs, {}, &C::openPlan, &C::isPlanned, true);
-  add(u"OpenDay"_qs, u"打开每日计划"_qs, {}, &C::openDay, &C::isDay);
-  add(u"OpenMemo"_qs, u"每日备忘"_qs, {}, &C::openMemo, &C::isDay);
-  add(u"CopyDay"_qs, u"复制这一天到…"_qs, {}, &C::copyDay, &C::isDay);
-  add(u"ClearDay"_qs, u"清空这一天"_qs, {}, &C::clearDay, &C::isDay, true);
+  add(u"EditTexts"_qs, u"edit"_qs, u"修改要求和等级…"_qs, Qt::Key_F2, &C::editTexts, &C::isPlanned);
+  add(u"MoveTo"_qs, u"move"_qs, u"移到…"_qs, {}, &C::moveTo, &C::isPlanned);
+  add(u"Arrange"_qs, u"add"_qs, u"安排活动…"_qs, Qt::Key_Insert, &C::arrange, &C::isFree);
+  add(u"Cut"_qs, u"cut"_qs, u"剪切"_qs, QKeySequence::Cut, &C::cut, &C::hasPlans);
+  add(u"Copy"_qs, u"copy"_qs, u"复制"_qs, QKeySequence::Copy, &C::copy, &C::hasPlans);
+  add(u"Paste"_qs, u"paste"_qs, u"粘贴"_qs, QKeySequence::Paste, &C::paste, &C::canPaste);
+  add(u"Cancel"_qs, u"cancel"_qs, u"取消这一次"_qs, Qt::Key_Delete, &C::cancel, &C::hasPlans);
+  add(u"CancelFromHereOn"_qs, u"cancel-on"_qs, u"取消以后的这一节…"_qs, {}, &C::cancelFromHereOn,
+      &C::isPlanned);
+  add(u"OpenPlan"_qs, u"activity"_qs, u"打开项目计划"_qs, {}, &C::openPlan, &C::isPlanned, true);
+  add(u"OpenDay"_qs, u"day"_qs, u"打开每日计划"_qs, {}, &C::openDay, &C::isDay);
+  add(u"OpenMemo"_qs, u"memo"_qs, u"每日备忘"_qs, {}, &C::openMemo, &C::isDay);
+  add(u"CopyDay"_qs, u"copy"_qs, u"复制这一天到…"_qs, {}, &C::copyDay, &C::isDay);
+  add(u"ClearDay"_qs, u"clear"_qs, u"清空这一天"_qs, {}, &C::clearDay, &C::isDay, true);
 }
 
 void PlanCommands::addWeekCommands() {
   using C = PlanCommands;
-  add(u"CopyWeek"_qs, u"复制本周…"_qs, {}, &C::copyWeek, &C::isWeek);
-  add(u"CopyWeekTo"_qs, u"复制本周到…"_qs, {}, &C::copyWeekTo, &C::isWeek);
-  add(u"ClearWeek"_qs, u"清空本周"_qs, {}, &C::clearWeek, &C::isWeek);
-  add(u"Postpone"_qs, u"本周起顺延一周"_qs, {}, &C::postpone, &C::isWeek, true);
-  add(u"ExportCalendar"_qs, u"导出日历…"_qs, {}, &C::exportCalendar, &C::isWeek);
-  add(u"ImportCalendar"_qs, u"导入日历…"_qs, {}, &C::importCalendar, &C::isWeek, true);
-  add(u"Find"_qs, u"查找…"_qs, QKeySequence::Find, &C::find, &C::isWeek);
-  add(u"Undo"_qs, u"撤消"_qs, QKeySequence::Undo, &C::undo, &C::canUndo);
-  add(u"Redo"_qs, u"重做"_qs, Qt::CTRL | Qt::Key_Y, &C::redo, &C::canRedo);
+  add(u"CopyWeek"_qs, u"copy-week"_qs, u"复制本周…"_qs, {}, &C::copyWeek, &C::isWeek);
+  add(u"CopyWeekTo"_qs, u"copy-to"_qs, u"复制本周到…"_qs, {}, &C::copyWeekTo, &C::isWeek);
+  add(u"ClearWeek"_qs, u"clear"_qs, u"清空本周"_qs, {}, &C::clearWeek, &C::isWeek);
+  add(u"Postpone"_qs, u"postpone"_qs, u"本周起顺延一周"_qs, {}, &C::postpone, &C::isWeek, true);
+  add(u"ExportCalendar"_qs, u"export"_qs, u"导出日历…"_qs, {}, &C::exportCalendar, &C::isWeek);
+  add(u"ImportCalendar"_qs, u"import"_qs, u"导入日历…"_qs, {}, &C::importCalendar, &C::isWeek, true);
+  add(u"Find"_qs, u"find"_qs, u"查找…"_qs, QKeySequence::Find, &C::find, &C::isWeek);
+  add(u"Undo"_qs, u"undo"_qs, u"撤消"_qs, QKeySequence::Undo, &C::undo, &C::canUndo);
+  add(u"Redo"_qs, u"redo"_qs, u"重做"_qs, Qt::CTRL | Qt::Key_Y, &C::redo, &C::canRedo);
 }
 
 void PlanCommands::fill(QMenu& menu) {

@@ -66,8 +66,8 @@ class PlanCommands : public QObject {
     bool (PlanCommands::*isPossible)() const;
     bool endsGroup;
   };
-  void add(const QString& name, const QString& text, const QKeySequence& key, Act act,
-           bool (PlanCommands::*isPossible)() const, bool endsGroup = false);
+  void add(const QString& name, const QString& icon, const QString& text, const QKeySequence& key,
+           Act act, bool (PlanCommands::*isPossible)() const, bool endsGroup = false);
   void addCellCommands();
   void addWeekCommands();
 

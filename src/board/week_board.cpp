@@ -1,5 +1,6 @@
 #include "board/week_board.h"
 
+#include "board/board_zoom.h"
 #include "board/find_bar.h"
 #include "board/plan_commands.h"
 #include "board/plan_drag.h"
@@ -35,6 +36,13 @@ namespace {
 constexpr int kBoardRowHeight = 38;        // two lines of the board's font
 constexpr int kMostTemplateRows = 10'000;  // views keep some bytes for each
 
+QFont weekNameFont(QFont font) {
+  constexpr qreal kLarger = 1.5;
+  font.setPointSizeF(font.pointSizeF() * kLarger);
+  font.setBold(true);
+  return font;
+}
+
 }  // namespace
 
 WeekBoard::WeekBoard(ApplicationState& state)
@@ -42,6 +50,7 @@ WeekBoard::WeekBoard(ApplicationState& state)
       commands_(new CommandBar(this)),
       days_(makeArrowStepper({u"D1"_qs, u"Lxq"_qs, u"起始日期"_qs}, state.clock, this)),
       week_name_(named(new ElidedLabel(this), u"Lmm"_qs)),
+      shown_days_(named(new ElidedLabel(this), u"ShownDays"_qs)),
       today_(makeButton(u"CmdToday"_qs, u"今天"_qs, this, [this] { days_->goToToday(); })),
       more_(makeButton(u"CmdMore"_qs, u"更多(&M)"_qs, this, [this] { showMenu(); })),
       grid_(named(new GridSurface(this), u"Cell1"_qs, u"周计划表"_qs)),
@@ -62,6 +71,7 @@ WeekBoard::WeekBoard(ApplicationState& state)
   attachCommand(BoardCommand::ClearSchedule, [this] { clearSchedule(); });
   attachCommand(BoardCommand::Exit, [this] { close(); });
   addPlanCommands();
+  zoom_ = new BoardZoom(*grid_, state, [this](const QString& message) { showMessage(message); });
 }
 
 WeekBoard::~WeekBoard() {
@@ -73,7 +83,11 @@ void WeekBoard::layOut() {
   top->addWidget(days_);
   top->addWidget(today_);
   top->addSpacing(16);
-  top->addWidget(week_name_, 1);
+  auto* title = new QVBoxLayout;
+  title->setSpacing(0);
+  title->addWidget(week_name_);
+  title->addWidget(shown_days_);
+  top->addLayout(title, 1);
   top->addWidget(more_);
   auto* right = new QVBoxLayout;
   find_place_ = new QVBoxLayout;
@@ -218,6 +232,7 @@ void WeekBoard::setUpGrid() {
   grid_->setRowNumbersVisible(false);
   grid_->setFrozen(1, 1);
   grid_->setSharesWidth(true);
+  grid_->setSharesHeight(1);
   grid_->setEditable(false);
   grid_->SetRedrawSwitch(false);
   grid_->SetDefaultRowHeight(kBoardRowHeight);
@@ -231,6 +246,7 @@ void WeekBoard::setUpGrid() {
 
 void WeekBoard::BuildTimeRows() {
   vellora::BuildTimeRows(state().Db, grid_->sheet());
+  zoom_->fit();
   grid_->Redraw();
   grid_->SetCurrentCell(0, 1);
   grid_->SetCurrentCell(0, 0);
@@ -239,14 +255,25 @@ void WeekBoard::BuildTimeRows() {
 void WeekBoard::FillWeek() {
   const QDate first = firstDay();
   const WeekTexts texts = vellora::FillWeek(state().Db, grid_->sheet(), first);
-  showTitle(boardCaption(first, texts.memo));
-  week_name_->setFont(isPlainText(texts.weekName) ? plainFont(font()) : font());
-  week_name_->setText(texts.weekName);
+  showTexts(texts);
   grid_->SetRangeBorder(0, 0, grid_->Cols() - 1, grid_->Rows() - 1, 0, 1, kBlue);
   markToday();
   grid_->Redraw();
   grid_->SetRedrawSwitch(true);
   grid_->SetCurrentCell(1, 1);
+}
+
+void WeekBoard::showTexts(const WeekTexts& texts) {
+  showTitle(boardCaption(firstDay(), texts.memo));
+  week_name_->setFont(weekNameFont(isPlainText(texts.weekName) ? plainFont(font()) : font()));
+  week_name_->setText(texts.weekName);
+  week_name_->setVisible(!texts.weekName.isEmpty());
+  shown_days_->setText(shownDays(firstDay()));
+  std::map<int, QString> notes;
+  for (std::size_t day = 0; day < texts.memos.size(); ++day) {
+    if (!texts.memos[day].isEmpty()) notes[static_cast<int>(day) + 1] = texts.memos[day];
+  }
+  grid_->setHeadingNotes(std::move(notes));
 }
 
 void WeekBoard::markToday() {

@@ -11,6 +11,7 @@ class QVBoxLayout;
 
 namespace vellora {
 
+class BoardZoom;
 class DateStepper;
 class ElidedLabel;
 class FindBar;
@@ -18,6 +19,7 @@ class GridSurface;
 class PlanCommands;
 class PlanDrag;
 struct SearchHit;
+struct WeekTexts;
 
 // The main window: seven days from the picked date by the time blocks. F5 reads it anew. It knows
 // no other window; what its commands and clicks open is attached from outside.
@@ -74,6 +76,7 @@ class WeekBoard : public PlannerWindow {
   void fillAfterStep();
   void readAgain();
   void showStale(const QString& message);
+  void showTexts(const WeekTexts& texts);
   void showSaved(const QString& message, bool rebuilds);
   void markToday();
   void openFind();
@@ -90,12 +93,14 @@ class WeekBoard : public PlannerWindow {
   CommandBar* commands_;
   DateStepper* days_;
   ElidedLabel* week_name_;
+  ElidedLabel* shown_days_;
   QPushButton* today_;
   QPushButton* more_;
   GridSurface* grid_;
   QPushButton* refresh_;
   QVBoxLayout* find_place_ = nullptr;
   FindBar* find_bar_ = nullptr;
+  BoardZoom* zoom_ = nullptr;
   PlanCommands* plan_commands_ = nullptr;
   std::unique_ptr<PlanDrag> plan_drag_;
   qint64 changes_seen_ = 0;  // rows changed by this program when the board was last read

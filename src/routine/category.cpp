@@ -24,6 +24,10 @@ std::optional<int> categoryIndex(const QString& label) {
   return static_cast<int>(found - all.begin());
 }
 
+QString categoryHint(int index) {
+  return u"类别："_qs + categories().at(static_cast<std::size_t>(index)).label;
+}
+
 QString allCategoriesLabel() {
   return u"所有类别"_qs;
 }

@@ -19,6 +19,9 @@ inline constexpr int kCategoryCount = 6;
 
 const std::array<Category, kCategoryCount>& categories();
 
+// What a text or paper of a category is called where only its colour is seen.
+QString categoryHint(int index);
+
 // Position of a stored label; none for any text that is not exactly one of the six.
 std::optional<int> categoryIndex(const QString& label);
 

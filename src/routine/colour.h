@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 
 namespace vellora {
 
@@ -26,5 +27,15 @@ inline constexpr PackedColour kBlack = packColour(0, 0, 0);
 inline constexpr PackedColour kWhite = packColour(255, 255, 255);
 inline constexpr PackedColour kRed = packColour(255, 0, 0);
 inline constexpr PackedColour kBlue = packColour(0, 0, 255);
+
+// The contrast ratio of two colours, 1 to 21; the least for texts, and more than that for what is
+// drawn finer than a text: WCAG 2.1, 1.4.3 and 1.4.6.
+double contrastOf(PackedColour one, PackedColour other);
+inline constexpr double kReadableContrast = 4.5;
+inline constexpr double kEdgeContrast = 7;
+
+// The shade of a text's colour, darker or lighter, that drawn around the text makes it readable on
+// its paper; none where the text is readable by itself.
+std::optional<PackedColour> edgeFor(PackedColour text, PackedColour paper);
 
 }  // namespace vellora

@@ -1,6 +1,7 @@
 #include "schedule/week.h"
 
 #include "routine/calendar_text.h"
+#include "routine/category.h"
 #include "store/statements.h"
 
 namespace vellora {
@@ -34,16 +35,21 @@ void fillPlannedCell(ScheduleStore& store, Sheet& sheet, int col, int row, RowCu
   sheet.SetCellText(col, row, activity + kLineBreak + plan.text(u"HDYQ"));
   sheet.SetCellTag(col, row, activity);
   RowCursor item = store.readOnce(statements::itemNamed(activity));
+  int category = 0;
   if (item.next()) {
     sheet.SetCellColors(col, row, static_cast<PackedColour>(item.number(u"FRGB")), kPlanPaper);
+    category = categoryIndex(item.text(u"HDLB")).value_or(-1) + 1;
   } else {
     sheet.SetCellColors(col, row, kBlack, kWhite);
   }
+  sheet.SetCellCategory(col, row, category);
   sheet.SetCellAlign(col, row, kAlignCentred);
+  sheet.SetCellWrap(col, row, true);
 }
 
 void emptyCell(Sheet& sheet, int col, int row) {
   sheet.SetCellColors(col, row, kBlack, kWhite);
+  sheet.SetCellCategory(col, row, 0);
   sheet.SetCellText(col, row, QString());
   sheet.SetCellTag(col, row, QString());
 }
@@ -67,7 +73,14 @@ void BuildTimeRows(ScheduleStore& store, Sheet& sheet) {
 WeekTexts FillWeek(ScheduleStore& store, Sheet& sheet, QDate first) {
   const ScheduleStore::ReadTransaction oneView(store);
   WeekTexts texts{firstText(store, statements::memoOn(first), u"Memo"),
-                  firstText(store, statements::weekNamesAt(first), u"MM")};
+                  firstText(store, statements::weekNamesAt(first), u"MM"),
+                  {}};
+  RowCursor memos = store.readOnce(statements::memosBetween(first, first.addDays(kBoardDays - 1)));
+  while (memos.next()) {
+    const qint64 day = first.daysTo(memos.date(u"RQ"));
+    if (day >= 0 && day < kBoardDays)
+      texts.memos[static_cast<std::size_t>(day)] = memos.text(u"Memo");
+  }
   fillHeadings(sheet, first);
   for (int col = 1; col < kBoardCols; ++col) {
     const QDate day = first.addDays(col - 1);
@@ -81,6 +94,14 @@ WeekTexts FillWeek(ScheduleStore& store, Sheet& sheet, QDate first) {
     }
   }
   return texts;
+}
+
+QString shownDays(QDate first) {
+  const QDate last = first.addDays(kBoardDays - 1);
+  QString weeks = QString::number(first.weekNumber());
+  if (first.weekNumber() != last.weekNumber()) weeks += u'、' + QString::number(last.weekNumber());
+  return first.toString(u"M月d日") + u" – "_qs + last.toString(u"M月d日") + u"   第"_qs + weeks +
+         u'周';
 }
 
 QString boardCaption(QDate first, const QString& memo) {

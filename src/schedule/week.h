@@ -7,6 +7,8 @@
 #include <QDate>
 #include <QString>
 
+#include <array>
+
 namespace vellora {
 
 // The board is a sheet of eight columns: row 0 holds the seven days, column 0 the time blocks.
@@ -16,8 +18,9 @@ inline constexpr PackedColour kPlanPaper = packColour(230, 220, 255);
 
 // What the fill finds besides the cells.
 struct WeekTexts {
-  QString memo;      // of the first day
-  QString weekName;  // of the first range that holds the first day
+  QString memo;                             // of the first day
+  QString weekName;                         // of the first range that holds the first day
+  std::array<QString, kBoardDays> memos{};  // of every day
 };
 
 // One row per time block in the order of their codes, below the row of days: hours and name in
@@ -27,6 +30,9 @@ void BuildTimeRows(ScheduleStore& store, Sheet& sheet);
 // The seven days from `first`: headings with the date as tag, and in each planned cell the
 // activity, its requirement, its colour, and its name as tag. Reads one view of the database.
 WeekTexts FillWeek(ScheduleStore& store, Sheet& sheet, QDate first);
+
+// "11月23日 – 11月29日   第48周": the days that the board shows, and their ISO weeks.
+QString shownDays(QDate first);
 
 // The board's caption: program, date, and the memo if there is one.
 QString boardCaption(QDate first, const QString& memo);

@@ -18,7 +18,7 @@ QSize ElidedLabel::sizeHint() const {
 }
 
 QSize ElidedLabel::minimumSizeHint() const {
-  return {0, fontMetrics().height() + 2 * margin()};
+  return {0, fontMetrics().size(Qt::TextSingleLine, text()).height() + 1 + 2 * margin()};
 }
 
 // One line: a line break would hide what stands behind it.

@@ -2,6 +2,7 @@
 
 #include "grid/surface/grid_surface.h"
 #include "shell/grid_keys.h"
+#include "shell/remembered.h"
 #include "shell/skin.h"
 #include "shell/status_line.h"
 
@@ -15,6 +16,8 @@
 
 namespace vellora {
 namespace {
+
+const QString kMaximized = u"maximized"_qs;
 
 // What a window may take of a screen, so that its frame and the desktop's bars have room too.
 QRect roomOn(const QScreen& screen) {
@@ -73,10 +76,17 @@ void PlannerWindow::Load() {
   onLoad();
 }
 
+QString PlannerWindow::sizeKey() const {
+  return u"windows/"_qs + objectName();
+}
+
 // No larger than the screen has room for, and over the window that opened it.
 void PlannerWindow::placeOnScreen() {
   const QRect room = roomOn(*(parentWidget() ? parentWidget()->screen() : screen()));
-  const QSize wanted = testAttribute(Qt::WA_Resized) ? size() : sizeHint();
+  const QSize usual = testAttribute(Qt::WA_Resized) ? size() : sizeHint();
+  const QVariant last = remembered(state_).value(sizeKey());
+  if (last == kMaximized) setWindowState(Qt::WindowMaximized);
+  const QSize wanted = last.toSize().isValid() ? last.toSize() : usual;
   resize(wanted.boundedTo(room.size()).expandedTo(minimumSizeHint()));
   if (!parentWidget()) return;
   QRect place = rect();
@@ -90,6 +100,7 @@ void PlannerWindow::placeOnScreen() {
 
 void PlannerWindow::Show() {
   placeOnScreen();
+  opened_at_ = size();
   show();
   onActivate();
 }
@@ -105,6 +116,8 @@ void PlannerWindow::ShowModal() {
 void PlannerWindow::closeEvent(QCloseEvent* event) {
   if (!mayClose()) return event->ignore();
   onUnload();
+  const QVariant last = isMaximized() ? QVariant(kMaximized) : QVariant(size());
+  if (isVisible() && size() != opened_at_) remembered(state_).setValue(sizeKey(), last);
   event->accept();
   emit closed();
 }

@@ -24,8 +24,9 @@ class PlannerWindow : public QWidget {
 
   // Puts the skin on, then runs the window's own load step.
   void Load();
-  // Shows the window and activates it; returns at once. It opens at the size it was given, else at
-  // what its content asks for, both bounded by the screen.
+  // Shows the window and activates it; returns at once. It opens at the size that the user last
+  // gave it, else at that it was made with, else at what its content asks for, bounded by the
+  // screen.
   void Show();
   // Shows the window over its parent, activates it, and returns when it has closed.
   void ShowModal();
@@ -63,9 +64,11 @@ class PlannerWindow : public QWidget {
 
  private:
   void placeOnScreen();
+  QString sizeKey() const;
 
   ApplicationState& state_;
   StatusLine* status_line_;
+  QSize opened_at_;
   GridKeys* grid_keys_ = nullptr;  // goes with its grid
 };
 

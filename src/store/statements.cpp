@@ -112,6 +112,10 @@ Query memoOn(QDate date) {
   return {u"SELECT * FROM BW WHERE RQ=?"_qs, {date}};
 }
 
+Query memosBetween(QDate first, QDate last) {
+  return {u"SELECT * FROM BW WHERE RQ>=? AND RQ<=?"_qs, {first, last}};
+}
+
 Query deleteMemos() {
   return deleteAllFrom(u"BW"_qs);
 }

@@ -40,6 +40,7 @@ Query deletePlans();
 // BW, the memos.
 Query allMemos();
 Query memoOn(QDate date);
+Query memosBetween(QDate first, QDate last);
 Query deleteMemos();
 
 // MM, the week names.

@@ -2,6 +2,7 @@
 
 #include "grid/files/export_file.h"
 #include "grid/files/exported_sheet.h"
+#include "routine/category.h"
 
 #include <QStringEncoder>
 
@@ -94,6 +95,18 @@ QByteArray cssOf(const CellStyle& style) {
                    ";vertical-align:" + down(style.align);
   if (style.hasColours) {
     css += ";color:" + cssColour(style.textColour) + ";background:" + cssColour(style.backColour);
+  }
+  if (const auto shade = edgeFor(style.textColour, style.backColour);
+      shade && style.hasColours) {
+    css += ";text-shadow:";
+    for (const char* side : {"-1px 0 ", "1px 0 ", "0 -1px ", "0 1px "}) {
+      css += side + cssColour(*shade) + ',';
+    }
+    css.chop(1);
+  }
+  if (style.category > 0) {
+    const PackedColour colour = categories().at(style.category - 1U).colour;
+    css += ";box-shadow:inset 5px 0 " + cssColour(colour) + ";padding-left:8px";
   }
   if (style.border && style.borderWidth > 0) {
     css += ";border:" + QByteArray::number(style.borderWidth) + "px solid " +
@@ -202,8 +215,11 @@ void HtmlWriter::addStyle(int col, int row) {
   }
   if (!text_classes_[place].isEmpty()) return;
   const QByteArray name = 's' + QByteArray::number(number);
-  text_classes_[place] = name + '>';
-  number_classes_[place] = '"' + name + " n\">";
+  const int category = sheet_.StyleAt(col, row).category;
+  const QByteArray title =
+      category > 0 ? " title=\"" + categoryHint(category - 1).toUtf8() + '"' : QByteArray();
+  text_classes_[place] = name + title + '>';
+  number_classes_[place] = '"' + name + " n\"" + title + '>';
   rules_ += '.' + name + '{' + cssOf(sheet_.StyleAt(col, row)) + kTextFormat;
 }
 

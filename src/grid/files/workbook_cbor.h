@@ -27,7 +27,8 @@ namespace vellora {
 //   look = uint / settings  ; 0: nothing set; settings get the sheet's next number, from 1
 //   settings = {? 0: font, ? 1: [text-colour: uint, back-colour: uint],
 //               ? 2: [border-width: uint, border-colour: uint], ? 3: align: int,
-//               ? 4: input-mode: int, ? 5: option: int, ? 6: wrap: bool}
+//               ? 4: input-mode: int, ? 5: option: int, ? 6: wrap: bool,
+//               ? 7: category: 0..6}
 //   text = uint / tstr / bstr ; a text that is not empty gets the sheet's next number, from 0, as
 //                             ; long as there are fewer than 65,536; bstr: UTF-16, little endian,
 //                             ; of a text that is no valid Unicode

@@ -1,4 +1,5 @@
 #include "grid/files/workbook_cbor.h"
+#include "routine/category.h"
 
 #include <deque>
 #include <limits>
@@ -56,7 +57,7 @@ CellBorder readBorder(CborInput& input) {
 }
 
 void readSetting(CborInput& input, CellSettings& settings) {
-  switch (small(input, 6)) {
+  switch (small(input, 7)) {
     case 0:
       settings.font = readFont(input);
       break;
@@ -75,8 +76,11 @@ void readSetting(CborInput& input, CellSettings& settings) {
     case 5:
       settings.option = input.integer32();
       break;
-    default:
+    case 6:
       settings.wrap = input.boolean();
+      break;
+    default:
+      settings.category = small(input, kCategoryCount);
   }
 }
 

@@ -58,6 +58,7 @@ void appendSettings(QCborStreamWriter& writer, const CellSettings& settings) {
   plain(4, settings.inputMode);
   plain(5, settings.option);
   plain(6, settings.wrap);
+  plain(7, settings.category);
   writer.endMap();
 }
 

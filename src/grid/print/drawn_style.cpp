@@ -1,5 +1,7 @@
 #include "grid/print/drawn_style.h"
 
+#include "routine/category.h"
+
 #include <QFontDatabase>
 #include <QHash>
 #include <QStringList>
@@ -35,9 +37,9 @@ QColor colourOf(PackedColour colour) {
   return {redOf(colour), greenOf(colour), blueOf(colour)};
 }
 
-QFont fontOf(const CellFont& font) {
+QFont fontOf(const CellFont& font, qreal scale) {
   QFont drawn(installedFace(font.face));
-  drawn.setPointSize(std::max(font.size, 1));
+  drawn.setPointSizeF(std::max(font.size, 1) * scale);
   drawn.setBold(isBold(font));
   return drawn;
 }
@@ -50,6 +52,16 @@ Qt::Alignment alignmentOf(int flags) {
   if ((flags & kAlignTop) != 0) vertical = Qt::AlignTop;
   if ((flags & kAlignBottom) != 0) vertical = Qt::AlignBottom;
   return horizontal | vertical;
+}
+
+QColor edgeColourOf(const CellStyle& style) {
+  const auto shade =
+      style.hasColours ? edgeFor(style.textColour, style.backColour) : std::nullopt;
+  return shade ? colourOf(*shade) : QColor();
+}
+
+PackedColour categoryColour(int category) {
+  return categories().at(static_cast<std::size_t>(category - 1)).colour;
 }
 
 QString installedFace(const QString& face) {

@@ -12,8 +12,11 @@ namespace vellora {
 // that is installed; without a flag a text is on the left, or in the middle between above and
 // below.
 QColor colourOf(PackedColour colour);
-QFont fontOf(const CellFont& font);
+QFont fontOf(const CellFont& font, qreal scale = 1);
 Qt::Alignment alignmentOf(int flags);
+// Around a text in colours of its own that is not readable by them; else invalid.
+QColor edgeColourOf(const CellStyle& style);
+PackedColour categoryColour(int category);
 
 // The face that is drawn when the planner asks for one by name: the face itself where it is
 // installed, else the best installed stand-in for 宋体 (serif), 楷体_GB2312 (script) and 黑体

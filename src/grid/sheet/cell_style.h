@@ -47,6 +47,7 @@ struct CellStyle {
   bool border = false;
   int borderWidth = 1;  // pixels
   PackedColour borderColour = kBlack;
+  int category = 0;  // 1 + its index, shown as a stripe at the left edge; 0: none
   friend bool operator==(const CellStyle&, const CellStyle&) = default;
 };
 
@@ -72,6 +73,7 @@ struct CellSettings {
   std::optional<int> inputMode;
   std::optional<int> option;
   std::optional<bool> wrap;
+  std::optional<int> category;
   friend bool operator==(const CellSettings&, const CellSettings&) = default;
 };
 

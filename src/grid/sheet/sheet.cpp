@@ -1,6 +1,7 @@
 #include "grid/sheet/sheet.h"
 
 #include "grid/sheet/sheet_content.h"
+#include "routine/category.h"
 
 #include <algorithm>
 #include <atomic>
@@ -123,6 +124,11 @@ void Sheet::SetCellInput(int col, int row, int mode) {
 
 void Sheet::SetCellWrap(int col, int row, bool on) {
   set(col, row, CellProperty::Wrap, on ? 1 : 0);
+}
+
+void Sheet::SetCellCategory(int col, int row, int category) {
+  set(col, row, CellProperty::Category,
+      StyleTable::plainWord(std::clamp(category, 0, kCategoryCount)));
 }
 
 void Sheet::SetCellColors(int col, int row, PackedColour text, PackedColour back) {

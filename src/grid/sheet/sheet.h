@@ -63,6 +63,8 @@ class Sheet {
   void SetCellAlign(int col, int row, int flags);
   void SetCellInput(int col, int row, int mode);
   void SetCellWrap(int col, int row, bool on);
+  // 1 + a category's index, or 0 for none.
+  void SetCellCategory(int col, int row, int category);
   void SetCellColors(int col, int row, PackedColour text, PackedColour back);
   void SetCellFont(int col, int row, int size, int style, const QString& face);
   void SetDefaultFont(int size, int style, const QString& face);

@@ -78,6 +78,7 @@ CellSettings StyleTable::settings(Number number) const {
   read(CellProperty::Input, settings.inputMode, plainOf);
   read(CellProperty::Option, settings.option, plainOf);
   read(CellProperty::Wrap, settings.wrap, [](quint64 word) { return word != 0; });
+  read(CellProperty::Category, settings.category, plainOf);
   return settings;
 }
 
@@ -90,6 +91,7 @@ StyleTable::Number StyleTable::numberOf(const CellSettings& settings) {
   if (settings.inputMode) set.put(CellProperty::Input, plainWord(*settings.inputMode));
   if (settings.option) set.put(CellProperty::Option, plainWord(*settings.option));
   if (settings.wrap) set.put(CellProperty::Wrap, *settings.wrap ? 1 : 0);
+  if (settings.category) set.put(CellProperty::Category, plainWord(*settings.category));
   return keep(set);
 }
 
@@ -139,6 +141,7 @@ CellStyle StyleTable::styleOf(const Set& set) const {
   if (set.has(CellProperty::Input)) style.inputMode = plainOf(set.word(CellProperty::Input));
   if (set.has(CellProperty::Option)) style.option = plainOf(set.word(CellProperty::Option));
   style.wrap = set.has(CellProperty::Wrap) && set.word(CellProperty::Wrap) != 0;
+  if (set.has(CellProperty::Category)) style.category = plainOf(set.word(CellProperty::Category));
   return style;
 }
 

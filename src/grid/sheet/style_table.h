@@ -9,8 +9,17 @@
 
 namespace vellora {
 
-enum class CellProperty : std::size_t { Font, Colours, Border, Align, Input, Option, Wrap };
-inline constexpr std::size_t kPropertyCount = 7;
+enum class CellProperty : std::size_t {
+  Font,
+  Colours,
+  Border,
+  Align,
+  Input,
+  Option,
+  Wrap,
+  Category
+};
+inline constexpr std::size_t kPropertyCount = 8;
 
 constexpr quint32 bitOf(CellProperty property) {
   return 1U << static_cast<unsigned>(property);

@@ -7,6 +7,7 @@
 #include <QString>
 
 #include <algorithm>
+#include <map>
 #include <set>
 #include <vector>
 
@@ -41,7 +42,8 @@ struct GridAppearance {
   int frozenCols = 0;
   int frozenRows = 0;
   int markedCol = -1;
-  std::vector<RowMark> markedRows;  // ascending
+  std::vector<RowMark> markedRows;      // ascending
+  std::map<int, QString> headingNotes;  // of the first row, by column
   bool isEditable = false;
   std::set<int> lockedCols;
 
@@ -50,6 +52,10 @@ struct GridAppearance {
     return isEditable && !isHeading(col, row) && !lockedCols.contains(col);
   }
   bool isHeading(int col, int row) const { return col < frozenCols || row < frozenRows; }
+  QString noteAt(int col, int row) const {
+    const auto note = headingNotes.find(col);
+    return row == 0 && note != headingNotes.end() ? note->second : QString();
+  }
   // Null for a row without one.
   const RowMark* markOf(int row) const {
     const auto mark = std::lower_bound(markedRows.begin(), markedRows.end(), row,

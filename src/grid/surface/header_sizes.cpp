@@ -15,7 +15,7 @@ constexpr int kLeastSharedWidth = 56;
 constexpr int kRowMargin = 3;  // pixels: grid line and a little air
 
 // What one line needs of the largest font that the sheet or one of its columns asks for.
-int lowestRow(const Sheet& sheet) {
+int lowestRow(const Sheet& sheet, qreal scale) {
   std::vector<CellFont> fonts{sheet.DefaultFont()};
   for (int col = 0; col < sheet.Cols(); ++col) {
     const CellFont& font = sheet.StyleAt(col, kEveryRow).font;
@@ -23,7 +23,7 @@ int lowestRow(const Sheet& sheet) {
   }
   int highest = 0;
   for (const CellFont& font : fonts) {
-    highest = std::max(highest, QFontMetrics(plainFont(fontOf(font))).height());
+    highest = std::max(highest, QFontMetrics(plainFont(fontOf(font, scale))).height());
   }
   return highest + kRowMargin;
 }
@@ -41,8 +41,14 @@ void HeaderSizes::listen(QHeaderView* header, void (HeaderSizes::*dragged)(int, 
   connect(header, &QHeaderView::sectionResized, this,
           [this, header, dragged](int section, int, int size) {
             if (!isApplying_ && !header->isSectionHidden(section))
-              emit(this->*dragged)(section, size);
+              emit(this->*dragged)(section, qRound(size / scale_));
           });
+}
+
+void HeaderSizes::setScale(qreal scale) {
+  const QScopedValueRollback applying(isApplying_, true);
+  scale_ = scale;
+  view_.horizontalHeader()->setDefaultSectionSize(scaled(kDefaultWidth));
 }
 
 void HeaderSizes::apply(const Sheet& sheet) {
@@ -53,9 +59,9 @@ void HeaderSizes::apply(const Sheet& sheet) {
 
 void HeaderSizes::applyDefaultHeight(const Sheet& sheet) {
   const QScopedValueRollback applying(isApplying_, true);
-  lowestRow_ = lowestRow(sheet);
+  lowestRow_ = lowestRow(sheet, scale_);
   QHeaderView& header = *view_.verticalHeader();
-  const int height = std::max(sheet.DefaultRowHeight(), lowestRow_);
+  const int height = std::max(scaled(sheet.DefaultRowHeight()), lowestRow_);
   if (header.defaultSectionSize() == height) return;
   header.setDefaultSectionSize(height);
   shown_.clear();
@@ -76,10 +82,36 @@ std::map<int, HeaderSizes::RowLayout> HeaderSizes::ownLayouts(const Sheet& sheet
   const int rows = std::min(sheet.Rows(), view_.verticalHeader()->count());
   const int usual = view_.verticalHeader()->defaultSectionSize();
   for (int row = sheet.NextSizedRow(0); row < rows; row = sheet.NextSizedRow(row + 1)) {
-    const int height = std::max(sheet.RowHeight(row).value_or(usual), lowestRow_);
+    const std::optional<int> own = sheet.RowHeight(row);
+    const int height = std::max(own ? scaled(*own) : usual, lowestRow_);
     layouts[row] = {height, sheet.IsRowHidden(row)};
   }
+  if (firstSharer_) shareHeight(sheet, layouts);
   return layouts;
+}
+
+// Only while every row fits; else the rows keep their height, and the view scrolls.
+void HeaderSizes::shareHeight(const Sheet& sheet, std::map<int, RowLayout>& layouts) const {
+  const int rows = std::min(sheet.Rows(), view_.verticalHeader()->count());
+  const int usual = view_.verticalHeader()->defaultSectionSize();
+  int room = view_.viewport()->height();
+  int sharers = 0;
+  for (int row = 0; row < rows; ++row) {
+    const auto layout = layouts.find(row);
+    if (layout != layouts.end()) {
+      room -= layout->second.hidden ? 0 : layout->second.height;
+    } else if (row < *firstSharer_) {
+      room -= usual;
+    } else {
+      ++sharers;
+    }
+  }
+  if (sharers <= 0 || room / sharers < usual) return;
+  int remainder = room % sharers;
+  for (int row = *firstSharer_; row < rows; ++row) {
+    if (layouts.contains(row)) continue;
+    layouts[row] = {room / sharers + (remainder-- > 0 ? 1 : 0), false};
+  }
 }
 
 void HeaderSizes::show(int row, const RowLayout& layout) {
@@ -97,19 +129,19 @@ void HeaderSizes::applyWidths(const Sheet& sheet) {
   int remainder = 0;
   const int shared = sharedWidth(sheet, &remainder);
   for (int col = 0; col < header.count(); ++col) {
-    int width = sheet.ColumnWidth(col).value_or(0);
-    if (!sheet.ColumnWidth(col)) width = shared + (remainder-- > 0 ? 1 : 0);
+    const std::optional<int> own = sheet.ColumnWidth(col);
+    const int width = own ? scaled(*own) : shared + (remainder-- > 0 ? 1 : 0);
     if (header.sectionSize(col) != width) header.resizeSection(col, width);
   }
 }
 
 int HeaderSizes::sharedWidth(const Sheet& sheet, int* remainder) const {
-  if (!sharesWidth_) return kDefaultWidth;
+  if (!sharesWidth_) return scaled(kDefaultWidth);
   int room = view_.viewport()->width();
   int sharers = 0;
   for (int col = 0; col < view_.horizontalHeader()->count(); ++col) {
     const std::optional<int> own = sheet.ColumnWidth(col);
-    if (own) room -= *own;
+    if (own) room -= scaled(*own);
     sharers += own ? 0 : 1;
   }
   if (sharers == 0 || room / sharers < kLeastSharedWidth) return kLeastSharedWidth;

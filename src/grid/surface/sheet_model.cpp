@@ -2,6 +2,7 @@
 
 #include "grid/print/drawn_style.h"
 #include "routine/calendar_text.h"
+#include "routine/category.h"
 
 namespace vellora {
 namespace {
@@ -53,8 +54,11 @@ QVariant SheetModel::data(const QModelIndex& index, int role) const {
       return fontOf(style.font);
     case Qt::TextAlignmentRole:
       return QVariant::fromValue(alignmentOf(style.align));
-    case Qt::AccessibleDescriptionRole:
-      return meaningOf(row);
+    case Qt::AccessibleDescriptionRole: {
+      const QString note = appearance_.noteAt(col, row);
+      if (!note.isEmpty()) return note;
+      return style.category > 0 ? categoryHint(style.category - 1) : meaningOf(row);
+    }
     default:
       return {};
   }

@@ -2,6 +2,7 @@
 
 #include "grid/surface/heading_strip.h"
 #include "grid/surface/surface_painter.h"
+#include "routine/category.h"
 
 #include <QAbstractButton>
 #include <QHelpEvent>
@@ -132,6 +133,20 @@ void SheetView::setSharesWidth(bool on) {
   showChangesLater();
 }
 
+void SheetView::setSharesHeight(int firstRow) {
+  sizes_.setSharesHeight(firstRow);
+  showChangesLater();
+}
+
+void SheetView::setZoom(qreal zoom) {
+  if (zoom == zoom_) return;
+  zoom_ = zoom;
+  texts_.setScale(zoom);
+  sizes_.setScale(zoom);
+  showChanges();
+  viewport()->update();
+}
+
 void SheetView::setColours(const GridColours& colours) {
   appearance_.colours = colours;
   hasSkin_ = true;
@@ -146,6 +161,11 @@ void SheetView::setColours(const GridColours& colours) {
 
 void SheetView::markColumn(int col) {
   appearance_.markedCol = col;
+  viewport()->update();
+}
+
+void SheetView::setHeadingNotes(std::map<int, QString> notes) {
+  appearance_.headingNotes = std::move(notes);
   viewport()->update();
 }
 
@@ -274,7 +294,7 @@ void SheetView::scrollContentsBy(int dx, int dy) {
 
 void SheetView::resizeEvent(QResizeEvent* event) {
   QTableView::resizeEvent(event);
-  sizes_.applyWidths(sheet());
+  sizes_.apply(sheet());
 }
 
 void SheetView::changeEvent(QEvent* event) {
@@ -309,7 +329,7 @@ int SheetView::sizeHintForColumn(int column) const {
     widest = std::max(widest, texts_.naturalWidth(sheet().GetCellText(column, row.section), font));
   }
   const QRect probe(0, 0, 100, 100);
-  return widest + probe.width() - textRoom(probe).width();
+  return widest + probe.width() - textRoom(probe, CellStyle()).width();
 }
 
 int SheetView::sizeHintForRow(int row) const {
@@ -330,6 +350,10 @@ QString SheetView::hintAt(CellPlace cell, const QRect& rect) const {
   if (mark) hints << mark->meaning;
   const auto request = textRequest(texts_, sheet().StyleAt(cell.col, cell.row),
                                    sheet().GetCellText(cell.col, cell.row), rect);
+  const QString note = appearance_.noteAt(cell.col, cell.row);
+  if (!note.isEmpty()) hints << note;
+  const int category = sheet().StyleAt(cell.col, cell.row).category;
+  if (category > 0) hints << categoryHint(category - 1);
   if (texts_.layOut(request).isCut) {
     hints << model_.data(indexOf(cell), Qt::DisplayRole).toString();
   }

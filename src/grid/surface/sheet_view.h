@@ -53,12 +53,20 @@ class SheetView : public QTableView {
   void setFrozen(int cols, int rows);
   // Columns without a width of their own share what is left of the grid's width.
   void setSharesWidth(bool on);
+  // Rows below the first so many without a height of their own share what is left of the height.
+  void setSharesHeight(int firstRow);
+  // Shows texts and sizes this many times as large.
+  void setZoom(qreal zoom);
+  qreal zoom() const { return zoom_; }
   void setColours(const GridColours& colours);
   // Null for none. It must outlive the view or be taken away.
   void setCellDrag(CellDragHandler* handler) { cellDrag_ = handler; }
   // Sets one column apart (its frozen heading and its edges) without touching its cells' colours;
   // −1 for none.
   void markColumn(int col);
+  // Marks cells of the first row, by column, with a corner; the notes are shown over them and read
+  // by assistive tools.
+  void setHeadingNotes(std::map<int, QString> notes);
   // Sets rows, in ascending order, apart by a bar at their left end; the meanings are read by
   // assistive tools and shown over the bars. The marks do not move with their rows.
   void markRows(std::vector<RowMark> marks);
@@ -150,6 +158,7 @@ class SheetView : public QTableView {
   EdgeDrag edgeDrag_{colHeader_, rowHeader_, cols_, rows_};
   QTimer later_;
   quint64 shownRevision_ = 0;
+  qreal zoom_ = 1;
   bool hasSkin_ = false;
   bool isQuiet_ = false;  // the current cell moves without CellEntered
 

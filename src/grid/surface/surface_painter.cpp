@@ -11,7 +11,8 @@
 namespace vellora {
 namespace {
 
-constexpr int kMark = 2;  // pixels; the marked column's edges and the focused cell's frame
+constexpr int kMark = 2;  // pixels; the focused cell's frame
+constexpr int kRing = 3;  // the marked column's edges
 constexpr int kRowBar = 5;
 constexpr QColor kRowBarColour(224, 122, 0);  // seen on light and on dark cells
 
@@ -39,6 +40,7 @@ class CellPainter {
   struct SharedStyle {
     QColor foreground;
     QColor background;
+    QColor edge;  // of texts that are not readable on their paper; else invalid
     const CellStyle* style;
     int font;
     Qt::Alignment align;
@@ -50,7 +52,9 @@ class CellPainter {
 
   const SharedStyle& sharedStyleAt(int col, int row, bool isEmpty);
   void paintCell(const Span& col, const Span& row);
-  void paintText(const QString& text, const SharedStyle& shared, const QRect& cell);
+  void paintStripe(const CellStyle& style, const QRect& cell, int margin);
+  void paintText(const QString& text, const SharedStyle& shared, const QRect& cell,
+                 const QColor& edge);
   void paintLines(const std::vector<Span>& cols, const std::vector<Span>& rows);
   void paintBorder(const Bordered& bordered);
   bool isInverted(CellPlace cell) const;
@@ -89,7 +93,11 @@ const CellPainter::SharedStyle& CellPainter::sharedStyleAt(int col, int row, boo
     const CellStyle& style = sheet_.StyleAt(col, row);
     const auto [foreground, background] =
         textColours(style, appearance_.colours, isHeading, isEmpty);
-    place->second = {foreground, background, &style, texts_.numberOf(style.font),
+    place->second = {foreground,
+                     background,
+                     edgeColourOf(style),
+                     &style,
+                     texts_.numberOf(style.font),
                      alignmentOf(style.align)};
   }
   return place->second;
@@ -113,17 +121,29 @@ void CellPainter::paintCell(const Span& col, const Span& row) {
   const QColor& paper = isMarkedHeading(place) ? appearance_.colours.today : shared.background;
   painter_.fillRect(cell, inverted ? appearance_.colours.selectionPaper : paper);
   if (shared.style->border) bordered_.push_back({cell, shared.style});
+  paintStripe(*shared.style, cell, place.col == appearance_.markedCol ? kRing : 0);
   if (text.isEmpty()) return;
   painter_.setPen(inverted ? appearance_.colours.selectionText : shared.foreground);
-  paintText(text, shared, cell);
+  paintText(text, shared, cell, inverted ? QColor() : shared.edge);
 }
 
-void CellPainter::paintText(const QString& text, const SharedStyle& shared, const QRect& cell) {
-  const QRect room = textRoom(cell);
+// Set off from its paper as a text of its colour is.
+void CellPainter::paintStripe(const CellStyle& style, const QRect& cell, int margin) {
+  if (style.category == 0) return;
+  const PackedColour colour = categoryColour(style.category);
+  const QRect stripe(cell.left() + margin, cell.top(), kStripeWidth, cell.height());
+  painter_.fillRect(stripe, colourOf(colour));
+  const PackedColour edge = edgeFor(colour, style.backColour).value_or(colour);
+  painter_.fillRect(stripe.right(), stripe.top(), 1, stripe.height(), colourOf(edge));
+}
+
+void CellPainter::paintText(const QString& text, const SharedStyle& shared, const QRect& cell,
+                            const QColor& edge) {
+  const QRect room = textRoom(cell, *shared.style);
   if (room.width() <= 0) return;
-  const LaidOutText& laidOut = texts_.layOut(
-      {text, shared.font, room.width(), room.height(), shared.align, shared.style->wrap});
-  drawText(painter_, laidOut, room, shared.align);
+  const LaidOutText& laidOut = texts_.layOut({text, shared.font, room.width(), room.height(),
+                                              shared.align, shared.style->wrap, edge.isValid()});
+  drawText(painter_, laidOut, room, shared.align, edge);
 }
 
 void CellPainter::paintLines(const std::vector<Span>& cols, const std::vector<Span>& rows) {
@@ -180,22 +200,40 @@ void SurfacePainter::paintArea(QPainter& painter, const std::vector<Span>& areaC
   const bool isFrameEnough = selected.isOneCell() && selected.contains(current);
   cells.setSelection(isFrameEnough ? CellRange() : selected, current);
   cells.paint(areaCols, areaRows);
+  paintNotes(painter, areaCols, areaRows);
   paintMarkedColumn(painter, areaCols, clip);
   paintMarkedRows(painter, areaCols, areaRows);
   paintFrame(painter, clip);
 }
 
+// A folded corner.
+void SurfacePainter::paintNotes(QPainter& painter, const std::vector<Span>& areaCols,
+                                const std::vector<Span>& areaRows) const {
+  constexpr int kCorner = 10;  // pixels
+  if (areaRows.front().section != 0) return;
+  const Span& row = areaRows.front();
+  for (const Span& col : areaCols) {
+    if (appearance.noteAt(col.section, 0).isEmpty()) continue;
+    const QPoint corner(col.end() - 1, row.start);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(appearance.colours.current);
+    painter.drawPolygon(
+        QPolygon({corner, corner - QPoint(kCorner, 0), corner + QPoint(0, kCorner)}));
+  }
+}
+
+// A ring around the column; its heading has the colour as its paper.
 void SurfacePainter::paintMarkedColumn(QPainter& painter, const std::vector<Span>& areaCols,
                                        const QRect& clip) const {
   for (const Span& col : areaCols) {
     if (col.section != appearance.markedCol) continue;
-    const bool isHeading = clip.top() < rows.band();
+    const bool hasEnd = rows.has(sheet.Rows() - 1) && clip.top() > 0;
     const int bottom = rows.has(sheet.Rows() - 1) ? rows.spanOf(sheet.Rows() - 1).end() : 0;
-    const int height = std::min(clip.bottom() + 1, bottom) - clip.top();
+    const int end = std::min(clip.bottom() + 1, bottom);
     const QColor& colour = appearance.colours.today;
-    painter.fillRect(col.start - 1, clip.top(), kMark, height, colour);
-    painter.fillRect(col.end() - kMark, clip.top(), kMark, height, colour);
-    if (isHeading) painter.fillRect(col.start, clip.top(), col.size, kMark + 1, colour);
+    painter.fillRect(col.start, clip.top(), kRing, end - clip.top(), colour);
+    painter.fillRect(col.end() - 1 - kRing, clip.top(), kRing, end - clip.top(), colour);
+    if (hasEnd) painter.fillRect(col.start, bottom - 1 - kRing, col.size - 1, kRing, colour);
   }
 }
 

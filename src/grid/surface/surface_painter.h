@@ -31,6 +31,8 @@ struct SurfacePainter {
  private:
   void paintArea(QPainter& painter, const std::vector<Span>& areaCols,
                  const std::vector<Span>& areaRows, const QRect& clip) const;
+  void paintNotes(QPainter& painter, const std::vector<Span>& areaCols,
+                  const std::vector<Span>& areaRows) const;
   void paintMarkedColumn(QPainter& painter, const std::vector<Span>& areaCols,
                          const QRect& clip) const;
   void paintMarkedRows(QPainter& painter, const std::vector<Span>& areaCols,

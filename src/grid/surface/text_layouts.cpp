@@ -100,7 +100,7 @@ LaidOutText placed(const QTextLayout& layout, qreal width, Qt::Alignment align, 
     const qreal top = i * lineHeight + (lineHeight - line.height()) / 2;
     line.setPosition({leftOf(line, width, align), std::round(top)});
   }
-  return {layout.glyphRuns(), layout.lineCount() * lineHeight, false};
+  return {layout.glyphRuns(), {}, layout.lineCount() * lineHeight, false};
 }
 
 LaidOutText laidOut(const QString& text, const QFont& font, const TextRoom& room,
@@ -117,13 +117,30 @@ LaidOutText laidOut(const QString& text, const QFont& font, const TextRoom& room
   return result;
 }
 
+QPainterPath edgeOf(const QList<QGlyphRun>& runs) {
+  constexpr qreal kEdgeWidth = 0.9;  // pixels, half of them outside of the glyphs
+  QPainterPath glyphs;
+  for (const QGlyphRun& run : runs) {
+    const QList<quint32> indexes = run.glyphIndexes();
+    const QList<QPointF> places = run.positions();
+    for (qsizetype i = 0; i < indexes.size(); ++i) {
+      glyphs.addPath(run.rawFont().pathForGlyph(indexes[i]).translated(places[i]));
+    }
+  }
+  QPainterPathStroker stroker;
+  stroker.setWidth(kEdgeWidth);
+  QPainterPath edge = stroker.createStroke(glyphs);
+  edge.setFillRule(Qt::WindingFill);
+  return edge;
+}
+
 }  // namespace
 
 int TextLayouts::numberOf(const CellFont& font) {
   for (std::size_t i = 0; i < fonts_.size(); ++i) {
     if (fonts_[i].asked == font) return static_cast<int>(i);
   }
-  const QFont shaped = fontOf(font);
+  const QFont shaped = fontOf(font, scale_);
   const QFont plain = plainFont(shaped);
   fonts_.push_back({font, plain, shaped, lineHeightOf(plain)});
   return static_cast<int>(fonts_.size()) - 1;
@@ -138,12 +155,14 @@ const LaidOutText& TextLayouts::layOut(const Request& request) {
   const int height = lineHeight(request.font);
   const int lines = std::max(1, request.height / height);
   const Qt::Alignment align = request.align & Qt::AlignHorizontal_Mask;
-  const int shape = static_cast<int>(align) * 2 + (request.wraps ? 1 : 0);
+  const int shape =
+      static_cast<int>(align) * 4 + (request.wraps ? 2 : 0) + (request.hasEdge ? 1 : 0);
   const Key key{request.text, request.font, request.width, lines, shape};
   if (const LaidOutText* known = texts_.object(key)) return *known;
   auto* text = new LaidOutText(laidOut(request.text, fontFor(request.font, request.text),
                                        {static_cast<qreal>(request.width), lines, request.wraps},
                                        align, height));
+  if (request.hasEdge) text->edge = edgeOf(text->runs);
   texts_.insert(key, text);
   return *text;
 }
@@ -165,27 +184,42 @@ int TextLayouts::lineCount(const Request& request) const {
   return std::max(1, layout.lineCount());
 }
 
+void TextLayouts::setScale(qreal scale) {
+  scale_ = scale;
+  clear();
+}
+
 void TextLayouts::clear() {
   texts_.clear();
   fonts_.clear();
 }
 
-QRect textRoom(const QRect& cell) {
-  return cell.adjusted(kTextMargin, 0, -kTextMargin - 1, -1);
+QRect textRoom(const QRect& cell, const CellStyle& style) {
+  const int stripe = style.category > 0 ? kStripeWidth : 0;
+  return cell.adjusted(kTextMargin + stripe, 0, -kTextMargin - 1, -1);
 }
 
 TextLayouts::Request textRequest(TextLayouts& texts, const CellStyle& style, const QString& text,
                                  const QRect& cell) {
-  const QRect room = textRoom(cell);
+  const QRect room = textRoom(cell, style);
   return {text,          texts.numberOf(style.font), room.width(),
           room.height(), alignmentOf(style.align),   style.wrap};
 }
 
-void drawText(QPainter& painter, const LaidOutText& text, const QRect& room, Qt::Alignment align) {
+void drawText(QPainter& painter, const LaidOutText& text, const QRect& room, Qt::Alignment align,
+              const QColor& edge) {
   int top = room.top();
   if (align & Qt::AlignVCenter) top += (room.height() - text.height) / 2;
   if (align & Qt::AlignBottom) top += room.height() - text.height;
-  for (const QGlyphRun& run : text.runs) painter.drawGlyphRun(QPointF(room.left(), top), run);
+  const QPointF place(room.left(), top);
+  if (!text.edge.isEmpty()) {
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.translate(place);
+    painter.fillPath(text.edge, edge);
+    painter.translate(-place);
+    painter.setRenderHint(QPainter::Antialiasing, false);
+  }
+  for (const QGlyphRun& run : text.runs) painter.drawGlyphRun(place, run);
 }
 
 }  // namespace vellora

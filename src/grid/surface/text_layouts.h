@@ -3,8 +3,10 @@
 #include "grid/sheet/cell_style.h"
 
 #include <QCache>
+#include <QColor>
 #include <QFont>
 #include <QGlyphRun>
+#include <QPainterPath>
 #include <QRect>
 #include <QString>
 
@@ -20,6 +22,7 @@ inline constexpr int kMostDrawn = 4000;
 // A text as it is drawn: glyphs placed from the top left of its room.
 struct LaidOutText {
   QList<QGlyphRun> runs;
+  QPainterPath edge;   // around the glyphs, where it was asked for
   int height = 0;      // pixels
   bool isCut = false;  // an ellipsis stands for what did not fit
 };
@@ -39,6 +42,7 @@ class TextLayouts {
     int height = 0;  // pixels; at least one line is laid out
     Qt::Alignment align;
     bool wraps = false;
+    bool hasEdge = false;
   };
   // Valid until the next call.
   const LaidOutText& layOut(const Request& request);
@@ -46,6 +50,8 @@ class TextLayouts {
   int naturalWidth(const QString& text, int font) const;
   // As many lines as all of the text needs in the request's width.
   int lineCount(const Request& request) const;
+  // Draws every font this many times as large.
+  void setScale(qreal scale);
   // When fonts or the screen changed.
   void clear();
 
@@ -61,7 +67,7 @@ class TextLayouts {
     int font;
     int width;
     int lines;
-    int shape;  // horizontal alignment and wrapping
+    int shape;  // horizontal alignment, wrapping and edge
     friend bool operator==(const Key&, const Key&) = default;
     friend std::size_t qHash(const Key& key, std::size_t seed) {
       return qHashMulti(seed, key.text, key.font, key.width, key.lines, key.shape);
@@ -70,18 +76,22 @@ class TextLayouts {
 
   const QFont& fontFor(int number, QStringView text) const;
 
+  qreal scale_ = 1;
   std::vector<Font> fonts_;
   QCache<Key, LaidOutText> texts_{4096};
 };
 
-// Where a cell's text lies within its rectangle, grid line included.
-QRect textRoom(const QRect& cell);
+// The stripe of a cell's category at its left edge, and where its text lies within its rectangle,
+// grid line included.
+inline constexpr int kStripeWidth = 5;  // pixels
+QRect textRoom(const QRect& cell, const CellStyle& style);
 
 // How one cell's text is asked of the layouts.
 TextLayouts::Request textRequest(TextLayouts& texts, const CellStyle& style, const QString& text,
                                  const QRect& cell);
 
-// Draws a text at its vertical place in the room, in the painter's pen.
-void drawText(QPainter& painter, const LaidOutText& text, const QRect& room, Qt::Alignment align);
+// Draws a text at its vertical place in the room, in the painter's pen over its edge.
+void drawText(QPainter& painter, const LaidOutText& text, const QRect& room, Qt::Alignment align,
+              const QColor& edge = {});
 
 }  // namespace vellora
