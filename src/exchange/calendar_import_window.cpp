@@ -173,7 +173,7 @@ void CalendarImportWindow::open(const QString& path) {
   if (!isRead) return;
   show({});
   file_ = std::move(file);
-  name_->setText(path);
+  name_->setText(QFileInfo(path).fileName());
   const auto [first, last] = proposedDays(file_, state().clock.today());
   {
     const QSignalBlocker oneComparison(first_);
@@ -287,7 +287,7 @@ void CalendarImportWindow::updateButtons() {
 
 void CalendarImportWindow::save() {
   ImportCounts counts;
-  state().Db.undoLog().setName(u"导入日历 "_qs + QFileInfo(name_->text()).fileName());
+  state().Db.undoLog().setName(u"导入日历 "_qs + name_->text());
   const bool isSaved = guarded([&](const WorkProgress& progress) {
     counts = saveImport(state().Db, import_, memos_->isChecked(), progress);
   });

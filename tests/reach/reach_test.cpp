@@ -9,18 +9,24 @@
 #include "support/fixed_clock.h"
 #include "support/schedule_builder.h"
 #include "support/scripted_prompts.h"
+#include "support/temporary_folder.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
 
 #include <gtest/gtest.h>
+#include <variant>
 
 namespace vellora {
 namespace {
 
-class Window : public testing::TestWithParam<std::optional<BoardCommand>> {
+// Nothing for the board itself, a command of its bar, or the name of one of its menu.
+using Opening = std::variant<std::monostate, BoardCommand, QString>;
+
+class Window : public testing::TestWithParam<Opening> {
  protected:
   Window() {
     {
@@ -28,6 +34,12 @@ class Window : public testing::TestWithParam<std::optional<BoardCommand>> {
       writeDemonstration(store, clock_.today());
     }
     schedule_.skin(QStringLiteral(SKIN_DIR "/KTZ0.SKN"));
+    const QString calendar = schedule_.folder() + QStringLiteral("/a.ics");
+    test::writeBytes(calendar,
+                     "BEGIN:VCALENDAR\nBEGIN:VEVENT\nDTSTART:20070305T080000\nSUMMARY:New\nRRULE:"
+                     "FREQ=DAILY;COUNT=9\nEND:VEVENT\nBEGIN:VEVENT\nDTSTART:20070305\nSUMMARY:Day\n"
+                     "END:VEVENT\nEND:VCALENDAR\n");
+    prompts_.files << calendar;
     start_up_ = std::make_unique<StartUp>(schedule_.folder(), prompts_, clock_);
     start_up_->showBoard();
   }
@@ -58,24 +70,29 @@ class Window : public testing::TestWithParam<std::optional<BoardCommand>> {
 };
 
 TEST_P(Window, IsReadReachedAndSeenWhole) {
-  if (!GetParam()) return lookAt(board());
+  if (std::holds_alternative<std::monostate>(GetParam())) return lookAt(board());
   QTimer::singleShot(0, &board(), [&] {
     QWidget* window = QApplication::activeModalWidget();
     ASSERT_NE(window, nullptr);
     lookAt(*window);
     window->close();
   });
-  board().findChild<CommandBar*>()->button(*GetParam()).click();
+  if (const auto* command = std::get_if<BoardCommand>(&GetParam())) {
+    board().findChild<CommandBar*>()->button(*command).click();
+  } else {
+    board().findChild<QAction*>(std::get<QString>(GetParam()))->trigger();
+  }
   EXPECT_EQ(seen_, 1);
 }
 
 INSTANTIATE_TEST_SUITE_P(Every, Window,
-                         testing::Values(std::nullopt, BoardCommand::DailyPlan,
+                         testing::Values(Opening(), BoardCommand::DailyPlan,
                                          BoardCommand::ActivityPlan, BoardCommand::Statistics,
                                          BoardCommand::TimeBlocks, BoardCommand::ActivityItems,
                                          BoardCommand::Memo, BoardCommand::WeekNames,
                                          BoardCommand::Backup, BoardCommand::UsageNotes,
-                                         BoardCommand::About));
+                                         BoardCommand::About, QStringLiteral("ExportCalendar"),
+                                         QStringLiteral("ImportCalendar")));
 
 }  // namespace
 }  // namespace vellora
