@@ -52,7 +52,7 @@ class Repetitions {
   void count(qsizetype dates = 1);
 
  private:
-  static constexpr int kPatience = 20'000;  // milliseconds
+  static constexpr int kPatience = 10'000;  // milliseconds
 
   qsizetype most_;
   const WorkProgress& progress_;
