@@ -67,9 +67,7 @@ void CalendarExportWindow::layOut() {
   all->addStretch();
   auto* buttons = new QHBoxLayout;
   buttons->addStretch();
-  auto* run = makeButton(u"Export"_qs, u"导出(&O)"_qs, this, [this] { exportFile(); });
-  run->setDefault(true);
-  buttons->addWidget(run);
+  buttons->addWidget(makeButton(u"Export"_qs, u"导出(&O)"_qs, this, [this] { exportFile(); }));
   buttons->addWidget(makeButton(u"Close"_qs, u"关闭(&Q)"_qs, this, [this] { close(); }));
   all->addLayout(buttons);
   constexpr int kCharacters = 26;
