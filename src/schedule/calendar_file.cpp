@@ -248,10 +248,13 @@ class CalendarReader {
 
   // Of a period the start.
   void addTimes(const ContentLine& line, std::vector<CalendarTime>& times) {
-    for (const QByteArray& value : line.value.split(',')) {
+    for (qsizetype at = 0, end = 0; end >= 0; at = end + 1) {
       if (++times_ > kMostTimes) fail(u"日历文件里的重复日期太多。"_qs);
-      const auto time = timeOf(value.split('/').first(), line.zone);
-      if (time) times.push_back(*time);
+      end = line.value.indexOf(',', at);
+      const QByteArray value = line.value.mid(at, end < 0 ? -1 : end - at);
+      if (const auto time = timeOf(value.split('/').first(), line.zone)) {
+        times.push_back(*time);
+      }
     }
   }
 
@@ -265,8 +268,11 @@ class CalendarReader {
     if (line.name == "SEQUENCE") event_.sequence = line.value.trimmed().toLongLong();
     if (line.name == "STATUS") event_.isCancelled = text().toUpper() == u"CANCELLED";
     if (line.name != "CATEGORIES") return;
-    for (const QString& category : text().split(u',')) {
-      if (categoryIndex(category.trimmed())) event_.category = category.trimmed();
+    const QString listed = text();
+    for (const QStringView part : QStringView(listed).tokenize(u',')) {
+      for (const Category& known : categories()) {
+        if (part.trimmed() == known.label) event_.category = known.label;
+      }
     }
   }
 

@@ -138,7 +138,10 @@ void Repetitions::count(qsizetype dates) {
   if (dates_ > most_) {
     throw FileError(u"这段日期里有超过 %1 次安排，太多了。请选短一些的日期范围。"_qs.arg(most_));
   }
-  if (++looked_ % kBetweenLooks != 0) return;
+  if (++counted_ % kBetweenLooks == 0) look();
+}
+
+void Repetitions::look() const {
   report(progress_, {u"正在展开重复……"_qs, dates_});
   if (deadline_.hasExpired()) failAsTooMuch();
 }
@@ -148,6 +151,7 @@ std::optional<std::vector<QDateTime>> Repetitions::times(const QByteArray& rule,
                                                          const CalendarZone* zone,
                                                          const QDateTime& first,
                                                          const QDateTime& last) {
+  look();  // a rule without dates may take long
   Rule read(rule);
   if (!read.isReadable()) return {};
   icalrecurrencetype& parts = read.rule;

@@ -52,13 +52,15 @@ class Repetitions {
   void count(qsizetype dates = 1);
 
  private:
+  void look() const;
+
   static constexpr int kPatience = 10'000;  // milliseconds
 
   qsizetype most_;
   const WorkProgress& progress_;
   QDeadlineTimer deadline_;
   qsizetype dates_ = 0;
-  qint64 looked_ = 0;
+  qint64 counted_ = 0;
 };
 
 }  // namespace vellora
