@@ -268,7 +268,7 @@ class CalendarReader {
     if (line.name == "SEQUENCE") event_.sequence = line.value.trimmed().toLongLong();
     if (line.name == "STATUS") event_.isCancelled = text().toUpper() == u"CANCELLED";
     if (line.name != "CATEGORIES") return;
-    const QString listed = text();
+    const QString listed = text().left(1'000);
     for (const QStringView part : QStringView(listed).tokenize(u',')) {
       for (const Category& known : categories()) {
         if (part.trimmed() == known.label) event_.category = known.label;
