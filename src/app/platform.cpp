@@ -4,6 +4,7 @@
 #include "app/skin_style.h"
 #include "grid/print/drawn_style.h"
 #include "shell/double_click_guard.h"
+#include "shell/wheel_guard.h"
 
 #include <QApplication>
 #include <QDir>
@@ -53,6 +54,7 @@ void setUpPlatform(QApplication& application) {
   QApplication::setFont(QFont(installedFace(u"黑体"_qs), 9));
   translateQt(application);
   application.installEventFilter(new DoubleClickGuard(&application));
+  application.installEventFilter(new WheelGuard(&application));
 }
 
 }  // namespace vellora

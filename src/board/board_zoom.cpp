@@ -22,14 +22,14 @@ constexpr int kMostFitting = 150;
 constexpr int kRowHeight = 38;    // pixels at 100 %: two lines of the board's font
 constexpr int kColumnWidth = 76;  // seven characters
 
-const QString kKey = u"board/zoom"_qs;
+const QString kZoomKey = u"board/zoom"_qs;
 
 }  // namespace
 
 BoardZoom::BoardZoom(GridSurface& grid, const ApplicationState& state,
                      const std::function<void(const QString& message)>& say)
     : QObject(&grid), grid_(grid), state_(state), say_(say) {
-  percent_ = remembered(state).value(kKey).toInt();
+  percent_ = remembered(state).value(kZoomKey).toInt();
   if (percent_ != 0) percent_ = std::clamp(percent_, kLeast, kMost);
   grid.viewport()->installEventFilter(this);
   const auto add = [&](const QKeySequence& keys, auto act) {
@@ -48,7 +48,7 @@ void BoardZoom::fit() {
 
 int BoardZoom::fitting() const {
   const QSize room = grid_.viewport()->size();
-  const int byHeight = room.height() * 100 / (kRowHeight * std::max(grid_.Rows(), 1));
+  const int byHeight = room.height() / std::max(grid_.Rows(), 1) * 100 / kRowHeight;
   const int byWidth = room.width() * 100 / (kColumnWidth * std::max(grid_.Cols(), 1));
   return std::clamp(std::min(byHeight, byWidth), kLeastFitting, kMostFitting);
 }
@@ -61,7 +61,7 @@ void BoardZoom::step(int direction) {
 
 void BoardZoom::choose(int percent) {
   percent_ = percent;
-  remembered(state_).setValue(kKey, percent);
+  remembered(state_).setValue(kZoomKey, percent);
   fit();
   say_(percent == 0 ? u"显示比例：适合窗口"_qs : u"显示比例：%1%"_qs.arg(percent));
 }

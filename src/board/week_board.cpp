@@ -2,6 +2,7 @@
 
 #include "board/board_zoom.h"
 #include "board/find_bar.h"
+#include "board/first_steps.h"
 #include "board/plan_commands.h"
 #include "board/plan_drag.h"
 #include "grid/files/workbook_file.h"
@@ -56,6 +57,7 @@ WeekBoard::WeekBoard(ApplicationState& state)
       grid_(named(new GridSurface(this), u"Cell1"_qs, u"周计划表"_qs)),
       refresh_(makeButton(u"CmdRefresh"_qs, u"刷新"_qs, this, [this] { readAgain(); })) {
   setObjectName(u"Form0"_qs);
+  grid_->setEmptyHint(u"还没有时间块：请按“时 间 表”，把一天分成时间块。"_qs);
   setWindowTitle(programTitle());
   grid_->setDocumentName([this]() -> QString { return u"日程表 "_qs + isoDate(firstDay()); });
   layOut();
@@ -92,6 +94,11 @@ void WeekBoard::layOut() {
   auto* right = new QVBoxLayout;
   find_place_ = new QVBoxLayout;
   right->addLayout(top);
+  if (FirstSteps::areOpen(state())) {
+    first_steps_ = new FirstSteps(state(), this);
+    connect(first_steps_, &FirstSteps::chosen, this, &WeekBoard::runCommand);
+    right->addWidget(first_steps_);
+  }
   right->addWidget(grid_, 1);
   right->addLayout(find_place_);
   auto* foot = new QHBoxLayout;
@@ -211,6 +218,7 @@ void WeekBoard::rebuildFromDatabase() {
   setUpGrid();
   BuildTimeRows();
   FillWeek();
+  if (first_steps_) first_steps_->update();
 }
 
 // A missing or unreadable template gives an empty sheet: the board's contents come from the

@@ -15,6 +15,7 @@ class BoardZoom;
 class DateStepper;
 class ElidedLabel;
 class FindBar;
+class FirstSteps;
 class GridSurface;
 class PlanCommands;
 class PlanDrag;
@@ -100,6 +101,7 @@ class WeekBoard : public PlannerWindow {
   QPushButton* refresh_;
   QVBoxLayout* find_place_ = nullptr;
   FindBar* find_bar_ = nullptr;
+  FirstSteps* first_steps_ = nullptr;  // null once they are done
   BoardZoom* zoom_ = nullptr;
   PlanCommands* plan_commands_ = nullptr;
   std::unique_ptr<PlanDrag> plan_drag_;

@@ -50,6 +50,7 @@ void ActivityItemEditor::nameControls() {
   for (const Category& category : categories()) filter_->addItem(category.label);
   grid_->setRowNumbersVisible(false);
   grid_->setEditable(false);
+  grid_->setEmptyHint(u"这里还没有活动项目：请按“添加”。"_qs);
 }
 
 void ActivityItemEditor::layOut() {
@@ -168,7 +169,7 @@ void ActivityItemEditor::showRow(int row) {
   if (const auto item = itemAt(row)) {
     fields_->showItem(*item);
   } else {
-    fields_->showNew(suggested_code_);
+    fields_->showNew(catalogue_.freeCode(suggested_code_));
   }
 }
 
@@ -314,6 +315,8 @@ void ActivityItemEditor::cancel() {
 }
 
 void ActivityItemEditor::remove() {
+  const CellRange selected = grid_->selectedCells();
+  if (selected.row2 > selected.row1) return removeSelected();
   const int row = grid_->CurrentRow();
   if (row < 0) return;
   try {
@@ -325,6 +328,32 @@ void ActivityItemEditor::remove() {
   grid_->SetCellText(kItemCodeCol, row, {});
   grid_->HideRow(0, row);
   move(row, row + 1 < grid_->Rows() ? row + 1 : grid_->Rows() - 2);
+}
+
+void ActivityItemEditor::removeSelected() {
+  constexpr int kMostNamed = 10;
+  const CellRange selected = grid_->selectedCells();
+  std::vector<int> rows;
+  QStringList names;
+  for (int row = selected.row1; row <= selected.row2; ++row) {
+    if (isNewRow(row)) continue;
+    rows.push_back(row);
+    if (names.size() < kMostNamed) names << grid_->GetCellText(kItemNameCol, row);
+  }
+  const QString rest = names.size() < std::ssize(rows) ? u"等 "_qs : u" "_qs;
+  const QString question =
+      u"要删除 %1%2%3 个活动项目吗？"_qs.arg(names.join(u'、'), rest, QString::number(rows.size()));
+  if (rows.empty() || !prompts().ask(this, question)) return;
+  try {
+    ScheduleStore::Transaction all(state().Db);
+    for (const int row : rows) {
+      if (itemAt(row)) catalogue_.remove();
+    }
+    all.commit();
+  } catch (const StoreError& error) {
+    prompts().warn(this, u"没有删除："_qs + error.description());
+  }
+  filter();
 }
 
 void ActivityItemEditor::apply(ItemEvent event) {

@@ -55,6 +55,7 @@ class ActivityItemEditor : public EditedWindow {
   void showStored(const Item& item, qint64 id);
   void cancel();
   void remove();
+  void removeSelected();
 
   void apply(ItemEvent event);
   bool hasItem();

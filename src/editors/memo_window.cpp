@@ -19,6 +19,7 @@ QPlainTextEdit* makeTextBox(QWidget* parent) {
   auto* box = named(new PlainTextBox(parent), u"Text1"_qs, u"备忘内容"_qs);
   box->setFont(QFont(u"楷体_GB2312"_qs, 12));
   box->setTabChangesFocus(true);
+  box->setPlaceholderText(u"这一天还没有备忘，可以写在这里。"_qs);
   return box;
 }
 

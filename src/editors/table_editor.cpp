@@ -20,6 +20,7 @@ TableEditor::TableEditor(ApplicationState& state, const Kind& kind, QWidget* abo
   grid_ = named(new GridSurface(this), u"Cell1"_qs, kind.gridName);
   grid_->setHeadingStripVisible(true);
   grid_->setRowNumbersVisible(true);
+  grid_->setEmptyHint(kind.emptyHint);
   reportTrimmedPastes(*grid_);
   answerGridKeys(*grid_, [name = kind.documentName] { return name; });
   watch(*grid_);

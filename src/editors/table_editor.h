@@ -20,6 +20,7 @@ class TableEditor : public EditedWindow {
     QString caption;
     QString gridName;      // what assistive tools call the grid
     QString documentName;  // of prints and exports
+    QString emptyHint;     // what to do while there are no rows
     QSize size;            // at which the window opens
     void (*setUp)(Sheet&);
     TableRows (*load)(ScheduleStore&, Sheet&);  // throws StoreError

@@ -34,8 +34,15 @@ QWidget* makeTypingRules() {
 }
 
 TableEditor::Kind timeBlockKind() {
-  return {u"TimeBlockEditor"_qs, u"作息时间划分"_qs, u"时间块表"_qs, u"时间划分"_qs,
-          QSize(500, 620),       setUpTimeBlocks,    LoadTimeBlocks, nullptr,
+  return {u"TimeBlockEditor"_qs,
+          u"作息时间划分"_qs,
+          u"时间块表"_qs,
+          u"时间划分"_qs,
+          u"还没有时间块：每行填写一个的开始、结束、编号和名称，再按“保存”。"_qs,
+          QSize(500, 620),
+          setUpTimeBlocks,
+          LoadTimeBlocks,
+          nullptr,
           timeBlockChanges};
 }
 

@@ -13,9 +13,16 @@ namespace vellora {
 namespace {
 
 TableEditor::Kind weekNameKind() {
-  return {u"WeekNameEditor"_qs, u"作息时间划分"_qs, u"每周命名表"_qs,
-          u"每周命名"_qs,       QSize(540, 620),    setUpWeekNames,
-          LoadWeekNames,        SaveWeekNames,      weekNameChanges};
+  return {u"WeekNameEditor"_qs,
+          u"作息时间划分"_qs,
+          u"每周命名表"_qs,
+          u"每周命名"_qs,
+          u"还没有命名：每行填写一段日期和它的名称，再按“保存”。"_qs,
+          QSize(540, 620),
+          setUpWeekNames,
+          LoadWeekNames,
+          SaveWeekNames,
+          weekNameChanges};
 }
 
 }  // namespace

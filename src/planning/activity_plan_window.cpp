@@ -77,6 +77,8 @@ void ActivityPlanWindow::connectGrid() {
     prompts().warn(this,
                    u"“%1”不是时间块，没有填写。请填时间块的编号、名称或起止时间。"_qs.arg(text));
   });
+  grid->setFaintZeros(kPlanLevel);
+  grid->setEmptyHint(u"还没有计划：选好日期，双击右边的时间块，就安排了一次。"_qs);
   connect(controls_.chosen, &QLineEdit::textChanged, this, &ActivityPlanWindow::updateChanges);
   reportTrimmedPastes(*grid);
   watch(*grid);
@@ -190,9 +192,7 @@ void ActivityPlanWindow::ListPlan() {
   if (wasChanged && (isListed || activity != listed_)) {
     keepDiscarded([this, activity, rows] { return bringBack(activity, rows); });
   }
-  for (const QString& code : missing) {
-    prompts().warn(this, u"时间块编号:"_qs + code + u"在时间划分中没有找到!");
-  }
+  if (!missing.isEmpty()) prompts().warn(this, missingBlocksText(missing));
 }
 
 // Until its plan has been read the grid is empty: what was never shown must not be replaced.

@@ -24,6 +24,8 @@ DailyPlanWindow::DailyPlanWindow(ApplicationState& state, QDate firstDay, QWidge
       save_(makeButton(u"cmdSV"_qs, u"保存(&S)"_qs, this, [this] { SaveDayPlan(); })) {
   setWindowTitle(u"每日活动计划"_qs);
   grid_->setColumnLocked(kDayBlock, true);
+  grid_->setFaintZeros(kDayLevel);
+  grid_->setEmptyHint(u"还没有时间块：请先在“时 间 表”中把一天分成时间块。"_qs);
   answerGridKeys(*grid_, [this]() -> QString { return isoDate(date()) + u" 活动计划"; });
   connect(day_, &DateStepper::dateChanged, this, &DailyPlanWindow::openDay);
   placeFromList(*items_list_, [this](int position) { placeItem(position); });

@@ -136,6 +136,16 @@ std::optional<Item> ItemCatalogue::find(qint64 id) {
   return std::nullopt;
 }
 
+QString ItemCatalogue::freeCode(const QString& code) const {
+  constexpr int kMostTried = 1'000;
+  QString free = code;
+  for (int i = 0; i < kMostTried && !free.isEmpty(); ++i) {
+    if (!store_.readOnce(statements::itemNumbered(free)).next()) return free;
+    free = suggestedCode(free);
+  }
+  return code;
+}
+
 bool ItemCatalogue::add(const Item& item) {
   ScheduleStore::Transaction one(store_);
   Recordset items = openItems();

@@ -74,6 +74,8 @@ class ItemCatalogue {
   // The first item with this code, or the one of this id; it becomes the current one.
   std::optional<Item> find(const QString& code);
   std::optional<Item> find(qint64 id);
+  // The code, or the first one after it, that no item of any category has.
+  QString freeCode(const QString& code) const;
   qint64 currentId() { return items_->rowId(); }
 
   // These throw StoreError and then leave the catalogue as it was. The item has one of the six

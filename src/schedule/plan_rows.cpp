@@ -1,12 +1,14 @@
 #include "schedule/plan_rows.h"
 
 #include "routine/calendar_text.h"
+#include "routine/text.h"
 #include "schedule/list_columns.h"
 #include "schedule/plan_entries.h"
 #include "store/moment.h"
 #include "store/statements.h"
 
 #include <array>
+#include <map>
 
 namespace vellora {
 namespace {
@@ -157,6 +159,20 @@ QStringList listEntries(ScheduleStore& store, Sheet& sheet, const TimeBlockList&
   listed.SetRows(count + kSparePlanRows);
   sheet = listed;
   return missing;
+}
+
+QString missingBlocksText(const QStringList& codes) {
+  constexpr std::size_t kMostNamed = 20;
+  if (codes.size() == 1) return u"时间块编号:"_qs + codes.front() + u"在时间划分中没有找到!"_qs;
+  std::map<QString, int> counts;
+  for (const QString& code : codes) ++counts[code];
+  QStringList lines{u"下列时间块编号在时间划分中没有找到："_qs};
+  for (const auto& [code, count] : counts) {
+    if (static_cast<std::size_t>(lines.size()) > kMostNamed) break;
+    lines << u"%1（%2 条计划）"_qs.arg(quoted(code)).arg(count);
+  }
+  if (counts.size() > kMostNamed) lines << u"……一共 %1 个编号"_qs.arg(counts.size());
+  return lines.join(u'\n');
 }
 
 }  // namespace vellora

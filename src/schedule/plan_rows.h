@@ -86,4 +86,7 @@ void duplicatePlanRow(Sheet& sheet, int row);
 QStringList listEntries(ScheduleStore& store, Sheet& sheet, const TimeBlockList& blocks,
                         const QString& activity);
 
+// Says which blocks were not found, a sentence for one of them.
+QString missingBlocksText(const QStringList& codes);
+
 }  // namespace vellora

@@ -1,8 +1,8 @@
 #include "shell/box_prompts.h"
 
 #include "shell/application_state.h"
+#include "shell/file_dialog.h"
 
-#include <QFileDialog>
 #include <QMessageBox>
 #include <QPushButton>
 
@@ -45,13 +45,7 @@ int BoxPrompts::choose(QWidget* parent, const QString& question, const QStringLi
 
 QString BoxPrompts::chooseFile(QWidget* parent, const QString& title, const QString& filter,
                                const QString& folder) {
-  const QString name = filter.section(u'|', 0, 0);
-  const QString pattern = filter.section(u'|', 1);
-  QFileDialog dialog(parent, title, folder, name + u" (" + pattern + u')');
-  dialog.setFileMode(QFileDialog::ExistingFile);
-  dialog.setOption(QFileDialog::DontUseNativeDialog);
-  if (dialog.exec() != QDialog::Accepted) return {};
-  return dialog.selectedFiles().value(0);
+  return askForFile(parent, title, filter, folder);
 }
 
 }  // namespace vellora

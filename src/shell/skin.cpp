@@ -104,6 +104,7 @@ std::optional<Skin> loadSkin(const QString& path) {
   skin.dark = mode == u"dark"_qs;
   if (!readPalette(object.value(u"palette"_qs).toObject(), skin.palette)) return std::nullopt;
   if (!readGrid(object.value(u"grid"_qs).toObject(), skin.grid)) return std::nullopt;
+  skin.grid.faint = skin.palette.color(QPalette::PlaceholderText);
   return skin;
 }
 

@@ -18,6 +18,10 @@ Query itemNamed(const QString& name) {
   return {u"SELECT * FROM HD  WHERE HDMC=?"_qs, {name}};
 }
 
+Query itemNumbered(const QString& number) {
+  return {u"SELECT * FROM HD WHERE HDBH=?"_qs, {number}};
+}
+
 Query itemNumberIs(const QString& number) {
   return {u"HDBH=?"_qs, {number}};
 }

@@ -10,6 +10,7 @@ Query allItems();
 Query itemsOfCategory(const QString& category);
 Query openItems();
 Query itemNamed(const QString& name);
+Query itemNumbered(const QString& number);
 Query itemNumberIs(const QString& number);  // condition for findFirst
 Query itemNameIs(const QString& name);      // condition for findFirst
 

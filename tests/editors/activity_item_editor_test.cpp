@@ -117,8 +117,8 @@ TEST_F(ActivityItemEditorTest, ANewNameIsGivenToThePlansWithTheOldOneIfTheUserLi
 TEST_F(ActivityItemEditorTest, RefusesTakenAndUnknownCodes) {
   schedule_.items(2);
   open(editor_);
-  walk({{u"CmdNEW"_qs, u"确取 1/3 002 "_qs},
-        {u"txtHDMC=A"_qs, u"确取 1/3 002 A"_qs},
+  walk({{u"CmdNEW"_qs, u"确取 1/3 003 "_qs},
+        {u"txtHDMC=A"_qs, u"确取 1/3 003 A"_qs},
         {u"TxtHDBH=001"_qs, u"确取 1/3 001 A"_qs},
         {u"cmdOK"_qs, u"确取 1/3 001 A"_qs},
         {u"row=0"_qs, u"添删 0/2 001 活动001"_qs},

@@ -130,7 +130,9 @@ TEST_F(DamagedSchedule, IsReadUnchangedAndSavedToOrRefusedInChinese) {
     writeBytes(path_, bytes);
     if (readSafely() == kRefused) ++refused;
     EXPECT_TRUE(bytesOf(path_) == bytes);
-    EXPECT_EQ(folder_.names(), names);
+    QStringList left = folder_.names();
+    left.removeAll(u"vellora.ini"_qs);  // what is remembered of the windows
+    EXPECT_EQ(left, names);
     safely([&] { return outcomeOf([&] { job.run(folder_.path({}), {}); }); });
   }
   EXPECT_GT(refused, times_ / 4);

@@ -14,6 +14,7 @@ GridColours coloursOf(const QPalette& palette) {
   colours.current = palette.color(QPalette::Highlight);
   colours.selectionText = palette.color(QPalette::HighlightedText);
   colours.selectionPaper = palette.color(QPalette::Highlight);
+  colours.faint = palette.color(QPalette::PlaceholderText);
   colours.today = palette.color(QPalette::ToolTipBase);
   return colours;
 }

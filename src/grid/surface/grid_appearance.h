@@ -23,7 +23,8 @@ struct GridColours {
   QColor current;  // frame of the current cell
   QColor selectionText;
   QColor selectionPaper;
-  QColor today;  // marks a column; see GridSurface::markColumn
+  QColor today;                 // marks a column; see GridSurface::markColumn
+  QColor faint{112, 112, 112};  // of texts that hardly matter
 };
 
 // What a grid looks like before a skin speaks.
@@ -42,6 +43,7 @@ struct GridAppearance {
   int frozenCols = 0;
   int frozenRows = 0;
   int markedCol = -1;
+  int faintZeros = -1;                  // column
   std::vector<RowMark> markedRows;      // ascending
   std::map<int, QString> headingNotes;  // of the first row, by column
   bool isEditable = false;

@@ -225,6 +225,7 @@ void SheetView::showChanges() {
   if (shownRevision_ == sheet().revision()) return;
   shownRevision_ = sheet().revision();
   model_.announceChanged();
+  if (!emptyHint_.isEmpty()) setAccessibleDescription(isEmpty() ? emptyHint_ : QString());
 }
 
 void SheetView::showChangesLater() {
@@ -315,7 +316,29 @@ void SheetView::paintEvent(QPaintEvent* event) {
                                rows_,      texts_,      viewport()->size(),
                                selected(), current(),   hasFocus()};
   surface.paint(painter);
+  if (!emptyHint_.isEmpty() && isEmpty()) paintEmptyHint(painter);
   if (shownRevision_ != sheet().revision()) showChangesLater();
+}
+
+bool SheetView::isEmpty() const {
+  const int rows = sheet().Rows();
+  for (int row = sheet().NextWrittenRow(appearance_.frozenRows); row < rows;
+       row = sheet().NextWrittenRow(row + 1)) {
+    for (int col = 0; col < Cols(); ++col) {
+      if (!sheet().GetCellText(col, row).isEmpty()) return false;
+    }
+  }
+  return true;
+}
+
+// Below the first rows, where typing begins.
+void SheetView::paintEmptyHint(QPainter& painter) const {
+  constexpr int kMargin = 24;  // pixels
+  const QRect room = viewport()->rect().adjusted(kMargin, 0, -kMargin, 0);
+  painter.setClipping(false);
+  painter.setPen(palette().color(QPalette::PlaceholderText));
+  painter.setFont(font());
+  painter.drawText(room, Qt::AlignCenter | Qt::TextWordWrap, emptyHint_);
 }
 
 int SheetView::sizeHintForColumn(int column) const {

@@ -70,6 +70,10 @@ class SheetView : public QTableView {
   // Sets rows, in ascending order, apart by a bar at their left end; the meanings are read by
   // assistive tools and shown over the bars. The marks do not move with their rows.
   void markRows(std::vector<RowMark> marks);
+  // What to do, in grey, where no cell below the headings has a text.
+  void setEmptyHint(const QString& hint) { emptyHint_ = hint; }
+  // A column in which "0" is drawn faintly, as nothing that matters.
+  void setFaintZeros(int col) { appearance_.faintZeros = col; }
   const std::vector<RowMark>& markedRows() const { return appearance_.markedRows; }
 
   QRect visualRect(const QModelIndex& index) const override;
@@ -149,6 +153,8 @@ class SheetView : public QTableView {
   CellPlace loseCurrentIn(int firstRow, int lastRow);
   void dragCell(const QMouseEvent& event);
   QString hintAt(CellPlace cell, const QRect& rect) const;
+  bool isEmpty() const;
+  void paintEmptyHint(QPainter& painter) const;
 
   QHeaderView& colHeader_;
   QHeaderView& rowHeader_;
@@ -159,6 +165,7 @@ class SheetView : public QTableView {
   QTimer later_;
   quint64 shownRevision_ = 0;
   qreal zoom_ = 1;
+  QString emptyHint_;
   bool hasSkin_ = false;
   bool isQuiet_ = false;  // the current cell moves without CellEntered
 

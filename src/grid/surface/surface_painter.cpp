@@ -52,6 +52,7 @@ class CellPainter {
 
   const SharedStyle& sharedStyleAt(int col, int row, bool isEmpty);
   void paintCell(const Span& col, const Span& row);
+  QColor faintColour(const CellStyle& style) const;
   void paintStripe(const CellStyle& style, const QRect& cell, int margin);
   void paintText(const QString& text, const SharedStyle& shared, const QRect& cell,
                  const QColor& edge);
@@ -123,8 +124,17 @@ void CellPainter::paintCell(const Span& col, const Span& row) {
   if (shared.style->border) bordered_.push_back({cell, shared.style});
   paintStripe(*shared.style, cell, place.col == appearance_.markedCol ? kRing : 0);
   if (text.isEmpty()) return;
-  painter_.setPen(inverted ? appearance_.colours.selectionText : shared.foreground);
-  paintText(text, shared, cell, inverted ? QColor() : shared.edge);
+  const bool isFaint = place.col == appearance_.faintZeros && text == u"0"_qs;
+  painter_.setPen(inverted  ? appearance_.colours.selectionText
+                  : isFaint ? faintColour(*shared.style)
+                            : shared.foreground);
+  paintText(text, shared, cell, inverted || isFaint ? QColor() : shared.edge);
+}
+
+// On a paper of the cell's own, which is light, a grey that is just readable there.
+QColor CellPainter::faintColour(const CellStyle& style) const {
+  constexpr QColor kOnLight(0x70, 0x70, 0x70);
+  return style.hasColours ? kOnLight : appearance_.colours.faint;
 }
 
 // Set off from its paper as a text of its colour is.
