@@ -55,6 +55,7 @@ CalendarImportWindow::CalendarImportWindow(ApplicationState& state, QWidget* par
   setObjectName(u"CalendarImportWindow"_qs);
   setWindowTitle(u"导入日历"_qs);
   grid_->setEditable(false);
+  grid_->setEmptyHint(u"请按“打开”选一个日历文件（.ics），这里先列出它的事项。"_qs);
   setUpImportRows(grid_->sheet());
   answerGridKeys(*grid_, [] { return u"导入日历"_qs; });
   activities_->setSelectionMode(QAbstractItemView::ExtendedSelection);
@@ -161,7 +162,7 @@ void CalendarImportWindow::onActivate() {
 
 void CalendarImportWindow::chooseFile() {
   const QString path =
-      prompts().chooseFile(this, u"导入日历"_qs, u"日历文件|*.ics *.ICS *.ical *.ifb"_qs, folder_);
+      prompts().chooseFile(this, u"导入日历"_qs, u"日历文件|*.ics *.ICS *.ical"_qs, folder_);
   if (!path.isEmpty()) open(path);
 }
 
@@ -182,6 +183,7 @@ void CalendarImportWindow::open(const QString& path) {
     last_->setDate(last);
   }
   compare();
+  grid_->Focus();
 }
 
 void CalendarImportWindow::compare() {
@@ -194,6 +196,7 @@ void CalendarImportWindow::compare() {
     occurrences_ =
         occurrencesIn(file_, first_->date(), last_->date(), QTimeZone::systemTimeZone(), progress);
     import = planImport(state().Db, occurrences_, progress);
+    blocks_ = TimeBlockList(state().Db);
   });
   if (!isDone) return;
   show(std::move(import));
@@ -206,7 +209,7 @@ void CalendarImportWindow::show(CalendarImport import) {
   if (import_.lines.empty()) {
     grid_->SetRows(0);
   } else {
-    showImport(grid_->sheet(), import_, TimeBlockList(state().Db), memos_->isChecked());
+    showImport(grid_->sheet(), import_, blocks_, memos_->isChecked());
     grid_->Redraw();
     grid_->SetCurrentCell(kImportFate, 0);
     markConflicts();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "schedule/calendar_import.h"
+#include "schedule/time_blocks.h"
 #include "shell/planner_window.h"
 
 #include <functional>
@@ -67,6 +68,7 @@ class CalendarImportWindow : public PlannerWindow {
   CalendarFile file_;
   CalendarOccurrences occurrences_;  // of the file
   CalendarImport import_;            // of the file
+  TimeBlockList blocks_;
 };
 
 }  // namespace vellora

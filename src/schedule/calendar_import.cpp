@@ -254,13 +254,7 @@ void saveMemo(ScheduleStore& store, const ImportLine& line, QHash<QDate, QString
   rows.update();
 }
 
-// Behind the last one of the catalogue.
-void saveItem(Recordset& items, std::set<QString>& codes, const NewActivity& activity) {
-  QString code = codes.empty() ? u"000"_qs : *codes.rbegin();
-  do {
-    code = suggestedCode(code);
-  } while (codes.contains(code));
-  codes.insert(code);
+void saveItem(Recordset& items, const QString& code, const NewActivity& activity) {
   items.addNew();
   items.set(u"HDBH", code);
   items.set(u"hdmc", activity.name);
@@ -270,12 +264,13 @@ void saveItem(Recordset& items, std::set<QString>& codes, const NewActivity& act
   items.update();
 }
 
+// Behind the last one of the catalogue.
 int saveItems(ScheduleStore& store, const CalendarImport& import) {
   Recordset items = store.open(statements::allItems());
-  std::set<QString> codes;
+  QString code = u"000"_qs;
   std::set<QString> names;
   for (; !items.atEnd(); items.moveNext()) {
-    codes.insert(items.text(u"HDBH"));
+    code = std::max(code, items.text(u"HDBH"));
     names.insert(items.text(u"HDMC"));
   }
   const std::set<QString> saved = savedActivities(import);
@@ -283,7 +278,8 @@ int saveItems(ScheduleStore& store, const CalendarImport& import) {
   for (const NewActivity& activity : import.activities) {
     const bool isWanted = !activity.category.isEmpty() && saved.contains(activity.name);
     if (!isWanted || names.contains(activity.name)) continue;
-    saveItem(items, codes, activity);
+    code = ItemCatalogue(store).freeCode(suggestedCode(code));
+    saveItem(items, code, activity);
     ++count;
   }
   return count;

@@ -102,10 +102,10 @@ class Expansion {
     }
   }
 
-  // By the clocks of the event's zone; a day around the range for those of other zones.
+  // By the clocks of the event's zone, which may be more than a day ahead or behind.
   std::set<QDateTime> startsOf(const CalendarEvent& event) {
-    const QDateTime first(first_.addDays(-1), QTime(0, 0), Qt::UTC);
-    const QDateTime last(last_.addDays(1), QTime(23, 59, 59), Qt::UTC);
+    const QDateTime first(first_.addDays(-2), QTime(0, 0), Qt::UTC);
+    const QDateTime last(last_.addDays(2), QTime(23, 59, 59), Qt::UTC);
     std::set<QDateTime> starts;
     bool isRepeated = false;
     for (const QByteArray& rule : event.rules) {

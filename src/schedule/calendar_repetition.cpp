@@ -62,9 +62,13 @@ class Rule {
   Rule(const Rule&) = delete;
   Rule& operator=(const Rule&) = delete;
 
-  // Other calendars than the usual one are left alone.
+  // Not of another calendar than the usual one, nor what the library takes for something else:
+  // every some hours, but only at certain ones.
   bool isReadable() const {
-    return rule.freq != ICAL_NO_RECURRENCE && rule.interval > 0 && rule.count >= 0 && !rule.rscale;
+    const auto isSet = [](const short* parts) { return parts[0] != ICAL_RECURRENCE_ARRAY_MAX; };
+    const bool isAtCertain = isSet(rule.by_hour) || isSet(rule.by_minute) || isSet(rule.by_second);
+    return rule.freq != ICAL_NO_RECURRENCE && rule.interval > 0 && rule.count >= 0 &&
+           !rule.rscale && (shortPeriod(rule) == 0 || rule.interval == 1 || !isAtCertain);
   }
 
   icalrecurrencetype rule;
@@ -160,15 +164,19 @@ std::optional<std::vector<QDateTime>> Repetitions::times(const QByteArray& rule,
   if (!end.isValid()) return {};
   if (end < start.wall) return std::vector<QDateTime>();
   const qint64 period = shortPeriod(parts);
-  if (period > 0 && start.wall.secsTo(end) / period > kMostSteps) failAsTooMuch();
+  // The library loses count of hours, minutes and seconds when it begins in their midst.
+  const bool skips = parts.count == 0 && (period == 0 || parts.interval == 1) && start.wall < first;
+  if (period > 0 && (skips ? first : start.wall).secsTo(end) / period > kMostSteps) failAsTooMuch();
   // The library looks no further than that, whether or not a date fits the rule.
   parts.until = icalTimeOf({end});
   icalerror_clear_errno();
   const std::unique_ptr<icalrecur_iterator, FreeIterator> dates(
       icalrecur_iterator_new(parts, icalTimeOf(start)));
   if (!dates) return {};
-  if (parts.count == 0 && period == 0 && start.wall < first) {
-    icalrecur_iterator_set_start(dates.get(), icalTimeOf({first, start.isDay}));
+  if (skips) {
+    // Of an hour or a minute that begins with the start's own.
+    const QDateTime from(first.date(), start.wall.time(), Qt::UTC);
+    icalrecur_iterator_set_start(dates.get(), icalTimeOf({from, start.isDay}));
   }
   std::vector<QDateTime> times;
   for (icaltimetype time = icalrecur_iterator_next(dates.get()); !icaltime_is_null_time(time);
