@@ -143,7 +143,7 @@ void Guide::showFromMenu(const QString& command, const QString& name) {
 
 // A term of lectures, some of them where something is planned already.
 QString timetable() {
-  const QString path = QDir::homePath() + u"/课程表.ics";
+  QString path = QDir::homePath() + u"/课程表.ics";
   const QString lecture =
       u"BEGIN:VEVENT\nDTSTART:202610%1\nDURATION:PT1H30M\nSUMMARY:%2\nLOCATION:%3\n"
       u"RRULE:FREQ=WEEKLY;COUNT=%4\nEND:VEVENT\n"_qs;
