@@ -38,6 +38,18 @@ void attach(WeekBoard& board, ApplicationState& state, BoardCommand command) {
   board.attachCommand(command, [&] { open<Window>(board, state); });
 }
 
+void openStatistics(WeekBoard& board, ApplicationState& state) {
+  StatisticsWindow window(state, &board);
+  QDate chosen;
+  QObject::connect(&window, &StatisticsWindow::dayChosen, &window, [&](QDate day) {
+    chosen = day;
+    window.close();
+  });
+  window.Load();
+  run(window, state);
+  if (chosen.isValid()) board.showWeekOf(chosen);
+}
+
 void openDailyPlan(WeekBoard& board, ApplicationState& state, QDate day) {
   DailyPlanWindow window(state, board.firstDay(), &board);
   window.Load();
@@ -90,7 +102,7 @@ void attachCalendars(WeekBoard& board, ApplicationState& state) {
 void attachWindows(WeekBoard& board, ApplicationState& state) {
   attachPlanning(board, state);
   attachCalendars(board, state);
-  attach<StatisticsWindow>(board, state, BoardCommand::Statistics);
+  board.attachCommand(BoardCommand::Statistics, [&] { openStatistics(board, state); });
   attach<ActivityItemEditor>(board, state, BoardCommand::ActivityItems);
   attach<TimeBlockEditor>(board, state, BoardCommand::TimeBlocks);
   attach<WeekNameEditor>(board, state, BoardCommand::WeekNames);

@@ -157,7 +157,7 @@ void WeekBoard::showMenu() {
 // A double click on the weekday goes to the Monday of the shown week.
 bool WeekBoard::eventFilter(QObject* watched, QEvent* event) {
   if (watched == days_->weekdayLabel() && event->type() == QEvent::MouseButtonDblClick) {
-    days_->setDate(firstDay().addDays(1 - firstDay().dayOfWeek()));
+    showWeekOf(firstDay());
     return true;
   }
   return PlannerWindow::eventFilter(watched, event);
@@ -165,6 +165,10 @@ bool WeekBoard::eventFilter(QObject* watched, QEvent* event) {
 
 QDate WeekBoard::firstDay() const {
   return days_->date();
+}
+
+void WeekBoard::showWeekOf(QDate day) {
+  days_->setDate(day.addDays(1 - day.dayOfWeek()));
 }
 
 QString WeekBoard::templatePath() const {
@@ -304,7 +308,7 @@ void WeekBoard::openFind() {
 void WeekBoard::showHit(const SearchHit& hit) {
   const qint64 days = firstDay().daysTo(hit.day);
   if (days < 0 || days >= kBoardDays) {
-    days_->setDate(hit.day.addDays(1 - hit.day.dayOfWeek()));
+    showWeekOf(hit.day);
   }
   const auto col = static_cast<int>(firstDay().daysTo(hit.day)) + 1;
   int row = 0;

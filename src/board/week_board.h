@@ -52,6 +52,8 @@ class WeekBoard : public PlannerWindow {
   }
 
   QDate firstDay() const;
+  // From its Monday on.
+  void showWeekOf(QDate day);
   void setRedrawFlag() { redraw_ = true; }
 
   // Lays the whole board out anew from template and database.

@@ -3,15 +3,20 @@
 #include "grid/surface/grid_surface.h"
 #include "routine/category.h"
 #include "schedule/time_use.h"
+#include "schedule/week_use.h"
 #include "shell/controls.h"
 #include "shell/date_picker.h"
 #include "shell/work_dialog.h"
+#include "stats/use_chart.h"
 #include "store/store_error.h"
 
 #include <QGridLayout>
 #include <QLabel>
 #include <QPushButton>
+#include <QSplitter>
 #include <QStyle>
+#include <QTabBar>
+#include <QTabWidget>
 
 #include <algorithm>
 #include <array>
@@ -57,24 +62,53 @@ StatisticsWindow::StatisticsWindow(ApplicationState& state, QWidget* parent)
       start_(new DatePicker(u"D1"_qs, u"起始日期"_qs, state.clock, this)),
       end_(new DatePicker(u"D2"_qs, u"截止日期"_qs, state.clock, this)),
       total_(named(new QLabel(u"作息总时数"_qs, this), u"LbZSS"_qs)),
-      grid_(named(new GridSurface(this), u"Cell1"_qs, u"统计表"_qs)) {
+      grid_(named(new GridSurface(this), u"Cell1"_qs, u"统计表"_qs)),
+      chart_(new UseChart(this)),
+      periods_(named(new GridSurface(this), u"Cell2"_qs, u"按周统计表"_qs)) {
   setObjectName(u"StatisticsWindow"_qs);
   setWindowTitle(u"Vellora日程表 统计分析"_qs);
   grid_->setEditable(false);
   setUpTimeUse(grid_->sheet());
   grid_->Redraw();
+  periods_->setEditable(false);
+  setUpPeriods(periods_->sheet());
+  periods_->Redraw();
+  answerGridKeys(*periods_, [] { return u"统计分析 按周"_qs; });
   answerGridKeys(*grid_, [] { return u"统计分析"_qs; });
+  sayWhy(u"还没有统计：选好日期，再按“统  计”。"_qs);
   layOut();
 }
 
 void StatisticsWindow::layOut() {
   auto* all = new QVBoxLayout(this);
   all->addLayout(makeRange());
-  all->addWidget(grid_, 1);
+  all->addWidget(makeViews(), 1);
   all->addWidget(statusLine());
   all->addWidget(total_);
   all->addLayout(makeCategoryLines());
-  resize(680, 620);
+  resize(820, 700);
+}
+
+QTabWidget* StatisticsWindow::makeViews() {
+  auto* weeks = new QSplitter(Qt::Vertical, this);
+  weeks->addWidget(chart_);
+  weeks->addWidget(periods_);
+  weeks->setStretchFactor(0, 3);
+  weeks->setStretchFactor(1, 2);
+  auto* views = named(new QTabWidget(this), u"Views"_qs);
+  views->setFocusPolicy(Qt::NoFocus);  // its bar takes it
+  views->tabBar()->setAccessibleName(u"统计方式"_qs);
+  views->addTab(grid_, u"按活动(&A)"_qs);
+  views->addTab(weeks, u"按周(&W)"_qs);
+  connect(chart_, &UseChart::chosen, this, &StatisticsWindow::dayChosen);
+  return views;
+}
+
+// In place of figures.
+void StatisticsWindow::sayWhy(const QString& hint) {
+  grid_->setEmptyHint(hint);
+  periods_->setEmptyHint(hint);
+  chart_->setHint(hint);
 }
 
 QLayout* StatisticsWindow::makeRange() {
@@ -118,6 +152,7 @@ StatisticsWindow::CategoryLine StatisticsWindow::makeCategoryLine(int index) {
   const QString& label = categories()[static_cast<std::size_t>(index)].label;
   named(line.bar, u"LbTJ%1"_qs.arg(index), label + u"所占比例"_qs);
   fillWith(*line.bar, barColour(index));
+  line.bar->hide();  // until it means something
   named(line.text, u"LbYS%1"_qs.arg(index));
   return line;
 }
@@ -140,6 +175,7 @@ void StatisticsWindow::compute() {
     // as the user wished; what was shown before stays
   }
   grid_->Redraw();
+  periods_->Redraw();
   if (!failure.isEmpty()) prompts().warn(this, failure);
 }
 
@@ -151,6 +187,7 @@ void StatisticsWindow::showTimeUse(const WorkProgress& progress) {
   const QDate last = end_->date();
   const ScheduleStore::ReadTransaction view(state().Db);
   const auto uses = useByCategory(state().Db, first, last);
+  showPeriods(useByPeriod(state().Db, first, last));
   if (uses.empty()) return;
   const qint64 total = totalMinutes(uses);
   total_->setText(totalText(first, last, total));
@@ -158,10 +195,17 @@ void StatisticsWindow::showTimeUse(const WorkProgress& progress) {
   listActivities(grid_->sheet(), state().Db, first, last, total);
 }
 
+void StatisticsWindow::showPeriods(const std::vector<PeriodUse>& uses) {
+  if (uses.empty()) sayWhy(u"这段时间没有计划。"_qs);
+  listPeriods(periods_->sheet(), uses);
+  chart_->show(uses);
+}
+
 void StatisticsWindow::showCategories(const std::vector<CategoryUse>& uses, qint64 total) {
   for (const CategoryLine& line : lines_) {
     line.text->clear();
     line.bar->resize(0, kBarHeight);
+    line.bar->show();
   }
   for (const CategoryUse& use : uses) {
     const auto index = categoryIndex(use.label);

@@ -8,12 +8,15 @@
 class QGridLayout;
 class QLabel;
 class QLayout;
+class QTabWidget;
 
 namespace vellora {
 
 class DatePicker;
 class GridSurface;
+class UseChart;
 struct CategoryUse;
+struct PeriodUse;
 
 // Shows how much planned time went to each category and activity between two dates. Writes nothing.
 class StatisticsWindow : public PlannerWindow {
@@ -21,6 +24,10 @@ class StatisticsWindow : public PlannerWindow {
 
  public:
   explicit StatisticsWindow(ApplicationState& state, QWidget* parent = nullptr);
+
+ signals:
+  // The user wants to see these days on the board.
+  void dayChosen(QDate day);
 
  protected:
   void onLoad() override;
@@ -32,11 +39,14 @@ class StatisticsWindow : public PlannerWindow {
   };
 
   void layOut();
+  QTabWidget* makeViews();
+  void sayWhy(const QString& hint);
   QLayout* makeRange();
   QGridLayout* makeCategoryLines();
   CategoryLine makeCategoryLine(int index);
   void compute();
   void showTimeUse(const WorkProgress& progress);
+  void showPeriods(const std::vector<PeriodUse>& uses);
   void showCategories(const std::vector<CategoryUse>& uses, qint64 total);
 
   DatePicker* start_;
@@ -44,6 +54,8 @@ class StatisticsWindow : public PlannerWindow {
   QLabel* total_;
   std::vector<CategoryLine> lines_;
   GridSurface* grid_;
+  UseChart* chart_;
+  GridSurface* periods_;
 };
 
 }  // namespace vellora

@@ -166,6 +166,14 @@ Query minutesByActivity(QDate start, QDate end) {
       {start, end}};
 }
 
+Query minutesByDay(QDate start, QDate end) {
+  return {
+      u"SELECT JH.RQ,HD.HDLB,Sum(Hour([SJ1])*60+Minute([SJ1])-Hour([SJ0])*60-Minute([SJ0])) AS SJ"
+      u" FROM HD INNER JOIN (SJ INNER JOIN JH ON SJ.SJKH = JH.SJKH) ON HD.HDMC = JH.HDMC"
+      u" WHERE JH.RQ>=? AND JH.RQ <=? GROUP BY JH.RQ,HD.HDLB"_qs,
+      {start, end}};
+}
+
 Query deleteAllFrom(const QString& table) {
   return QString(u"DELETE * FROM [" + table + u']');
 }

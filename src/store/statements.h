@@ -57,6 +57,7 @@ Query deleteSkinSetting();
 // Planned minutes (SJ), and number of entries (CS) per activity, from start to end inclusive.
 Query minutesByCategory(QDate start, QDate end);
 Query minutesByActivity(QDate start, QDate end);
+Query minutesByDay(QDate start, QDate end);  // and category
 
 // Any table by name: backup and restore.
 Query deleteAllFrom(const QString& table);

@@ -6,6 +6,7 @@
 
 #include <QLabel>
 #include <QPushButton>
+#include <QTest>
 
 namespace vellora {
 namespace {
@@ -52,6 +53,20 @@ TEST_F(StatisticsWindowTest, ShowsTheRangeAndKeepsItsFiguresOverAnEmptyOne) {
     EXPECT_EQ(rows(), count);
     EXPECT_TRUE(prompts_.warnings.isEmpty());
   }
+}
+
+TEST_F(StatisticsWindowTest, ADayOfTheChartLeadsToTheBoard) {
+  QDate chosen;
+  QObject::connect(&window_, &StatisticsWindow::dayChosen, [&](QDate day) { chosen = day; });
+  compute(kToday.addDays(-1), kToday.addDays(1));
+  auto* chart = window_.findChild<QWidget*>(u"UseChart"_qs);
+  for (const int key : {Qt::Key_End, Qt::Key_Left, Qt::Key_Return})
+    QTest::keyClick(chart, Qt::Key(key));
+  EXPECT_EQ(chosen, kToday);
+  EXPECT_EQ(chart->accessibleDescription(),
+            u"3月31日 星期六\n1-工作  1小时30分钟\n3-运动  1小时30分钟"_qs);
+  compute(kToday.addDays(5), kToday.addDays(6));
+  EXPECT_EQ(chart->accessibleDescription(), u"这段时间没有计划。"_qs);
 }
 
 TEST_F(StatisticsWindowTest, SaysWhyThereAreNoShares) {

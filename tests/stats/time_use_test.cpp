@@ -1,6 +1,7 @@
 #include "schedule/time_use.h"
 
 #include "routine/category.h"
+#include "schedule/week_use.h"
 #include "support/schedule_builder.h"
 #include "support/text_output.h"
 
@@ -110,6 +111,24 @@ TEST(TimeUse, AgreesWithARecountOfRandomPlans) {
     EXPECT_TRUE(useByCategory(store, last, first).empty()) << "reversed range";
 
     const qint64 total = totalMinutes(uses);
+    for (const QDate begin : {first, first.addDays(-kMostSingleDays)}) {  // by days, and by weeks
+      QDate next = begin;
+      for (const PeriodUse& use : useByPeriod(store, begin, last)) {
+        EXPECT_EQ(use.first, next);
+        EXPECT_TRUE(use.first == use.last || use.last == last || use.last.dayOfWeek() == 7);
+        next = use.last.addDays(1);
+        qint64 recounted = 0;
+        for (const CategoryUse& each : useByCategory(store, use.first, use.last)) {
+          recounted += each.minutes;
+          const auto index = categoryIndex(each.label);
+          EXPECT_EQ(index ? use.planned[static_cast<std::size_t>(*index)] : use.other,
+                    each.minutes);
+        }
+        EXPECT_EQ(use.plannedInAll(), recounted);
+        EXPECT_GE(use.free, 0);
+      }
+      EXPECT_EQ(next, last.addDays(1));
+    }
     Sheet sheet;
     setUpTimeUse(sheet);
     listActivities(sheet, store, first, last, total);

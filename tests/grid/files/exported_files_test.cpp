@@ -1,56 +1,101 @@
-// Exported files as programs read them that know nothing of the planner.
+// Exported files as programs read them that know nothing of the planner: a reader of Excel files, a
+// parser of pages, an office.
 
 #include "file_messages.h"
 #include "grid/files/excel_writer.h"
 #include "grid/files/exported_sheet.h"
 #include "grid/files/html_writer.h"
-#include "outside_reader.h"
-#include "routine/number_text.h"
-#include "sample_list.h"
+#include "sample_workbook.h"
 #include "support/temporary_folder.h"
 #include "support/text_output.h"
+
+#include <QColor>
+#include <QProcess>
+
+#include <gtest/gtest.h>
 
 namespace vellora {
 namespace {
 
+// What another program prints about a file, in lines.
+QStringList linesOf(const QString& program, const QStringList& arguments) {
+  QProcess process;
+  process.start(program, arguments);
+  EXPECT_TRUE(process.waitForFinished(240'000)) << process.errorString().toStdString();
+  EXPECT_EQ(process.exitCode(), 0) << process.readAllStandardError().toStdString();
+  return QString::fromUtf8(process.readAllStandardOutput()).split(u'\n', Qt::SkipEmptyParts);
+}
+
+QStringList readXls(const QStringList& paths) {
+  return linesOf(QStringLiteral(PYTHON),
+                 QStringList(QStringLiteral(READER_DIR "/read_xls.py")) + paths);
+}
+
+QStringList readHtml(const QString& path) {
+  return linesOf(QStringLiteral(PYTHON), {QStringLiteral(READER_DIR "/read_html.py"), path});
+}
+
 class ExportedFiles : public testing::Test {
  protected:
-  QString excel(const Sheet& sheet, const QString& name = u"列表.xls"_qs) const {
+  QString excel(const Sheet& sheet, const QString& name = u"表.xls"_qs) const {
     QString path = folder_.path(name);
-    writeExcelFile(sheet, {}, u"活动/计划"_qs, path);
+    writeExcelFile(sheet, {true, true, 10, 20, 30, 40}, u"活动/计划"_qs, path);
+    return path;
+  }
+  QString html(const Sheet& sheet, const QString& title) const {
+    QString path = folder_.path(u"表.HTM"_qs);
+    writeHtmlFile(sheet, {true, true}, title, path);
     return path;
   }
   QStringList htmlLines(const Sheet& sheet, const QString& title) const {
-    const QString path = folder_.path(u"表.HTM"_qs);
-    writeHtmlFile(sheet, {true, true}, title, path);
-    EXPECT_EQ(test::linesOf(u"tidy"_qs, {u"-quiet"_qs, u"-errors"_qs, u"--drop-empty-elements"_qs,
-                                         u"no"_qs, path}),
+    const QString path = html(sheet, title);
+    EXPECT_EQ(linesOf(u"tidy"_qs,
+                      {u"-quiet"_qs, u"-errors"_qs, u"--drop-empty-elements"_qs, u"no"_qs, path}),
               QStringList());
-    return test::readHtml(path);
+    return readHtml(path);
   }
 
   test::TemporaryFolder folder_;
 };
 
+// An office that opens and keeps the files. Takes its time: every file starts it.
+class OfficeReaders : public ExportedFiles {
+ protected:
+  OfficeReaders() { qputenv("LC_ALL", "C"); }  // lengths in inches
+
+  // The file that the office makes of one of ours.
+  QString kept(const QString& path, const QString& kind, const QStringList& options = {}) const {
+    const QStringList arguments{u"-env:UserInstallation=file://"_qs + folder_.path(u"profile"_qs),
+                                u"--headless"_qs,
+                                u"--convert-to"_qs,
+                                kind,
+                                u"--outdir"_qs,
+                                folder_.path(u"kept"_qs)};
+    linesOf(u"soffice"_qs, options + arguments + QStringList{path});
+    return folder_.path(u"kept/表."_qs + kind);
+  }
+};
+
 QString hex(PackedColour colour) {
-  return u"%1%2%3"_qs.arg(redOf(colour), 2, 16, QChar(u'0'))
-      .arg(greenOf(colour), 2, 16, QChar(u'0'))
-      .arg(blueOf(colour), 2, 16, QChar(u'0'));
+  return QColor(redOf(colour), greenOf(colour), blueOf(colour)).name();
 }
 
 QString describedLook(const CellStyle& style) {
-  QStringList parts{style.font.face, QString::number(style.font.size),
-                    isBold(style.font) ? u"bold"_qs : u"regular"_qs,
-                    style.hasColours ? hex(style.textColour) : u"auto"_qs,
-                    style.hasColours ? hex(style.backColour) : u"none"_qs};
-  const bool isCentred = (style.align & kAlignCentre) != 0;
-  const bool isTop = (style.align & kAlignTop) != 0;
-  const QString across = (style.align & kAlignRight) != 0 ? u"right"_qs : u"left"_qs;
-  const QString down = (style.align & kAlignBottom) != 0 ? u"bottom"_qs : u"middle"_qs;
-  parts << (isCentred ? u"centre"_qs : across) << (isTop ? u"top"_qs : down)
-        << (style.wrap ? u"wrap"_qs : u"line"_qs) << (style.option == 1 ? u"@"_qs : u"General"_qs)
-        << QString::number(style.border ? style.borderWidth : 0)
-        << (style.border ? hex(style.borderColour) : u"none"_qs);
+  const auto either = [&style](int flag, const QString& word, const QString& other) {
+    return (style.align & flag) != 0 ? word : other;
+  };
+  const bool isBordered = style.border && style.borderWidth > 0;
+  const QStringList parts{
+      style.font.face,
+      QString::number(style.font.size),
+      isBold(style.font) ? u"bold"_qs : u"regular"_qs,
+      style.hasColours ? hex(style.textColour) : u"auto"_qs,
+      style.hasColours ? hex(style.backColour) : u"none"_qs,
+      either(kAlignCentre, u"centre"_qs, either(kAlignRight, u"right"_qs, u"left"_qs)),
+      either(kAlignTop, u"top"_qs, either(kAlignBottom, u"bottom"_qs, u"middle"_qs)),
+      style.wrap ? u"wrap"_qs : u"line"_qs,
+      style.option == 1 ? u"@"_qs : u"General"_qs,
+      isBordered ? QString::number(style.borderWidth) + hex(style.borderColour) : u"none"_qs};
   return parts.join(u'/');
 }
 
@@ -85,15 +130,6 @@ QStringList described(const Sheet& sheet) {
   return lines;
 }
 
-QStringList inShortForm(QStringList lines) {
-  for (QString& line : lines) {
-    QStringList parts = line.split(u'\t');
-    if (parts.value(3) == u"number") parts[4] = numberText(parts[4].toDouble());
-    line = parts.join(u'\t');
-  }
-  return lines;
-}
-
 // Columns of a list without headings.
 Sheet listOf(const QStringList& texts, int cols = 1) {
   Sheet sheet;
@@ -111,14 +147,27 @@ QStringList textsIn(const QStringList& lines) {
   return texts;
 }
 
+// Place, kind and value of every cell; the office keeps fifteen digits and trims texts of a page.
+QStringList valuesIn(const QStringList& lines) {
+  QStringList values;
+  for (const QString& line : lines) {
+    QStringList parts = line.split(u'\t').first(qMin(5, line.count(u'\t') + 1));
+    if (parts[0] != u"cell" || parts[3] == u"blank" || parts[4].isEmpty()) continue;
+    if (parts[3] == u"number") parts[4] = QString::number(parts[4].toDouble(), 'g', 14);
+    parts[4] = parts[4].trimmed();
+    values << parts.join(u'\t');
+  }
+  return values;
+}
+
 }  // namespace
 
 TEST_F(ExportedFiles, ExcelHoldsEveryCellWithItsLookAndEverySize) {
   const Sheet sheet = test::sampleList();
-  EXPECT_EQ(inShortForm(test::readXls({excel(sheet)})), described(sheet));
+  EXPECT_EQ(readXls({excel(sheet)}), described(sheet));
 }
 
-TEST_F(ExportedFiles, ExcelTextsAreReadWhereverARecordsEndCutsThem) {
+TEST_F(ExportedFiles, ExcelTextsAreReadWhereverARecordOrASheetEnds) {
   constexpr int kLastOffset = 8'224 - (8 + 3 + 3) + 4;  // a record less counts and two headers
   QStringList paths;
   QStringList expected;
@@ -128,35 +177,31 @@ TEST_F(ExportedFiles, ExcelTextsAreReadWhereverARecordsEndCutsThem) {
     expected << texts;
   }
   QStringList many{QString(32'767, u'a'), u"😀"_qs.repeated(16'383)};
-  // So much that the compound file's header cannot hold the list of the FAT's sectors.
-  for (int size = 32'767; size > 32'647; --size) many << QString(size, u'长');
+  // So much that the list of the FAT's sectors goes over the compound file's header and one sector.
+  for (int size = 32'767; size > 32'517; --size) many << QString(size, u'长');
   for (int number = 0; number < 20'000; ++number) many << u"第%1条"_qs.arg(number % 15'000);
   paths << excel(listOf(many)) << excel(Sheet(), u"0.xls"_qs);
-  EXPECT_TRUE(textsIn(test::readXls(paths)) == expected + many);
-}
-
-TEST_F(ExportedFiles, ExcelGoesOnWithTheHeadingsOnFurtherSheets) {
+  expected << many;
   for (const int rows : {65'535, 65'536}) {
-    Sheet sheet = listOf(QStringList(rows));
+    Sheet sheet = listOf(QStringList(rows, u"行"_qs));
     sheet.SetCellText(0, kHeadingRow, u"序号"_qs);
-    QStringList expected;
-    for (int row = 0; row < rows; ++row) {
-      sheet.SetCellValue(0, row, row);
-      if (row % 65'535 == 0) expected << u"序号"_qs;
-      expected << QString::number(row);
-    }
-    EXPECT_TRUE(textsIn(inShortForm(test::readXls({excel(sheet)}))) == expected) << rows;
+    sheet.SetCellText(0, rows - 1, u"末行"_qs);
+    paths << excel(sheet, u"%1.xls"_qs.arg(rows));
+    expected << u"序号"_qs << QStringList(65'534, u"行"_qs);
+    expected << (rows == 65'535 ? QStringList{u"末行"_qs}
+                                : QStringList{u"行"_qs, u"序号"_qs, u"末行"_qs});
   }
+  EXPECT_TRUE(textsIn(readXls(paths)) == expected);
 }
 
 TEST_F(ExportedFiles, ExcelShowsTheNearestColourWhereThereAreTooMany) {
   Sheet sheet = listOf(QStringList(200, u"色"_qs));
   for (int row = 0; row < 200; ++row) sheet.SetCellColors(0, row, kBlack, packColour(row, row, 0));
-  const QStringList lines = test::readXls({excel(sheet)}).filter(u"cell"_qs);
+  const QStringList lines = readXls({excel(sheet)}).filter(u"cell"_qs);
   ASSERT_EQ(lines.size(), 200);
   for (int row = 0; row < 200; ++row) {
-    const uint back = lines[row].section(u'/', 4, 4).toUInt(nullptr, 16);
-    EXPECT_NEAR(back >> 16U, row, row < 50 ? 0 : 160) << row;
+    const QColor back = QColor(lines[row].section(u'/', 4, 4));
+    EXPECT_NEAR(back.red(), row, row < 50 ? 0 : 160) << row;
   }
 }
 
@@ -196,6 +241,20 @@ TEST_F(ExportedFiles, HtmlHoldsEveryTextInViewWhateverIsInIt) {
   EXPECT_EQ(
       htmlLines(listOf({broken}), {}),
       (QStringList{u"title\tVellora"_qs, u"cell\t0\t0\ttext\t"_qs + QString(5, QChar(0xFFFD))}));
+}
+
+TEST_F(OfficeReaders, KeepEveryValueAndThePage) {
+  const QString xls = excel(test::sampleList());
+  EXPECT_EQ(valuesIn(readXls({kept(xls, u"xls"_qs)})), valuesIn(readXls({xls})));
+  const QByteArray document = test::bytesOf(kept(xls, u"fods"_qs));
+  for (const char* part :
+       {"style:print-orientation=\"landscape\"", "<table:table-header-rows>",
+        "style:scale-to-X=\"1\"", "fo:margin-left=\"0.3937in\"", "fo:margin-right=\"1.1811in\""}) {
+    EXPECT_TRUE(document.contains(part)) << part;
+  }
+  const QString page = html(test::sampleList(), u"表"_qs);
+  const QString made = kept(page, u"xls"_qs, {u"--infilter=calc_HTML_WebQuery"_qs});
+  EXPECT_EQ(valuesIn(readXls({made})), valuesIn(readHtml(page)));
 }
 
 }  // namespace vellora

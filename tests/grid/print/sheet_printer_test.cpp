@@ -6,10 +6,19 @@
 #include "support/temporary_folder.h"
 #include "support/text_output.h"
 
+#include <QApplication>
+#include <QFileDialog>
 #include <QImage>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPageLayout>
+#include <QPrintPreviewDialog>
 #include <QPrinter>
 #include <QProcess>
+#include <QPushButton>
+#include <QTimer>
 
+#include <functional>
 #include <gtest/gtest.h>
 
 namespace vellora {
@@ -55,6 +64,24 @@ class PrintedSheet : public testing::Test {
   PageSetup setup;
   QStringList pages;  // without blanks and line ends
 };
+
+// Does something with the next modal window as soon as the event loop shows it.
+template <typename Dialog>
+void withNextWindow(std::function<void(Dialog&)> act) {
+  QTimer::singleShot(0, qApp, [act] {
+    auto* dialog = qobject_cast<Dialog*>(QApplication::activeModalWidget());
+    if (!dialog) return withNextWindow(act);
+    act(*dialog);
+  });
+}
+
+void saveAs(const QString& path, QPrintPreviewDialog& dialog) {
+  withNextWindow<QFileDialog>([path](QDialog& chooser) {
+    chooser.findChild<QLineEdit*>()->setText(path);
+    chooser.accept();
+  });
+  dialog.findChild<QPushButton*>(u"cmdPdf"_qs)->click();
+}
 
 }  // namespace
 
@@ -137,6 +164,34 @@ TEST_F(PrintedSheet, SaysThatAPrinterDoesNotTakeThePages) {
   printer.setOutputFileName(folder.path(u"没有/x.pdf"_qs));
   const auto send = [&] { printSheet(sheet, setup, PrintHeadings::HeadingStrip, printer); };
   EXPECT_EQ(test::messageOf(send), u"无法打印：打印机不可用，或目标文件无法写入。"_qs);
+}
+
+TEST_F(PrintedSheet, IsPreviewedSavedAndSetUpThere) {
+  fill(1, 1, 100);
+  setup = {true, true, 12, 13, 14, 15};
+  const auto preview = [this](const WorkRunner& run) {
+    return previewSheet(sheet, setup, PrintHeadings::HeadingStrip, u"活动项目"_qs, nullptr, run);
+  };
+  QString message;
+  withNextWindow<QPrintPreviewDialog>([&](QPrintPreviewDialog& dialog) {
+    saveAs(path, dialog);
+    withNextWindow<QMessageBox>([&](QMessageBox& box) {
+      message = box.text();
+      box.accept();
+    });
+    saveAs(u"/proc/x.pdf"_qs, dialog);
+    EXPECT_TRUE(dialog.isVisible());
+    dialog.printer()->setPageOrientation(QPageLayout::Portrait);
+    dialog.reject();
+  });
+  const PageSetup turned{false, true, 12, 13, 14, 15};
+  EXPECT_EQ(preview(runWithoutProgress), turned);
+  EXPECT_TRUE(test::bytesOf(path).startsWith("%PDF"));
+  EXPECT_TRUE(message.startsWith(u"无法写入文件“/proc/x.pdf”："_qs)) << message.toStdString();
+  const auto giveUp = [](QWidget*, const std::function<void(const WorkProgress&)>& work) {
+    work([](const WorkStep&) { return false; });
+  };
+  EXPECT_EQ(preview(giveUp), setup) << "closes when the layout is given up";
 }
 
 }  // namespace vellora

@@ -1,5 +1,6 @@
 """Prints what is in Excel files, one thing a line, as python3-xlrd reads them."""
 
+import decimal
 import functools
 import sys
 
@@ -16,7 +17,7 @@ def shown(text):
 
 def colour(book, index, none):
     rgb = book.colour_map[index] if 8 <= index < 64 else None
-    return "%02x%02x%02x" % rgb if rgb else none
+    return "#%02x%02x%02x" % rgb if rgb else none
 
 
 @functools.cache
@@ -35,15 +36,15 @@ def look(book, xf_index):
         colour(book, form.background.pattern_colour_index, "?") if filled else "none",
         ACROSS[form.alignment.hor_align], DOWN[form.alignment.vert_align],
         "wrap" if form.alignment.text_wrapped else "line",
-        book.format_map[form.format_key].format_str, line,
-        colour(book, border.top_colour_index, "?") if line else "none"))
+        book.format_map[form.format_key].format_str,
+        str(line) + colour(book, border.top_colour_index, "?") if line else "none"))
 
 
 def value(cell):
     if cell.ctype == xlrd.XL_CELL_TEXT:
         return "text\t" + shown(cell.value)
     if cell.ctype == xlrd.XL_CELL_NUMBER:
-        return "number\t" + repr(cell.value)
+        return "number\t" + format(decimal.Decimal(repr(cell.value)).normalize(), "f")
     assert cell.ctype == xlrd.XL_CELL_BLANK, cell
     return "blank\t"
 
