@@ -153,6 +153,7 @@ void CalendarImportWindow::onLoad() {
   first_->setDate(state().clock.today());
   last_->setDate(state().clock.today());
   name_->setText(u"还没有打开日历文件。"_qs);
+  summary_->setText(u"导入以前先列出文件里的事项，这时还什么都没有写入。"_qs);
   updateButtons();
 }
 
@@ -198,14 +199,13 @@ void CalendarImportWindow::compare() {
     import = planImport(state().Db, occurrences_, progress);
     blocks_ = TimeBlockList(state().Db);
   });
-  if (!isDone) return;
+  if (!isDone) return summary_->setText(u"没有列出：请选别的日期，或打开别的文件。"_qs);
   show(std::move(import));
   summary_->setText(importSummary(import_, occurrences_));
 }
 
 void CalendarImportWindow::show(CalendarImport import) {
   import_ = std::move(import);
-  summary_->clear();
   if (import_.lines.empty()) {
     grid_->SetRows(0);
   } else {
