@@ -290,7 +290,7 @@ void CalendarImportWindow::updateButtons() {
 
 void CalendarImportWindow::save() {
   ImportCounts counts;
-  state().Db.undoLog().setName(u"导入日历 "_qs + name_->text());
+  state().Db.undoLog().setName(u"导入日历“%1”"_qs.arg(name_->text()));
   const bool isSaved = guarded([&](const WorkProgress& progress) {
     counts = saveImport(state().Db, import_, memos_->isChecked(), progress);
   });

@@ -80,31 +80,34 @@ QString levelOf(const QString& text) {
   return isNumber ? QString::number(level) : u"0"_qs;
 }
 
-QString joined(const QString& one, const QString& other) {
-  return one.isEmpty() || other.isEmpty() ? one + other : QString(one + u'\n' + other);
+QString joined(const QString& one, QChar separator, const QString& other) {
+  return one.isEmpty() || other.isEmpty() ? one + other : QString(one + separator + other);
+}
+
+QString requirementOf(const CalendarEvent& event) {
+  return joined(textInCalendar(event.location), u' ', textInCalendar(event.details));
 }
 
 PlanTexts textsOf(const CalendarEvent& event, bool& isCut) {
   const QString title = storedItemText(textInCalendar(event.title));
-  const QString details = joined(textInCalendar(event.location), textInCalendar(event.details));
   return {title.isEmpty() ? kUntitled : fitting(title, kItemNameLength, isCut),
-          fitting(details, kMostRequirement, isCut), levelOf(event.level)};
+          fitting(requirementOf(event), kMostRequirement, isCut), levelOf(event.level)};
 }
 
 // The first line of a memo is its event's title.
 QString noteOf(const CalendarEvent& event) {
   const QString title = event.title.isEmpty() ? kUntitled : textInCalendar(event.title);
   const QString details = textInCalendar(event.details);
-  return details.startsWith(title) ? details
-                                   : joined(joined(title, textInCalendar(event.location)), details);
+  return details.startsWith(title)
+             ? details
+             : joined(joined(title, u' ', textInCalendar(event.location)), u'\n', details);
 }
 
 // Whether an entry is what the event was exported from, or what it was imported as.
 bool isHeld(const CalendarEvent& event, const PlanTexts& texts, const PlanTexts& entry) {
   return areStoredAlike(texts, entry) ||
          (textInCalendar(entry.activity) == textInCalendar(event.title) &&
-          textInCalendar(entry.requirement) ==
-              joined(textInCalendar(event.location), textInCalendar(event.details)) &&
+          textInCalendar(entry.requirement) == requirementOf(event) &&
           levelOf(entry.level) == texts.level);
 }
 
@@ -242,7 +245,7 @@ void saveMemo(ScheduleStore& store, const ImportLine& line, QHash<QDate, QString
     memos[date] = memoOf(store, date);
     if (memos[date] != line.held.front().activity) failAsChanged(date);
   }
-  memos[date] = joined(memos[date], line.texts.activity);
+  memos[date] = joined(memos[date], u'\n', line.texts.activity);
   auto rows = store.open(statements::memoOn(date));
   if (rows.isEmpty()) {
     rows.addNew();

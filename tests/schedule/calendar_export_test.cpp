@@ -3,11 +3,11 @@
 #include "schedule/calendar_export.h"
 
 #include "grid/files/file_error.h"
-#include "grid/files/outside_reader.h"
 #include "schedule_fixture.h"
 #include "support/temporary_folder.h"
 
 #include <QDateTime>
+#include <QProcess>
 
 namespace vellora {
 namespace {
@@ -28,8 +28,11 @@ class CalendarExportTest : public test::ScheduleTest {
   }
   QStringList exported(const CalendarSelection& selection) {
     counts_ = exportCalendar(store_, selection, path_, kNow);
-    return test::linesOf(QStringLiteral(PYTHON),
-                         {QStringLiteral(READER_DIR "/read_ics.py"), path_});
+    QProcess python;
+    python.start(QStringLiteral(PYTHON), {QStringLiteral(READER_DIR "/read_ics.py"), path_});
+    EXPECT_TRUE(python.waitForFinished()) << python.errorString().toStdString();
+    EXPECT_EQ(python.exitCode(), 0) << python.readAllStandardError().toStdString();
+    return QString::fromUtf8(python.readAllStandardOutput()).split(u'\n', Qt::SkipEmptyParts);
   }
 
   test::TemporaryFolder folder_;

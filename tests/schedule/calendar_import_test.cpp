@@ -269,7 +269,7 @@ TEST_F(CalendarImportTest, IsOneStepThatTakesInWhatIsNewAndWhatReplaces) {
                                 u"HD|008|替|5-娱乐|0|16711935"_qs, u"HD|009|很长|1-工作|0|255"_qs,
                                 u"JH|2007-03-06|1|替||7"_qs,
                                 u"JH|2007-03-08|1|很长|"_qs + QString(255, u'说') + u"|0",
-                                u"JH|2007-03-09|1|读书|302\r二\r行|0"_qs}));
+                                u"JH|2007-03-09|1|读书|302 二\r行|0"_qs}));
   EXPECT_EQ(planned(content), u"5/生日1 5/1不替2 6/假1 6/1替1 8/1很长1 9/1读书1") << "again";
   store_.undoLog().undo();
   EXPECT_EQ(test::dumpOf(store_), before);
