@@ -3,12 +3,12 @@
 
 build_packages=(
   build-essential cmake ninja-build ccache
-  qt6-base-dev qt6-svg-dev qt6-translations-l10n libsqlitecpp-dev libsqlite3-dev
+  qt6-base-dev qt6-svg-dev qt6-translations-l10n libsqlitecpp-dev libsqlite3-dev libical-dev
 )
 font_packages=(fonts-noto-cjk fonts-arphic-gkai00mp)
 check_packages=(clang-format clang-tidy)
 test_packages=(
-  libgtest-dev appstream desktop-file-utils poppler-utils tidy python3-xlrd
+  libgtest-dev appstream desktop-file-utils poppler-utils tidy python3-xlrd python3-icalendar
 )
 long_packages=(clang libclang-rt-dev libreoffice-calc-nogui)
 bench_packages=(libgtest-dev libbenchmark-dev python3-xlwt python3-uno libreoffice-calc-nogui)

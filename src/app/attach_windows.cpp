@@ -8,6 +8,8 @@
 #include "editors/memo_window.h"
 #include "editors/time_block_editor.h"
 #include "editors/week_name_editor.h"
+#include "exchange/calendar_export_window.h"
+#include "exchange/calendar_import_window.h"
 #include "planning/activity_plan_window.h"
 #include "planning/daily_plan_window.h"
 #include "stats/statistics_window.h"
@@ -82,10 +84,24 @@ void attachPlanning(WeekBoard& board, ApplicationState& state) {
       [&](const QString& activity) { openActivityPlan(board, state, activity); });
 }
 
+void attachCalendars(WeekBoard& board, ApplicationState& state) {
+  board.attachCalendars(
+      [&](const QString& activity) {
+        CalendarExportWindow window(state, board.firstDay(), activity, &board);
+        window.Load();
+        run(window, state);
+      },
+      [&] {
+        open<CalendarImportWindow>(board, state);
+        board.setRedrawFlag();
+      });
+}
+
 }  // namespace
 
 void attachWindows(WeekBoard& board, ApplicationState& state) {
   attachPlanning(board, state);
+  attachCalendars(board, state);
   board.attachCommand(BoardCommand::Statistics, [&] { openStatistics(board, state); });
   attach<ActivityItemEditor>(board, state, BoardCommand::ActivityItems);
   attach<TimeBlockEditor>(board, state, BoardCommand::TimeBlocks);

@@ -39,6 +39,8 @@ class PlanCommands : public QObject {
     std::function<void(QDate day)> openMemo;
     std::function<void(const QString& activity)> openActivity;
     std::function<void()> openFind;
+    std::function<void(const QString& activity)> exportCalendar;
+    std::function<void()> importCalendar;
   };
   explicit PlanCommands(const Board& board);
 
@@ -102,6 +104,8 @@ class PlanCommands : public QObject {
   void clearWeek();
   void postpone();
   void find() { board_.openFind(); }
+  void exportCalendar();
+  void importCalendar() { board_.importCalendar(); }
   void undo();
   void redo();
 

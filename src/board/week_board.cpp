@@ -127,7 +127,15 @@ void WeekBoard::addPlanCommands() {
                                        returnFromWindow();
                                      },
                                      [this](const QString& activity) { openActivity(activity); },
-                                     [this] { openFind(); }});
+                                     [this] { openFind(); },
+                                     [this](const QString& activity) {
+                                       if (export_calendar_) export_calendar_(activity);
+                                       returnFromWindow();
+                                     },
+                                     [this] {
+                                       if (import_calendar_) import_calendar_();
+                                       returnFromWindow();
+                                     }});
   plan_drag_ = std::make_unique<PlanDrag>(
       *plan_commands_, [this](int days) { days_->setDate(firstDay().addDays(days)); });
   grid_->setCellDrag(plan_drag_.get());

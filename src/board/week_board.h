@@ -45,6 +45,11 @@ class WeekBoard : public PlannerWindow {
   // What the menu of a day's heading opens besides.
   void attachMemo(DayHandler handler) { open_memo_ = std::move(handler); }
   void attachPlannedCell(ActivityHandler handler) { open_activity_ = std::move(handler); }
+  // What the menu opens for calendar files; the activity of the current cell goes along, if any.
+  void attachCalendars(ActivityHandler exporting, Handler importing) {
+    export_calendar_ = std::move(exporting);
+    import_calendar_ = std::move(importing);
+  }
 
   QDate firstDay() const;
   // From its Monday on.
@@ -110,6 +115,8 @@ class WeekBoard : public PlannerWindow {
   DayHandler open_day_;
   DayHandler open_memo_;
   ActivityHandler open_activity_;
+  ActivityHandler export_calendar_;
+  Handler import_calendar_;
   bool redraw_ = false;
 };
 

@@ -37,10 +37,17 @@ void movePlans(ScheduleStore& store, const QString& from, const QString& to) {
 TimeBlockList::TimeBlockList(ScheduleStore& store) {
   auto rows = store.open(statements::blocksByStart());
   for (; !rows.atEnd(); rows.moveNext()) {
-    const QString hours = blockHours(rows.time(u"SJ0"), rows.time(u"SJ1"));
+    const QTime start = rows.time(u"SJ0");
+    const QTime end = rows.time(u"SJ1");
+    const QString hours = blockHours(start, end);
     const QString name = rows.text(u"sjkm");
-    const TimeBlock block{rows.text(u"SJKH"), hours + kLineBreak + name, hours + u' ' + name, hours,
-                          name};
+    const TimeBlock block{rows.text(u"SJKH"),
+                          hours + kLineBreak + name,
+                          hours + u' ' + name,
+                          hours,
+                          name,
+                          start,
+                          end};
     if (!position_by_code_.contains(block.code)) position_by_code_[block.code] = blocks_.size();
     blocks_.append(block);
   }

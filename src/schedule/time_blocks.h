@@ -6,6 +6,7 @@
 #include <QList>
 #include <QMap>
 #include <QString>
+#include <QTime>
 
 #include <map>
 #include <utility>
@@ -20,6 +21,8 @@ struct TimeBlock {
   QString line;  // "08:00-09:30 name": how a list shows it
   QString hours;
   QString name;
+  QTime start;  // invalid where none is stored
+  QTime end;
 };
 
 // The time blocks in ascending start time, as they were when the list was made.

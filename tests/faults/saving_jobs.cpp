@@ -7,6 +7,8 @@
 #include "routine/calendar_text.h"
 #include "routine/category.h"
 #include "schedule/backup.h"
+#include "schedule/calendar_export.h"
+#include "schedule/calendar_import.h"
 #include "schedule/day_plan.h"
 #include "schedule/items.h"
 #include "schedule/memos.h"
@@ -99,6 +101,28 @@ void copyWeek(Desk& desk) {
   carryOut(desk.store, repeatedWeekly(blocks, 2), {}, desk.progress);
 }
 
+// Every other line replaces what is there, and a memo and an item are new.
+void importCalendar(Desk& desk) {
+  QByteArray text("BEGIN:VCALENDAR\nBEGIN:VEVENT\nDTSTART:20070306\nSUMMARY:memo\nEND:VEVENT\n");
+  for (int i = 0; i < 12; ++i) {
+    text += "BEGIN:VEVENT\nSUMMARY:new\nDTSTART:200703" + QByteArray::number(11 + i) +
+            "T000000\nEND:VEVENT\nBEGIN:VEVENT\nSUMMARY:new\nDTSTART:20070305T" +
+            QByteArray::number(10 + i) + "0000\nEND:VEVENT\n";
+  }
+  const CalendarFile file = readCalendar(text + "END:VCALENDAR\n");
+  const auto found = occurrencesIn(file, kMonday, kMonday.addDays(30), QTimeZone::utc());
+  CalendarImport import = planImport(desk.store, found);
+  for (ImportLine& line : import.lines) line.replaces = true;
+  desk.store.undoLog();
+  saveImport(desk.store, import, true, desk.progress);
+}
+
+void exportCalendarFile(Desk& desk) {
+  const CalendarSelection all{kMonday, kMonday.addDays(30), {}, true};
+  exportCalendar(desk.store, all, desk.pathOf(u"表.ics"_qs), QDateTime(kMonday, {}, Qt::UTC),
+                 desk.progress);
+}
+
 void exportHtml(Desk& desk) {
   desk.listPlan();
   writeHtmlFile(desk.sheet, {}, u"表"_qs, desk.pathOf(u"表.htm"_qs), desk.progress);
@@ -133,6 +157,8 @@ constexpr SavingJob kJobs[]{
     {"activity_plan", at<savePlan>, true, true},
     {"day_plan", at<saveDay>, false, true},
     {"week_copy", at<copyWeek>, true},
+    {"calendar_import", at<importCalendar>, true},
+    {"calendar_export", at<exportCalendarFile>, true},
     {"indices_of_a_start",
      at<[](Desk& desk) { desk.store.open(statements::itemNamed(kActivity)); }>},
     {"restore", at<[](Desk& desk) {
@@ -167,7 +193,8 @@ void fillSchedule(ScheduleBuilder& schedule) {
   Workbook workbook;
   ScheduleStore store = other.store();
   BackupTables(store, workbook, folder.filePath(u"别的.KTZ"_qs), folder.path());
-  for (const auto& name : {u"旧.KTZ"_qs, u"表.htm"_qs, u"表.xls"_qs, u"表.pdf"_qs, u"JH.ZRT"_qs}) {
+  for (const auto& name :
+       {u"旧.KTZ"_qs, u"表.htm"_qs, u"表.xls"_qs, u"表.pdf"_qs, u"表.ics"_qs, u"JH.ZRT"_qs}) {
     writeWorkbookFile(workbook, folder.filePath(name));
   }
 }

@@ -15,11 +15,12 @@ struct FuzzTarget {
   QByteArrayList seeds;  // good inputs to start from
 };
 
+QList<FuzzTarget> calendarTargets();
 QList<FuzzTarget> fileTargets();
 QList<FuzzTarget> statementTargets();
 QList<FuzzTarget> textTargets();
 inline QList<FuzzTarget> fuzzTargets() {
-  return fileTargets() + statementTargets() + textTargets();
+  return calendarTargets() + fileTargets() + statementTargets() + textTargets();
 }
 
 inline void require(bool holds, const char* promise) {

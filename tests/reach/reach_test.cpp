@@ -10,9 +10,11 @@
 #include "support/fixed_clock.h"
 #include "support/schedule_builder.h"
 #include "support/scripted_prompts.h"
+#include "support/temporary_folder.h"
 
 #include <QAbstractButton>
 #include <QAccessible>
+#include <QAction>
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
@@ -290,11 +292,7 @@ TEST(Windows, AreReadReachedAndSeenWhole) {
   startUp.showBoard();
   WeekBoard& board = startUp.board();
   expectWhole(board);
-  for (const auto command :
-       {BoardCommand::DailyPlan, BoardCommand::ActivityPlan, BoardCommand::Statistics,
-        BoardCommand::TimeBlocks, BoardCommand::ActivityItems, BoardCommand::Memo,
-        BoardCommand::WeekNames, BoardCommand::Backup, BoardCommand::UsageNotes,
-        BoardCommand::About}) {
+  const auto look = [&board](const std::function<void()>& open) {
     const QWidget* seen = nullptr;
     QTimer::singleShot(0, &board, [&seen] {
       QWidget* window = QApplication::activeModalWidget();
@@ -303,8 +301,24 @@ TEST(Windows, AreReadReachedAndSeenWhole) {
       expectWhole(*window);
       window->close();
     });
-    board.findChild<CommandBar*>()->button(command).click();
+    open();
     EXPECT_NE(seen, nullptr);
+  };
+  for (const auto command :
+       {BoardCommand::DailyPlan, BoardCommand::ActivityPlan, BoardCommand::Statistics,
+        BoardCommand::TimeBlocks, BoardCommand::ActivityItems, BoardCommand::Memo,
+        BoardCommand::WeekNames, BoardCommand::Backup, BoardCommand::UsageNotes,
+        BoardCommand::About}) {
+    look([&] { board.findChild<CommandBar*>()->button(command).click(); });
+  }
+  const QString calendar = schedule.folder() + QStringLiteral("/a.ics");
+  test::writeBytes(calendar,
+                   "BEGIN:VCALENDAR\nBEGIN:VEVENT\nDTSTART:20070305T080000\nSUMMARY:New\n"
+                   "RRULE:FREQ=DAILY;COUNT=9\nEND:VEVENT\nBEGIN:VEVENT\nDTSTART:20070305\n"
+                   "SUMMARY:Day\nEND:VEVENT\nEND:VCALENDAR\n");
+  prompts.files << calendar;
+  for (const auto& command : {u"ExportCalendar"_qs, u"ImportCalendar"_qs}) {
+    look([&] { board.findChild<QAction*>(command)->trigger(); });
   }
 }
 

@@ -66,6 +66,8 @@ class Guide {
   void show(
       const QString& button, const QString& name, const Scene& scene = [](QWidget&) {});
   void putOnSkin(const QString& skin);
+  // A window that the board's menu opens.
+  void showFromMenu(const QString& command, const QString& name);
   // The board with the menu of a planned cell.
   void showMenu();
   // What copying the week asks at last.
@@ -128,6 +130,31 @@ void Guide::show(const QString& button, const QString& name, const Scene& scene)
 void Guide::putOnSkin(const QString& skin) {
   prompts_.files << skin;
   open(u"Command98"_qs, [](QWidget& window) { press(window, u"Command1"_qs); });
+}
+
+void Guide::showFromMenu(const QString& command, const QString& name) {
+  QTimer::singleShot(0, &board(), [&] {
+    QWidget& window = *QApplication::activeModalWidget();
+    keep(window, name);
+    window.close();
+  });
+  board().findChild<QAction*>(command)->trigger();
+}
+
+// A term of lectures, some of them where something is planned already.
+QString timetable() {
+  QString path = QDir::homePath() + u"/课程表.ics";
+  const QString lecture =
+      u"BEGIN:VEVENT\nDTSTART:202610%1\nDURATION:PT1H30M\nSUMMARY:%2\nLOCATION:%3\n"
+      u"RRULE:FREQ=WEEKLY;COUNT=%4\nEND:VEVENT\n"_qs;
+  QFile file(path);
+  if (!file.open(QIODevice::WriteOnly)) qFatal("cannot write a timetable");
+  file.write(u"BEGIN:VCALENDAR\n%1%2%3END:VCALENDAR\n"_qs
+                 .arg(lecture.arg(u"17T080000"_qs, u"高等数学"_qs, u"教三 302"_qs, u"8"_qs),
+                      lecture.arg(u"14T190000"_qs, u"摄影入门"_qs, u"活动中心"_qs, u"6"_qs),
+                      lecture.arg(u"13"_qs, u"交作业"_qs, QString(), u"2"_qs))
+                 .toUtf8());
+  return path;
 }
 
 void Guide::showMenu() {
@@ -198,6 +225,9 @@ void Guide::showEveryScene() {
     press(window, u"cmdO"_qs);
   });
   show(u"Command98"_qs, u"about"_qs);
+  showFromMenu(u"ExportCalendar"_qs, u"calendar_export"_qs);
+  prompts_.files << timetable();
+  showFromMenu(u"ImportCalendar"_qs, u"calendar_import"_qs);
   showCopiedWeek();
   putOnSkin(QStringLiteral(SKIN_DIR "/KTZ1.SKN"));
   keep(board(), u"board_dark"_qs);
