@@ -49,6 +49,7 @@ class CommandButton : public QPushButton {
     setToolTip(QString::fromUtf16(text.toolTip));
     setIcon(lineIcon(QString::fromUtf16(text.icon)));
     setFlat(true);
+    setEnabled(false);  // until something is attached
   }
   QSize sizeHint() const override {
     const QSize text = fontMetrics().size(Qt::TextSingleLine, this->text());

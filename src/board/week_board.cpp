@@ -58,16 +58,14 @@ WeekBoard::WeekBoard(ApplicationState& state)
   setObjectName(u"Form0"_qs);
   grid_->setEmptyHint(u"还没有时间块：请按“时 间 表”，把一天分成时间块。"_qs);
   setWindowTitle(programTitle());
-  grid_->setDocumentName([this]() -> QString { return u"日程表 "_qs + isoDate(firstDay()); });
+  grid_->setDocumentName([this]() -> QString { return u"周计划 "_qs + isoDate(firstDay()); });
+  grid_->setPageTitle([this] { return PageTitle{week_name_->text(), shownDays(firstDay())}; });
   layOut();
   connect(days_, &DateStepper::dateChanged, this, &WeekBoard::fillAfterStep);
   connect(grid_, &GridSurface::CellClick, this, &WeekBoard::openCell);
   connect(grid_, &GridSurface::CellActivated, this, &WeekBoard::openCell);
   connect(commands_, &CommandBar::triggered, this, &WeekBoard::runCommand);
   connect(new QShortcut(Qt::Key_F5, this), &QShortcut::activated, this, &WeekBoard::readAgain);
-  for (int i = 0; i < kBoardCommandCount; ++i) {
-    commands_->button(static_cast<BoardCommand>(i)).setEnabled(false);
-  }
   attachCommand(BoardCommand::Print, [this] { print(); });
   attachCommand(BoardCommand::ClearSchedule, [this] { clearSchedule(); });
   attachCommand(BoardCommand::Exit, [this] { close(); });
@@ -228,6 +226,7 @@ void WeekBoard::rebuildFromDatabase() {
 // database, only sizes and page set-up are lost. Whatever rows it claims, a day has few blocks.
 void WeekBoard::openTemplate() {
   Workbook book;
+  book.pageSetup.landscape = true;  // until the user prints otherwise
   try {
     book = readWorkbookFile(templatePath());
   } catch (const FileError&) {
@@ -249,10 +248,10 @@ void WeekBoard::setUpGrid() {
   grid_->SetDefaultRowHeight(kBoardRowHeight);
   for (int col = 0; col < kBoardCols; ++col) {
     grid_->SetCellFont(col, kHeadingRow, 8, kFontRegular, u"宋体"_qs);
+    grid_->SetCellInput(col, kEveryRow, 1);
   }
   grid_->SetDefaultFont(8, kFontRegular, u"宋体"_qs);
   grid_->SetCellText(0, 0, u"时间\\日期"_qs);
-  for (int col = 0; col < kBoardCols; ++col) grid_->SetCellInput(col, kEveryRow, 1);
 }
 
 void WeekBoard::BuildTimeRows() {

@@ -2,6 +2,7 @@
 
 #include "grid/files/export_file.h"
 #include "grid/surface/grid_surface.h"
+#include "routine/calendar_text.h"
 #include "shell/drives.h"
 #include "shell/status_line.h"
 #include "shell/work_dialog.h"
@@ -15,6 +16,7 @@ GridKeys::GridKeys(GridSurface& grid, ApplicationState& state, StatusLine& statu
     : QObject(&grid), grid_(grid), state_(state), status_(status), base_name_(std::move(baseName)) {
   connect(&grid, &GridSurface::GridKeyDown, this, &GridKeys::answer);
   grid.setDocumentName(base_name_);
+  grid.setPageTitle([this] { return PageTitle{base_name_(), isoDate(state_.clock.today())}; });
   grid.setWorkRunner(runWithDialog);
 }
 

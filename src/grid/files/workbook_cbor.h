@@ -15,7 +15,7 @@ namespace vellora {
 //
 //   workbook = [page-setup, current-sheet: uint, [+ sheet]]
 //   page-setup = [landscape: bool, fits-width: bool, left: float, top: float, right: float,
-//                 bottom: float]                                               ; millimetres
+//                 bottom: float, ? (width: float, height: float)]  ; millimetres; of upright paper
 //   sheet = [name: tstr, rows: uint, default-row-height: uint, default-font: font, [* column],
 //            [* row]]
 //   font = [face: tstr, points: uint, style: uint]

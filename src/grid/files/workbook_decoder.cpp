@@ -10,6 +10,8 @@ namespace {
 constexpr int kMaxPixels = 32'767;
 constexpr int kMaxPoints = 1'000;
 constexpr double kMaxMargin = 1'000;  // millimetres
+constexpr double kLeastPaper = 10;
+constexpr double kMostPaper = 5'000;
 constexpr qint64 kMaxNameBytes = 4'096;
 constexpr qint64 kMaxTextBytes = std::numeric_limits<int>::max();
 constexpr qint64 kMaxColour = std::numeric_limits<PackedColour>::max();
@@ -211,6 +213,10 @@ PageSetup readPageSetup(CborInput& input) {
   for (double* margin :
        {&setup.marginLeft, &setup.marginTop, &setup.marginRight, &setup.marginBottom}) {
     *margin = input.real(0, kMaxMargin);
+  }
+  if (input.hasNext()) {  // files of the first version end here
+    setup.paperWidth = input.real(kLeastPaper, kMostPaper);
+    setup.paperHeight = input.real(kLeastPaper, kMostPaper);
   }
   input.leave();
   return setup;

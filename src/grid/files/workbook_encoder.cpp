@@ -187,12 +187,12 @@ void SheetEncoder::newText(quint32 sheetNumber, const QString& content) {
 }
 
 void appendPageSetup(QCborStreamWriter& writer, const PageSetup& setup) {
-  writer.startArray(6);
+  writer.startArray(8);
   writer.append(setup.landscape);
   writer.append(setup.fitToOnePageWidth);
-  for (const double margin :
-       {setup.marginLeft, setup.marginTop, setup.marginRight, setup.marginBottom}) {
-    writer.append(margin);
+  for (const double length : {setup.marginLeft, setup.marginTop, setup.marginRight,
+                              setup.marginBottom, setup.paperWidth, setup.paperHeight}) {
+    writer.append(length);
   }
   writer.endArray();
 }

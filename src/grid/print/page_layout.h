@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QString>
+
 #include <optional>
 #include <vector>
 
@@ -7,6 +9,18 @@ namespace vellora {
 
 // What repeats on every page: the heading strip of a list, or row 0 of the board.
 enum class PrintHeadings { HeadingStrip, FirstRow };
+
+// How a sheet is printed besides its cells.
+struct PrintOptions {
+  PrintOptions(PrintHeadings which) : headings(which) {}  // NOLINT: they are options enough
+
+  PrintHeadings headings;
+  QString title;  // on top of every page; none when empty
+  QString note;   // at the title's right
+  // One page to hang up, if that can hold all: letters of 9 to 14 points, as large as fit, rows
+  // that fill the page, and the legend of the categories.
+  bool isForTheWall = false;
+};
 
 // Which rows and columns go on which page of paper: plain calculation, in any one unit of length.
 // Nothing is ever left out. Every page takes at least one column and one piece of a row, also where

@@ -26,6 +26,9 @@ namespace {
 PageSetup pageSetupOf(const QPrinter& printer, PageSetup setup) {
   const QPageLayout layout = printer.pageLayout();
   const QMarginsF margins = layout.margins(QPageLayout::Millimeter);
+  const QSizeF paper = layout.pageSize().size(QPageSize::Millimeter);
+  setup.paperWidth = paper.width();
+  setup.paperHeight = paper.height();
   setup.landscape = layout.orientation() == QPageLayout::Landscape;
   setup.marginLeft = margins.left();
   setup.marginTop = margins.top();
@@ -88,7 +91,7 @@ void takeMostOfTheScreen(QPrintPreviewDialog& dialog) {
 
 }  // namespace
 
-void savePdf(const Sheet& sheet, const PageSetup& setup, PrintHeadings headings,
+void savePdf(const Sheet& sheet, const PageSetup& setup, const PrintOptions& options,
              const QPageLayout& paper, const QString& documentName, const QString& path,
              const WorkProgress& progress) {
   exportFile(path, [&](SafeFile& file) {
@@ -98,7 +101,7 @@ void savePdf(const Sheet& sheet, const PageSetup& setup, PrintHeadings headings,
       QPdfWriter writer(&pdf);
       writer.setTitle(documentName);
       writer.setPageLayout(paper);
-      printSheet(sheet, setup, headings, writer, progress);
+      printSheet(sheet, setup, options, writer, progress);
     }
     file.write(withReadableText(pdf.data()));
   });
@@ -108,7 +111,7 @@ void runWithoutProgress(QWidget* /*window*/, const std::function<void(const Work
   work({});
 }
 
-PageSetup previewSheet(const Sheet& sheet, const PageSetup& setup, PrintHeadings headings,
+PageSetup previewSheet(const Sheet& sheet, const PageSetup& setup, const PrintOptions& options,
                        const QString& documentName, QWidget* parent, const WorkRunner& run) {
   QPrinter printer(QPrinter::HighResolution);
   printer.setDocName(documentName);
@@ -118,7 +121,7 @@ PageSetup previewSheet(const Sheet& sheet, const PageSetup& setup, PrintHeadings
   takeMostOfTheScreen(dialog);
   QObject::connect(&dialog, &QPrintPreviewDialog::paintRequested, &dialog, [&](QPrinter* paper) {
     const bool isDone = runTold(run, &dialog, [&](const WorkProgress& progress) {
-      printSheet(sheet, setup, headings, *paper, progress);
+      printSheet(sheet, setup, options, *paper, progress);
     });
     if (!isDone) QTimer::singleShot(0, &dialog, &QDialog::reject);
   });
@@ -126,7 +129,7 @@ PageSetup previewSheet(const Sheet& sheet, const PageSetup& setup, PrintHeadings
     const QString path = askForPdfPath(documentName, &dialog);
     if (path.isEmpty()) return;
     runTold(run, &dialog, [&](const WorkProgress& progress) {
-      savePdf(sheet, setup, headings, printer.pageLayout(), documentName, path, progress);
+      savePdf(sheet, setup, options, printer.pageLayout(), documentName, path, progress);
     });
   });
   dialog.exec();

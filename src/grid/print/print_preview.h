@@ -19,12 +19,12 @@ void runWithoutProgress(QWidget* window, const std::function<void(const WorkProg
 // Shows a preview of the printed sheet from which the user prints or saves a PDF file. Gives back
 // the set-up as the user left it, which belongs to the workbook. Giving up the layout closes the
 // preview.
-PageSetup previewSheet(const Sheet& sheet, const PageSetup& setup, PrintHeadings headings,
+PageSetup previewSheet(const Sheet& sheet, const PageSetup& setup, const PrintOptions& options,
                        const QString& documentName, QWidget* parent,
                        const WorkRunner& run = runWithoutProgress);
 
 // Replaces the file whole or, throwing FileError or WorkCancelled, not at all.
-void savePdf(const Sheet& sheet, const PageSetup& setup, PrintHeadings headings,
+void savePdf(const Sheet& sheet, const PageSetup& setup, const PrintOptions& options,
              const QPageLayout& paper, const QString& documentName, const QString& path,
              const WorkProgress& progress = {});
 

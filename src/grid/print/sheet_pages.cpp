@@ -5,6 +5,8 @@
 #include "routine/calendar_text.h"
 
 #include <QPaintDevice>
+#include <QPainter>
+#include <QPainterPath>
 #include <QTextOption>
 
 #include <algorithm>
@@ -28,9 +30,9 @@ QString withLineSeparators(QString text) {
 
 }  // namespace
 
-PrintedText::PrintedText(const QString& text, const CellStyle& style, double width,
+PrintedText::PrintedText(const QString& text, const CellStyle& style, double width, double scale,
                          QPaintDevice* device)
-    : layout_(withLineSeparators(text), fontOf(style.font), device) {
+    : layout_(withLineSeparators(text), fontOf(style.font, scale), device) {
   QTextOption option(alignmentOf(style.align) & Qt::AlignHorizontal_Mask);
   option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
   layout_.setTextOption(option);
@@ -51,22 +53,62 @@ std::vector<LineRun> PrintedText::runs(double room) const {
   return flowLines(heights, room);
 }
 
-void PrintedText::draw(QPainter& painter, const LineRun& run, QPointF topLeft) const {
+void PrintedText::draw(QPainter& painter, const LineRun& run, QPointF topLeft,
+                       const QPen& edge) const {
   if (run.count == 0) return;
   const double top = layout_.lineAt(run.first).y();
+  for (int i = run.first; edge.style() != Qt::NoPen && i < run.first + run.count; ++i) {
+    painter.strokePath(
+        glyphsOf(layout_.lineAt(i).glyphRuns()).translated(topLeft - QPointF(0, top)), edge);
+  }
   for (int i = run.first; i < run.first + run.count; ++i) {
     layout_.lineAt(i).draw(&painter, topLeft - QPointF(0, top));
   }
 }
 
-SheetPages::SheetPages(const Sheet& sheet, PrintHeadings headings, bool mustFit,
+SheetPages::SheetPages(const Sheet& sheet, const PrintOptions& options, bool mustFit,
                        QPaintDevice& device, const WorkProgress& progress)
     : sheet_(sheet),
       device_(device),
-      heading_{headings == PrintHeadings::FirstRow ? 0 : kHeadingRow, 0, 0} {
+      title_height_(
+          options.title.isEmpty() ? 0 : kTitleHeight * device.logicalDpiY() / kScreenDotsPerInch),
+      heading_{options.headings == PrintHeadings::FirstRow ? 0 : kHeadingRow, 0, 0} {
   measureColumns(mustFit);
+  if (options.isForTheWall) {
+    measureForTheWall(progress);
+  } else {
+    measure(progress);
+  }
+}
+
+void SheetPages::measure(const WorkProgress& progress) {
+  roomHeight_ = page_height_;
   measureHeading();
   measureRows(progress);
+}
+
+void SheetPages::measureForTheWall(const WorkProgress& progress) {
+  constexpr double kMostPoints = 14;
+  constexpr double kLeastPoints = 9;
+  constexpr double kStep = 0.5;
+  const double own = sheet_.DefaultFont().size;
+  for (double points = kMostPoints; points >= kLeastPoints; points -= kStep) {
+    font_scale_ = points / own;
+    measure(progress);
+    if (pages_.size() == 1) return fillPage();
+  }
+}
+
+void SheetPages::fillPage() {
+  double spare = roomHeight_;
+  for (const RowPiece& row : pages_.front()) spare -= row.height;
+  if (pages_.front().empty()) return;
+  const double share = spare / static_cast<double>(pages_.front().size());
+  for (RowPiece& row : pages_.front()) row.height += share;
+}
+
+double SheetPages::textLeft(const CellStyle& style) const {
+  return padding().x() + (style.category > 0 ? pixels(kPrintedStripe) : 0);
 }
 
 double SheetPages::pixels(double screenPixels) const {
@@ -94,7 +136,7 @@ void SheetPages::measureColumns(bool mustFit) {
   for (const double width : widths) total += width;
   scale_ = printScale(total, device_.width(), mustFit);
   roomWidth_ = device_.width() / scale_;
-  roomHeight_ = (device_.height() - pixels(kFooterHeight)) / scale_;
+  page_height_ = (device_.height() - title_height_ - pixels(kFooterHeight)) / scale_;
   for (std::size_t i = 0; i < widths.size(); ++i) {
     columns_[i].width = widths[i] = std::min(widths[i], roomWidth_);
   }
@@ -136,8 +178,9 @@ PrintedRow SheetPages::measured(int row) const {
 std::unique_ptr<PrintedText> SheetPages::text(int row, const Column& column) const {
   const QString shown = sheet_.GetCellText(column.col, row);
   if (shown.isEmpty()) return nullptr;
-  return std::make_unique<PrintedText>(shown, sheet_.StyleAt(column.col, row),
-                                       column.width - 2 * padding().x(), &device_);
+  const CellStyle& style = sheet_.StyleAt(column.col, row);
+  const double width = column.width - textLeft(style) - padding().x();
+  return std::make_unique<PrintedText>(shown, style, width, font_scale_, &device_);
 }
 
 bool SheetPages::hasText(int row) const {

@@ -4,6 +4,7 @@
 #include "grid/sheet/sheet.h"
 #include "routine/work_step.h"
 
+#include <QPen>
 #include <QTextLayout>
 
 #include <memory>
@@ -17,11 +18,14 @@ namespace vellora {
 // Lengths are in the device's pixels.
 class PrintedText {
  public:
-  PrintedText(const QString& text, const CellStyle& style, double width, QPaintDevice* device);
+  // The font is drawn `scale` times as large as the style says.
+  PrintedText(const QString& text, const CellStyle& style, double width, double scale,
+              QPaintDevice* device);
 
   // The lines by pages with this much room; one run when they all fit.
   std::vector<LineRun> runs(double room) const;
-  void draw(QPainter& painter, const LineRun& run, QPointF topLeft) const;
+  // With an edge around the letters where its pen has a colour.
+  void draw(QPainter& painter, const LineRun& run, QPointF topLeft, const QPen& edge) const;
 
  private:
   QTextLayout layout_;
@@ -37,10 +41,14 @@ class SheetPages {
   };
 
   // Measuring takes far longer than drawing. Throws WorkCancelled.
-  SheetPages(const Sheet& sheet, PrintHeadings headings, bool mustFit, QPaintDevice& device,
+  SheetPages(const Sheet& sheet, const PrintOptions& options, bool mustFit, QPaintDevice& device,
              const WorkProgress& progress);
 
   double scale() const { return scale_; }
+  // Kept free for the title, before scale() is applied.
+  double titleHeight() const { return title_height_; }
+  // Where the text of a cell begins, from its left edge.
+  double textLeft(const CellStyle& style) const;
   // Device pixels for a length on the screen at 100 %.
   double pixels(double screenPixels) const;
   const std::vector<Column>& columns() const { return columns_; }
@@ -57,6 +65,9 @@ class SheetPages {
 
  private:
   void measureColumns(bool mustFit);
+  void measure(const WorkProgress& progress);
+  void measureForTheWall(const WorkProgress& progress);
+  void fillPage();
   void measureHeading();
   void measureRows(const WorkProgress& progress);
   PrintedRow measured(int row) const;
@@ -66,6 +77,9 @@ class SheetPages {
   const Sheet& sheet_;
   QPaintDevice& device_;
   double scale_ = 1;
+  double title_height_;
+  double font_scale_ = 1;
+  double page_height_ = 0;  // between title and footer
   double roomWidth_ = 0;
   double roomHeight_ = 0;  // for the rows below the heading
   RowPiece heading_;
@@ -76,5 +90,8 @@ class SheetPages {
 
 // Kept free at the lower end of every page, in pixels at 100 %.
 inline constexpr double kFooterHeight = 24;
+inline constexpr double kTitleHeight = 40;
+// The width of a category's stripe.
+inline constexpr double kPrintedStripe = 5;
 
 }  // namespace vellora

@@ -10,7 +10,7 @@ class QPagedPaintDevice;
 
 namespace vellora {
 
-// A4 paper with the orientation and margins of the set-up.
+// Paper of the size, with the orientation and margins of the set-up.
 QPageLayout paperOf(const PageSetup& setup);
 
 // Prints a sheet as text on as many pages of the device as it needs, always in the light colours of
@@ -18,7 +18,7 @@ QPageLayout paperOf(const PageSetup& setup);
 // pages, nothing cut. Hidden rows and empty rows at the end are left out. The paper is the
 // device's own; of the set-up only fitToOnePageWidth counts. Throws FileError when the device
 // does not take the pages, and WorkCancelled.
-void printSheet(const Sheet& sheet, const PageSetup& setup, PrintHeadings headings,
+void printSheet(const Sheet& sheet, const PageSetup& setup, const PrintOptions& options,
                 QPagedPaintDevice& device, const WorkProgress& progress = {});
 
 }  // namespace vellora

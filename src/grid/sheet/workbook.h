@@ -16,6 +16,8 @@ struct PageSetup {
   double marginTop = 15;
   double marginRight = 15;
   double marginBottom = 15;
+  double paperWidth = 210;  // upright; A4
+  double paperHeight = 297;
   friend bool operator==(const PageSetup&, const PageSetup&) = default;
 };
 

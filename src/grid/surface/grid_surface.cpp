@@ -88,14 +88,18 @@ void GridSurface::PrintSheet(bool /*board*/) {
 
 void GridSurface::PrintBoard(bool /*board*/) {
   PageSetup setup = workbook().pageSetup;
-  setup.landscape = true;
   setup.fitToOnePageWidth = true;
-  printAs(setup, PrintHeadings::FirstRow);
+  PrintOptions options(PrintHeadings::FirstRow);
+  options.isForTheWall = true;
+  printAs(setup, options);
 }
 
-void GridSurface::printAs(const PageSetup& setup, PrintHeadings headings) {
+void GridSurface::printAs(const PageSetup& setup, PrintOptions options) {
   keepTypedText();
-  workbook().pageSetup = previewSheet(sheet(), setup, headings, documentName_(), this, runWork_);
+  const PageTitle title = pageTitle_();
+  options.title = title.title;
+  options.note = title.note;
+  workbook().pageSetup = previewSheet(sheet(), setup, options, documentName_(), this, runWork_);
 }
 
 void GridSurface::print() {

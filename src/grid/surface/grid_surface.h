@@ -10,6 +10,11 @@ class QMenu;
 
 namespace vellora {
 
+struct PageTitle {
+  QString title;
+  QString note;
+};
+
 // The spreadsheet that every window draws on: the planner's grid operations and events by their
 // names, and what the user does to cells, typed, pasted, emptied and undone.
 class GridSurface : public SheetView {
@@ -63,6 +68,8 @@ class GridSurface : public SheetView {
   void setGrowsOnPaste(bool on) { growsOnPaste_ = on; }
   // Gives the printed document's name when it is printed.
   void setDocumentName(const std::function<QString()>& name) { documentName_ = name; }
+  // Gives what stands on top of every printed page; without it nothing does.
+  void setPageTitle(const std::function<PageTitle()>& title) { pageTitle_ = title; }
   // How printing, pasting and clearing tell that they take long; without one they do not.
   void setWorkRunner(const WorkRunner& run) { runWork_ = run; }
 
@@ -120,7 +127,7 @@ class GridSurface : public SheetView {
   void empty(const QString& name);
   void duplicateRow();
   void print();
-  void printAs(const PageSetup& setup, PrintHeadings headings);
+  void printAs(const PageSetup& setup, PrintOptions options);
   void goTo(CellPlace place);
 
   // True when the open cell has got the key.
@@ -148,6 +155,7 @@ class GridSurface : public SheetView {
   EntryRule rule_;
   bool growsOnPaste_ = false;
   std::function<void(QMenu& menu)> fillMenu_;
+  std::function<PageTitle()> pageTitle_ = [] { return PageTitle(); };
   std::function<QString()> documentName_ = [] { return QString(); };
   WorkRunner runWork_ = runWithoutProgress;
   bool isPassing_ = false;  // a key is with the open cell's editor

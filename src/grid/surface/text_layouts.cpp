@@ -119,17 +119,9 @@ LaidOutText laidOut(const QString& text, const QFont& font, const TextRoom& room
 
 QPainterPath edgeOf(const QList<QGlyphRun>& runs) {
   constexpr qreal kEdgeWidth = 0.9;  // pixels, half of them outside of the glyphs
-  QPainterPath glyphs;
-  for (const QGlyphRun& run : runs) {
-    const QList<quint32> indexes = run.glyphIndexes();
-    const QList<QPointF> places = run.positions();
-    for (qsizetype i = 0; i < indexes.size(); ++i) {
-      glyphs.addPath(run.rawFont().pathForGlyph(indexes[i]).translated(places[i]));
-    }
-  }
   QPainterPathStroker stroker;
   stroker.setWidth(kEdgeWidth);
-  QPainterPath edge = stroker.createStroke(glyphs);
+  QPainterPath edge = stroker.createStroke(glyphsOf(runs));
   edge.setFillRule(Qt::WindingFill);
   return edge;
 }
