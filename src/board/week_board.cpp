@@ -14,7 +14,6 @@
 #include "shell/date_stepper.h"
 #include "shell/elided_label.h"
 #include "store/moment.h"
-#include "store/statements.h"
 #include "store/store_error.h"
 #include "store/undo_log.h"
 
@@ -389,12 +388,7 @@ void WeekBoard::clearSchedule() {
   if (!state().copyFirst(this)) return;
   state().Db.undoLog().setName(u"清空计划"_qs);
   try {
-    ScheduleStore::Transaction all(state().Db);
-    for (const auto& statement : {statements::deletePlans(), statements::deleteMemos(),
-                                  statements::deleteWeekNames(), statements::deleteSkinSetting()}) {
-      state().Db.execute(statement);
-    }
-    all.commit();
+    deleteAllPlans(state().Db);
   } catch (const StoreError& error) {
     prompts().warn(this, error.description());
     return;

@@ -104,6 +104,15 @@ QString shownDays(QDate first) {
          u'周';
 }
 
+void deleteAllPlans(ScheduleStore& store) {
+  ScheduleStore::Transaction all(store);
+  for (const auto& statement : {statements::deletePlans(), statements::deleteMemos(),
+                                statements::deleteWeekNames(), statements::deleteSkinSetting()}) {
+    store.execute(statement);
+  }
+  all.commit();
+}
+
 QString boardCaption(QDate first, const QString& memo) {
   const QString caption = u"   Vellora日程表2.8版   "_qs + isoDate(first);
   return memo.isEmpty() ? caption : caption + u"        "_qs + memo;

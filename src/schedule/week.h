@@ -34,6 +34,9 @@ WeekTexts FillWeek(ScheduleStore& store, Sheet& sheet, QDate first);
 // "11月23日 – 11月29日   第48周": the days that the board shows, and their ISO weeks.
 QString shownDays(QDate first);
 
+// Deletes all plans, memos and week names, and the chosen skin with them, or nothing.
+void deleteAllPlans(ScheduleStore& store);
+
 // The board's caption: program, date, and the memo if there is one.
 QString boardCaption(QDate first, const QString& memo);
 
