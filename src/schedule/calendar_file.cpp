@@ -292,6 +292,7 @@ class CalendarReader {
 }  // namespace
 
 CalendarFile readCalendar(const QByteArray& content, const WorkProgress& progress) {
+  icalerror_set_errors_are_fatal(0);  // built otherwise, the library would end the program
   return CalendarReader().read(readableText(content), progress);
 }
 
