@@ -1,37 +1,17 @@
 #include "shell/file_dialog.h"
 
+#include "grid/print/file_texts.h"
 #include "shell/skin.h"
 
 #include <QFileDialog>
 #include <QFileIconProvider>
-#include <QFileSystemModel>
-#include <QIdentityProxyModel>
 #include <QListView>
-#include <QLocale>
 #include <QPainter>
 
 namespace vellora {
 namespace {
 
 constexpr QSize kPicture(108, 44);  // pixels
-
-// What Qt says in the system's language, or in English.
-class ChineseFiles : public QIdentityProxyModel {
- public:
-  using QIdentityProxyModel::QIdentityProxyModel;
-
-  QVariant data(const QModelIndex& index, int role) const override {
-    enum Column { Size = 1, Kind };
-    const bool isText = role == Qt::DisplayRole && sourceModel();
-    if (!isText || (index.column() != Size && index.column() != Kind)) {
-      return QIdentityProxyModel::data(index, role);
-    }
-    const auto* files = static_cast<const QFileSystemModel*>(sourceModel());
-    const QFileInfo file = files->fileInfo(mapToSource(index));
-    if (index.column() == Kind) return file.isDir() ? u"文件夹"_qs : file.suffix() + u" 文件"_qs;
-    return file.isDir() ? QString() : QLocale().formattedDataSize(file.size());
-  }
-};
 
 // A window's colours, with the skin's name.
 QIcon pictureOf(const Skin& skin) {
@@ -67,9 +47,8 @@ QString askForFile(QWidget* parent, const QString& title, const QString& filter,
   const QString pattern = filter.section(u'|', 1);
   SkinPictures pictures;
   QFileDialog dialog(parent, title, folder, name + u" (" + pattern + u')');
-  dialog.setOption(QFileDialog::DontUseNativeDialog);
   dialog.setFileMode(QFileDialog::ExistingFile);
-  dialog.setProxyModel(new ChineseFiles(&dialog));
+  translateFiles(dialog);
   if (pattern == u"*.skn"_qs) {
     dialog.setIconProvider(&pictures);
     dialog.setViewMode(QFileDialog::List);

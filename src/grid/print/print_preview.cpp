@@ -1,6 +1,7 @@
 #include "grid/print/print_preview.h"
 
 #include "grid/files/export_file.h"
+#include "grid/print/file_texts.h"
 #include "grid/print/pdf_text.h"
 
 #include <QAction>
@@ -59,6 +60,7 @@ QString proposedPath(const QString& documentName) {
 
 QString askForPdfPath(const QString& documentName, QWidget* parent) {
   QFileDialog dialog(parent, u"保存为 PDF"_qs, QString(), u"PDF 文件 (*.pdf)"_qs);
+  translateFiles(dialog);
   dialog.setAcceptMode(QFileDialog::AcceptSave);
   dialog.setDefaultSuffix(u"pdf"_qs);
   const QFileInfo proposed(proposedPath(documentName));

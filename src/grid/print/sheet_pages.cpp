@@ -17,12 +17,15 @@ namespace {
 constexpr double kScreenDotsPerInch = 96;
 // In pixels at 100 %.
 constexpr double kLeastColumnWidth = 60;
+constexpr double kLeastWallRow = 18;  // one line of small letters
 constexpr double kPaddingX = 4;
 constexpr double kPaddingY = 3;
 // A heading may take this part of a page, so that rows always find room.
 constexpr double kLargestHeading = 0.75;
 
+// An empty last line would only push the others out of the middle.
 QString withLineSeparators(QString text) {
+  while (text.endsWith(kLineBreak) || text.endsWith(u'\n')) text.chop(1);
   text.replace(u"\r\n"_qs, QString(QChar::LineSeparator));
   text.replace(kLineBreak, QChar::LineSeparator);
   return text.replace(u'\n', QChar::LineSeparator);
@@ -70,11 +73,12 @@ SheetPages::SheetPages(const Sheet& sheet, const PrintOptions& options, bool mus
                        QPaintDevice& device, const WorkProgress& progress)
     : sheet_(sheet),
       device_(device),
-      title_height_(
+      titleHeight_(
           options.title.isEmpty() ? 0 : kTitleHeight * device.logicalDpiY() / kScreenDotsPerInch),
       heading_{options.headings == PrintHeadings::FirstRow ? 0 : kHeadingRow, 0, 0} {
   measureColumns(mustFit);
-  if (options.isForTheWall) {
+  isForTheWall_ = options.isForTheWall;
+  if (isForTheWall_) {
     measureForTheWall(progress);
   } else {
     measure(progress);
@@ -82,7 +86,7 @@ SheetPages::SheetPages(const Sheet& sheet, const PrintOptions& options, bool mus
 }
 
 void SheetPages::measure(const WorkProgress& progress) {
-  roomHeight_ = page_height_;
+  roomHeight_ = pageHeight_;
   measureHeading();
   measureRows(progress);
 }
@@ -93,7 +97,7 @@ void SheetPages::measureForTheWall(const WorkProgress& progress) {
   constexpr double kStep = 0.5;
   const double own = sheet_.DefaultFont().size;
   for (double points = kMostPoints; points >= kLeastPoints; points -= kStep) {
-    font_scale_ = points / own;
+    fontScale_ = points / own;
     measure(progress);
     if (pages_.size() == 1) return fillPage();
   }
@@ -136,7 +140,7 @@ void SheetPages::measureColumns(bool mustFit) {
   for (const double width : widths) total += width;
   scale_ = printScale(total, device_.width(), mustFit);
   roomWidth_ = device_.width() / scale_;
-  page_height_ = (device_.height() - title_height_ - pixels(kFooterHeight)) / scale_;
+  pageHeight_ = (device_.height() - titleHeight_ - pixels(kFooterHeight)) / scale_;
   for (std::size_t i = 0; i < widths.size(); ++i) {
     columns_[i].width = widths[i] = std::min(widths[i], roomWidth_);
   }
@@ -161,7 +165,8 @@ void SheetPages::measureRows(const WorkProgress& progress) {
 }
 
 PrintedRow SheetPages::measured(int row) const {
-  const double usual = pixels(exportedHeight(sheet_, row));
+  const double usual =
+      pixels(isForTheWall_ ? kLeastWallRow * fontScale_ : exportedHeight(sheet_, row));
   PrintedRow printed{row, 1, std::min(usual, roomHeight_)};
   for (const Column& column : columns_) {
     const auto laidOut = text(row, column);
@@ -180,7 +185,7 @@ std::unique_ptr<PrintedText> SheetPages::text(int row, const Column& column) con
   if (shown.isEmpty()) return nullptr;
   const CellStyle& style = sheet_.StyleAt(column.col, row);
   const double width = column.width - textLeft(style) - padding().x();
-  return std::make_unique<PrintedText>(shown, style, width, font_scale_, &device_);
+  return std::make_unique<PrintedText>(shown, style, width, fontScale_, &device_);
 }
 
 bool SheetPages::hasText(int row) const {

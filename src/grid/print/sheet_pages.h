@@ -46,7 +46,7 @@ class SheetPages {
 
   double scale() const { return scale_; }
   // Kept free for the title, before scale() is applied.
-  double titleHeight() const { return title_height_; }
+  double titleHeight() const { return titleHeight_; }
   // Where the text of a cell begins, from its left edge.
   double textLeft(const CellStyle& style) const;
   // Device pixels for a length on the screen at 100 %.
@@ -77,9 +77,10 @@ class SheetPages {
   const Sheet& sheet_;
   QPaintDevice& device_;
   double scale_ = 1;
-  double title_height_;
-  double font_scale_ = 1;
-  double page_height_ = 0;  // between title and footer
+  double titleHeight_;
+  bool isForTheWall_ = false;
+  double fontScale_ = 1;
+  double pageHeight_ = 0;  // between title and footer
   double roomWidth_ = 0;
   double roomHeight_ = 0;  // for the rows below the heading
   RowPiece heading_;

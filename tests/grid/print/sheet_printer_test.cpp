@@ -16,6 +16,7 @@
 #include <QPrinter>
 #include <QProcess>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QTimer>
 
 #include <functional>
@@ -46,8 +47,8 @@ class PrintedSheet : public testing::Test {
       }
     }
   }
-  void print(PrintHeadings headings = PrintHeadings::HeadingStrip) {
-    savePdf(sheet, setup, headings, paperOf(setup), u"列表"_qs, path);
+  void print(const PrintOptions& options = PrintHeadings::HeadingStrip) {
+    savePdf(sheet, setup, options, paperOf(setup), u"列表"_qs, path);
     const QString text = QString::fromUtf8(outputOf(u"pdftotext"_qs, {u"-raw"_qs, path, u"-"_qs}));
     pages = text.split(u'\f', Qt::SkipEmptyParts);
     for (QString& page : pages) page.remove(u'\n').remove(u' ');
@@ -101,6 +102,30 @@ TEST_F(PrintedSheet, ShowsEveryCellOnceWithHeadingsAndNumbersOnEachPage) {
   for (int i = 0; i < 12 * 150; ++i) {
     EXPECT_EQ(all.count(u"[%1,%2]"_qs.arg(i % 12).arg(i / 12)), i / 12 == 7 ? 0 : 1) << i;
   }
+}
+
+TEST_F(PrintedSheet, FillsOnePageForTheWallWithTheLargestLettersThatFit) {
+  PrintOptions wall(PrintHeadings::FirstRow);
+  wall.title = u"第九周"_qs;
+  wall.isForTheWall = true;
+  setup.fitToOnePageWidth = true;
+  QList<double> letters;
+  for (const int rows : {4, 40}) {
+    fill(4, rows, 150);
+    sheet.SetCellText(1, 1, u"午睡\r"_qs);
+    print(wall);
+    ASSERT_EQ(pages.size(), 1);
+    EXPECT_TRUE(pages[0].startsWith(u"第九周"_qs) && pages[0].contains(u"6-休息"_qs));
+    EXPECT_FALSE(pages[0].contains(u"共1页"_qs));
+    const QString boxes =
+        QString::fromUtf8(outputOf(u"pdftotext"_qs, {u"-bbox"_qs, path, u"-"_qs}));
+    const QRegularExpression last(
+        uR"x(yMin="([0-9.]+)"[^>]*yMax="([0-9.]+)">\[3,%1\])x"_qs.arg(rows - 1));
+    const auto match = last.match(boxes);
+    EXPECT_GT(match.captured(1).toDouble(), 640) << "points from the top: the rows fill the page";
+    letters << match.captured(2).toDouble() - match.captured(1).toDouble();
+  }
+  EXPECT_NEAR(letters[0] / letters[1], 14 / 9.0, 0.35);
 }
 
 TEST_F(PrintedSheet, WrapsTextsOfAnyLengthAndCutsAndMistakesNothing) {
