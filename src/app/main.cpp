@@ -9,6 +9,16 @@
 
 namespace {
 
+// Where the schedule lies: beside the program, or in the user's own data folder where the program
+// belongs to the system.
+QString programFolder() {
+#ifdef VELLORA_SHARED_FILES
+  return vellora::layUserFolder(QStringLiteral(VELLORA_SHARED_FILES));
+#else
+  return QApplication::applicationDirPath();
+#endif
+}
+
 int failToStart(vellora::Prompts& prompts, const vellora::StoreError& error) {
   QTextStream(stderr) << error.description() << Qt::endl;
   prompts.warn(nullptr, error.description());
@@ -24,7 +34,7 @@ int main(int argc, char** argv) {
   vellora::BoxPrompts prompts;
   const vellora::SystemClock clock;
   try {
-    vellora::StartUp startUp(QApplication::applicationDirPath(), prompts, clock);
+    vellora::StartUp startUp(programFolder(), prompts, clock);
     startUp.showBoard();
     return QApplication::exec();
   } catch (const vellora::StoreError& error) {

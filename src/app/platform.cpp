@@ -13,6 +13,7 @@
 #include <QLibraryInfo>
 #include <QLocale>
 #include <QPixmap>
+#include <QStandardPaths>
 #include <QTranslator>
 
 namespace vellora {
@@ -55,6 +56,21 @@ void setUpPlatform(QApplication& application) {
   translateQt(application);
   application.installEventFilter(new DoubleClickGuard(&application));
   application.installEventFilter(new WheelGuard(&application));
+}
+
+QString layUserFolder(const QString& sharedFolder) {
+  const QString folder =
+      QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + u"/vellora"_qs;
+  QDir().mkpath(folder);
+  for (const QFileInfo& shared : QDir(sharedFolder).entryInfoList(QDir::Files)) {
+    const QString path = folder + u'/' + shared.fileName();
+    if (QFile::exists(path)) continue;
+    // Under another name first, so that a start that breaks off leaves no half schedule.
+    const QString unfinished = path + u".new"_qs;
+    QFile::remove(unfinished);
+    if (QFile::copy(shared.filePath(), unfinished)) QFile::rename(unfinished, path);
+  }
+  return folder;
 }
 
 }  // namespace vellora

@@ -1,5 +1,6 @@
 #include "app/start_up.h"
 
+#include "app/platform.h"
 #include "grid/surface/grid_surface.h"
 #include "support/failing_disk.h"
 #include "support/fixed_clock.h"
@@ -55,6 +56,23 @@ TEST_F(StartUpTest, PutsOnTheDefaultSkinOrTheFirstStoredOneWithoutAWordWhenItIsM
   EXPECT_EQ(start(schedule_.folder()), 4);
   EXPECT_EQ(start_up_->state().SkinPath, u"/皮肤/夜.skn"_qs);
   EXPECT_TRUE(prompts_.warnings.isEmpty());
+}
+
+TEST_F(StartUpTest, LaysAUsersFilesOnceAndNeverTouchesThem) {
+  const test::TemporaryFolder shared;
+  test::writeBytes(shared.path(u"SY.mdb"_qs), "starter");
+  test::writeBytes(shared.path(u"KTZ0.SKN"_qs), "skin");
+  const QByteArray before = qgetenv("XDG_DATA_HOME");
+  qputenv("XDG_DATA_HOME", folder_.path({}).toUtf8());
+  const QString user = layUserFolder(shared.path({}));
+  EXPECT_EQ(test::bytesOf(user + u"/SY.mdb"_qs), "starter");
+  test::writeBytes(user + u"/SY.mdb"_qs, "twenty years");
+  QFile::remove(user + u"/KTZ0.SKN"_qs);
+  test::writeBytes(shared.path(u"SY.mdb"_qs), "newer starter");
+  EXPECT_EQ(layUserFolder(shared.path({})), user);
+  EXPECT_EQ(test::bytesOf(user + u"/SY.mdb"_qs), "twenty years");
+  EXPECT_EQ(test::bytesOf(user + u"/KTZ0.SKN"_qs), "skin");
+  qputenv("XDG_DATA_HOME", before);
 }
 
 TEST_F(StartUpTest, SaysAtOnceThatNothingCanBeSaved) {

@@ -18,6 +18,7 @@
 #include <QListWidget>
 #include <QPainter>
 #include <QPushButton>
+#include <QTabWidget>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTextStream>
@@ -219,6 +220,10 @@ void Guide::showEveryScene() {
   show(u"Command7"_qs, u"week_names"_qs);
   show(u"Command6"_qs, u"memo"_qs);
   show(u"Command3"_qs, u"statistics"_qs, [](QWidget& window) { press(window, u"Command1"_qs); });
+  show(u"Command3"_qs, u"statistics_weeks"_qs, [](QWidget& window) {
+    press(window, u"Command1"_qs);
+    control<QTabWidget>(window, u"Views"_qs).setCurrentIndex(1);
+  });
   show(u"CmdA1"_qs, u"print_preview"_qs);
   show(u"CmdA0"_qs, u"backup"_qs, [](QWidget& window) {
     control<QLineEdit>(window, u"Txt3"_qs).setText(u"\\备份\\日程表备份2026-10-12.KTZ"_qs);
