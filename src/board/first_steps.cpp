@@ -30,11 +30,21 @@ bool isDone(ApplicationState& state, const Step& step) {
   return state.Db.readOnce(QString::fromUtf16(step.table)).next();
 }
 
+// The plans of the starter schedule are fewer.
+bool isWellBegun(ApplicationState& state) {
+  constexpr int kManyPlans = 100;
+  RowCursor plans = state.Db.readOnce(u"JH"_qs);
+  int count = 0;
+  while (count < kManyPlans && plans.next()) ++count;
+  return count == kManyPlans;
+}
+
 }  // namespace
 
 FirstSteps::FirstSteps(ApplicationState& state, QWidget* parent) : QWidget(parent), state_(state) {
   auto* row = new QHBoxLayout(this);
   row->setContentsMargins({});
+  hide();
   row->addWidget(new QLabel(u"开始使用："_qs, this));
   for (std::size_t i = 0; i < steps_.size(); ++i) {
     const Step& step = kSteps[i];
@@ -51,16 +61,15 @@ bool FirstSteps::areOpen(ApplicationState& state) {
   return !remembered(state).value(kStepsKey).toBool();
 }
 
-void FirstSteps::update() {
+void FirstSteps::showDone() {
   if (is_away_) return;
-  bool isAllDone = true;
+  if (isWellBegun(state_)) return putAway();
   for (std::size_t i = 0; i < steps_.size(); ++i) {
     const bool done = isDone(state_, kSteps[i]);
     const QString caption = QString::fromUtf16(kSteps[i].caption);
     steps_[i]->setText(done ? caption + u" ✓"_qs : caption);
-    isAllDone = isAllDone && done;
   }
-  if (isAllDone) putAway();
+  show();
 }
 
 void FirstSteps::putAway() {

@@ -12,18 +12,18 @@ namespace vellora {
 
 struct ApplicationState;
 
-// What to do first in a schedule that is not set up yet, one step after the other; says which are
-// done. It goes for good when all are, or when the user puts it away.
+// What to do first in a schedule, one step after the other; says which are done. It goes for good
+// when the schedule is well begun, or when the user puts it away.
 class FirstSteps : public QWidget {
   Q_OBJECT
 
  public:
   FirstSteps(ApplicationState& state, QWidget* parent);
 
-  // Whether the steps of this schedule are still to be shown.
+  // Whether they were never put away.
   static bool areOpen(ApplicationState& state);
-  // Shows anew what is done. Throws StoreError.
-  void update();
+  // Shows what is done, when the schedule needs it. Throws StoreError.
+  void showDone();
 
  signals:
   void chosen(BoardCommand command);

@@ -73,7 +73,8 @@ void PlanCommands::addWeekCommands() {
   add(u"ClearWeek"_qs, u"clear"_qs, u"清空本周"_qs, {}, &C::clearWeek, &C::isWeek);
   add(u"Postpone"_qs, u"postpone"_qs, u"本周起顺延一周"_qs, {}, &C::postpone, &C::isWeek, true);
   add(u"ExportCalendar"_qs, u"export"_qs, u"导出日历…"_qs, {}, &C::exportCalendar, &C::isWeek);
-  add(u"ImportCalendar"_qs, u"import"_qs, u"导入日历…"_qs, {}, &C::importCalendar, &C::isWeek, true);
+  add(u"ImportCalendar"_qs, u"import"_qs, u"导入日历…"_qs, {}, &C::importCalendar, &C::isWeek,
+      true);
   add(u"Find"_qs, u"find"_qs, u"查找…"_qs, QKeySequence::Find, &C::find, &C::isWeek);
   add(u"Undo"_qs, u"undo"_qs, u"撤消"_qs, QKeySequence::Undo, &C::undo, &C::canUndo);
   add(u"Redo"_qs, u"redo"_qs, u"重做"_qs, Qt::CTRL | Qt::Key_Y, &C::redo, &C::canRedo);

@@ -219,7 +219,7 @@ void WeekBoard::rebuildFromDatabase() {
   setUpGrid();
   BuildTimeRows();
   FillWeek();
-  if (first_steps_) first_steps_->update();
+  if (first_steps_) first_steps_->showDone();
 }
 
 // A missing or unreadable template gives an empty sheet: the board's contents come from the

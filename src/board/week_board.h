@@ -105,7 +105,7 @@ class WeekBoard : public PlannerWindow {
   QPushButton* refresh_;
   QVBoxLayout* find_place_ = nullptr;
   FindBar* find_bar_ = nullptr;
-  FirstSteps* first_steps_ = nullptr;  // null once they are done
+  FirstSteps* first_steps_ = nullptr;  // null when they are not shown
   BoardZoom* zoom_ = nullptr;
   PlanCommands* plan_commands_ = nullptr;
   std::unique_ptr<PlanDrag> plan_drag_;

@@ -106,10 +106,9 @@ void AutomaticCopies::prune() const {
   auto copies = list();
   if (copies.size() <= kKept) return;
   const auto old = copies.begin() + kKept;
-  const auto fullest =
-      std::max_element(old, copies.end(), [](const AutomaticCopy& one, const AutomaticCopy& other) {
-        return one.plans < other.plans;
-      });
+  const auto fullest = std::max_element(
+      old, copies.end(),
+      [](const AutomaticCopy& one, const AutomaticCopy& other) { return one.plans < other.plans; });
   const bool isCovered = std::any_of(copies.begin(), old, [&](const AutomaticCopy& copy) {
     return copy.plans * 2 >= fullest->plans && canBeRead(copy);
   });

@@ -92,12 +92,10 @@ void SheetPages::measure(const WorkProgress& progress) {
 }
 
 void SheetPages::measureForTheWall(const WorkProgress& progress) {
-  constexpr double kMostPoints = 14;
-  constexpr double kLeastPoints = 9;
-  constexpr double kStep = 0.5;
-  const double own = sheet_.DefaultFont().size;
-  for (double points = kMostPoints; points >= kLeastPoints; points -= kStep) {
-    fontScale_ = points / own;
+  constexpr int kMostHalves = 28;  // of a point
+  constexpr int kLeastHalves = 18;
+  for (int halves = kMostHalves; halves >= kLeastHalves; --halves) {
+    fontScale_ = halves / 2.0 / sheet_.DefaultFont().size;
     measure(progress);
     if (pages_.size() == 1) return fillPage();
   }
