@@ -106,7 +106,7 @@ void WeekBoard::layOut() {
   auto* all = new QHBoxLayout(this);
   all->addWidget(commands_);
   all->addLayout(right, 1);
-  resize(1080, 720);
+  resize(1240, 800);
 }
 
 void WeekBoard::attachCommand(BoardCommand command, Handler handler) {

@@ -212,13 +212,13 @@ void UseChart::focusInEvent(QFocusEvent* event) {
 void UseChart::keyPressEvent(QKeyEvent* event) {
   const int key = event->key();
   const bool isEnter = key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Space;
-  if (uses_.empty()) return QWidget::keyPressEvent(event);
+  if (uses_.empty()) return QAbstractScrollArea::keyPressEvent(event);
   if (key == Qt::Key_Left) return makeCurrent(current_ - 1);
   if (key == Qt::Key_Right) return makeCurrent(current_ + 1);
   if (key == Qt::Key_Home) return makeCurrent(0);
   if (key == Qt::Key_End) return makeCurrent(static_cast<int>(uses_.size()) - 1);
   if (isEnter) emit chosen(uses_[static_cast<std::size_t>(current_)].first);
-  if (!isEnter) QWidget::keyPressEvent(event);
+  if (!isEnter) QAbstractScrollArea::keyPressEvent(event);
 }
 
 void UseChart::mouseReleaseEvent(QMouseEvent* event) {

@@ -142,4 +142,20 @@ TEST_F(WeekBoardTest, TakesColumnWidthsFromItsTemplateAndDoesWithoutABrokenOne) 
   EXPECT_TRUE(prompts_.warnings.isEmpty());
 }
 
+TEST_F(WeekBoardTest, FillsItsRoomAtASizeThatTheUserMayChooseAndThatIsRemembered) {
+  open(board_);
+  const auto height = [] { return grid().rowViewportPosition(1) + grid().rowHeight(1); };
+  EXPECT_NEAR(height(), grid().viewport()->height(), 1);
+  const qreal fitting = grid().zoom();
+  press(Qt::Key_Plus, Qt::ControlModifier);
+  EXPECT_GT(grid().zoom(), fitting);
+  const qreal chosen = grid().zoom();
+  WeekBoard another(state_);
+  open(another);
+  EXPECT_EQ(grid().zoom(), chosen);
+  press(Qt::Key_0, Qt::ControlModifier);
+  EXPECT_EQ(grid().zoom(), fitting);
+  EXPECT_EQ(text(u"StatusLine"_qs), u"显示比例：适合窗口");
+}
+
 }  // namespace vellora

@@ -67,4 +67,16 @@ TEST(NumberText, RoundsAHalfToTheEvenNeighbour) {
   for (const auto& [number, rounded] : kNumbers) EXPECT_EQ(roundHalfEven(number), rounded);
 }
 
+TEST(Colour, EveryCategoryIsReadableOnItsPapersByItselfOrByItsEdge) {
+  EXPECT_NEAR(contrastOf(kBlack, kWhite), 21, 0.01);
+  EXPECT_NEAR(contrastOf(packColour(0, 255, 0), packColour(230, 220, 255)), 1.05, 0.01);
+  for (const Category& category : categories()) {
+    for (const PackedColour paper : {kWhite, kBlack, packColour(230, 220, 255)}) {
+      const auto edge = edgeFor(category.colour, paper);
+      EXPECT_GE(contrastOf(edge.value_or(category.colour), paper), kReadableContrast)
+          << category.label.toStdString();
+    }
+  }
+}
+
 }  // namespace vellora
