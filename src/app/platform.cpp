@@ -59,7 +59,7 @@ void setUpPlatform(QApplication& application) {
 }
 
 QString layUserFolder(const QString& sharedFolder) {
-  const QString folder =
+  QString folder =
       QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + u"/vellora"_qs;
   QDir().mkpath(folder);
   for (const QFileInfo& shared : QDir(sharedFolder).entryInfoList(QDir::Files)) {

@@ -67,7 +67,8 @@ void BoardZoom::choose(int percent) {
 }
 
 bool BoardZoom::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() == QEvent::Resize) fit();
+  const bool hasBlocks = grid_.Rows() > 1;  // a size that is shown for no text would load its font
+  if (event->type() == QEvent::Resize && hasBlocks) fit();
   if (event->type() == QEvent::Wheel) {
     const auto* wheel = static_cast<QWheelEvent*>(event);
     if (wheel->modifiers() == Qt::ControlModifier) {

@@ -36,11 +36,12 @@ namespace {
 constexpr int kBoardRowHeight = 38;        // two lines of the board's font
 constexpr int kMostTemplateRows = 10'000;  // views keep some bytes for each
 
-QFont weekNameFont(QFont font) {
-  constexpr qreal kLarger = 1.5;
-  font.setPointSizeF(font.pointSizeF() * kLarger);
-  font.setBold(true);
-  return font;
+// The face of the board's headings: another one would take longer to load than the week to paint.
+QFont weekNameFont(const QString& name) {
+  CellFont font;
+  font.size = 14;
+  font.style = kFontBold;
+  return isPlainText(name) ? plainFont(fontOf(font)) : fontOf(font);
 }
 
 }  // namespace
@@ -275,7 +276,7 @@ void WeekBoard::FillWeek() {
 
 void WeekBoard::showTexts(const WeekTexts& texts) {
   showTitle(boardCaption(firstDay(), texts.memo));
-  week_name_->setFont(weekNameFont(isPlainText(texts.weekName) ? plainFont(font()) : font()));
+  week_name_->setFont(weekNameFont(texts.weekName));
   week_name_->setText(texts.weekName);
   week_name_->setVisible(!texts.weekName.isEmpty());
   shown_days_->setText(shownDays(firstDay()));

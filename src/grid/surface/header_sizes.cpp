@@ -58,6 +58,7 @@ void HeaderSizes::apply(const Sheet& sheet) {
 }
 
 void HeaderSizes::applyDefaultHeight(const Sheet& sheet) {
+  if (sheet.Rows() == 0) return;
   const QScopedValueRollback applying(isApplying_, true);
   lowestRow_ = lowestRow(sheet, scale_);
   QHeaderView& header = *view_.verticalHeader();

@@ -27,8 +27,12 @@ void drawEdges(QPainter& painter, const QRect& rect, int width, const QColor& co
 class CellPainter {
  public:
   CellPainter(QPainter& painter, const Sheet& sheet, const GridAppearance& appearance,
-              TextLayouts& texts)
-      : painter_(painter), sheet_(sheet), appearance_(appearance), texts_(texts) {}
+              TextLayouts& texts, bool hasEdges)
+      : painter_(painter),
+        sheet_(sheet),
+        appearance_(appearance),
+        texts_(texts),
+        hasEdges_(hasEdges) {}
 
   // These cells show in the selection's colours, all but the current one.
   void setSelection(const CellRange& selected, CellPlace current);
@@ -65,6 +69,7 @@ class CellPainter {
   const Sheet& sheet_;
   const GridAppearance& appearance_;
   TextLayouts& texts_;
+  bool hasEdges_;
   CellRange selected_;
   CellPlace current_;
   std::unordered_map<int, SharedStyle> shared_styles_;
@@ -128,7 +133,7 @@ void CellPainter::paintCell(const Span& col, const Span& row) {
   painter_.setPen(inverted  ? appearance_.colours.selectionText
                   : isFaint ? faintColour(*shared.style)
                             : shared.foreground);
-  paintText(text, shared, cell, inverted || isFaint ? QColor() : shared.edge);
+  paintText(text, shared, cell, inverted || isFaint || !hasEdges_ ? QColor() : shared.edge);
 }
 
 // On a paper of the cell's own, which is light, a grey that is just readable there.
@@ -206,7 +211,7 @@ void SurfacePainter::paintArea(QPainter& painter, const std::vector<Span>& areaC
                                const std::vector<Span>& areaRows, const QRect& clip) const {
   if (clip.isEmpty() || areaCols.empty() || areaRows.empty()) return;
   painter.setClipRect(clip);
-  CellPainter cells(painter, sheet, appearance, texts);
+  CellPainter cells(painter, sheet, appearance, texts, hasEdges);
   const bool isFrameEnough = selected.isOneCell() && selected.contains(current);
   cells.setSelection(isFrameEnough ? CellRange() : selected, current);
   cells.paint(areaCols, areaRows);

@@ -25,6 +25,7 @@ struct SurfacePainter {
   CellRange selected;
   CellPlace current;
   bool hasFocus;
+  bool hasEdges;  // around texts that are not readable on their paper
 
   void paint(QPainter& painter) const;
 

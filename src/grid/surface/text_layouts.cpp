@@ -117,15 +117,6 @@ LaidOutText laidOut(const QString& text, const QFont& font, const TextRoom& room
   return result;
 }
 
-QPainterPath edgeOf(const QList<QGlyphRun>& runs) {
-  constexpr qreal kEdgeWidth = 0.9;  // pixels, half of them outside of the glyphs
-  QPainterPathStroker stroker;
-  stroker.setWidth(kEdgeWidth);
-  QPainterPath edge = stroker.createStroke(glyphsOf(runs));
-  edge.setFillRule(Qt::WindingFill);
-  return edge;
-}
-
 }  // namespace
 
 int TextLayouts::numberOf(const CellFont& font) {
@@ -154,7 +145,7 @@ const LaidOutText& TextLayouts::layOut(const Request& request) {
   auto* text = new LaidOutText(laidOut(request.text, fontFor(request.font, request.text),
                                        {static_cast<qreal>(request.width), lines, request.wraps},
                                        align, height));
-  if (request.hasEdge) text->edge = edgeOf(text->runs);
+  if (request.hasEdge) text->shapes = glyphsOf(text->runs);
   texts_.insert(key, text);
   return *text;
 }
@@ -204,10 +195,11 @@ void drawText(QPainter& painter, const LaidOutText& text, const QRect& room, Qt:
   if (align & Qt::AlignVCenter) top += (room.height() - text.height) / 2;
   if (align & Qt::AlignBottom) top += room.height() - text.height;
   const QPointF place(room.left(), top);
-  if (!text.edge.isEmpty()) {
+  if (!text.shapes.isEmpty()) {
+    constexpr qreal kEdgeWidth = 0.9;  // pixels, half of them outside; up to 1 is drawn fast
     painter.setRenderHint(QPainter::Antialiasing);
     painter.translate(place);
-    painter.fillPath(text.edge, edge);
+    painter.strokePath(text.shapes, QPen(edge, kEdgeWidth));
     painter.translate(-place);
     painter.setRenderHint(QPainter::Antialiasing, false);
   }

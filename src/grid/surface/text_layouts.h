@@ -22,9 +22,9 @@ inline constexpr int kMostDrawn = 4000;
 // A text as it is drawn: glyphs placed from the top left of its room.
 struct LaidOutText {
   QList<QGlyphRun> runs;
-  QPainterPath edge;   // around the glyphs, where it was asked for
-  int height = 0;      // pixels
-  bool isCut = false;  // an ellipsis stands for what did not fit
+  QPainterPath shapes;  // of the glyphs, where an edge around them was asked for
+  int height = 0;       // pixels
+  bool isCut = false;   // an ellipsis stands for what did not fit
 };
 
 // Lays each text out once and keeps it for the next painting; laying out costs far more than
