@@ -4,6 +4,8 @@
 #include "routine/category.h"
 #include "store/statements.h"
 
+#include <QHash>
+
 namespace vellora {
 namespace {
 
@@ -30,21 +32,36 @@ void fillHeadings(Sheet& sheet, QDate first) {
   }
 }
 
-void fillPlannedCell(ScheduleStore& store, Sheet& sheet, int col, int row, RowCursor& plan) {
+// What the cells of one activity share.
+struct ActivityLook {
+  PackedColour text = kBlack;
+  PackedColour paper = kWhite;
+  int category = 0;
+};
+// By the activity's name; a week has few, each in many cells.
+using ActivityLooks = QHash<QString, ActivityLook>;
+
+const ActivityLook& lookOf(ScheduleStore& store, ActivityLooks& looks, const QString& activity) {
+  const auto known = looks.constFind(activity);
+  if (known != looks.constEnd()) return *known;
+  ActivityLook look;
+  RowCursor item = store.readOnce(statements::itemNamed(activity));
+  if (item.next()) {
+    look = {static_cast<PackedColour>(item.number(u"FRGB")), kPlanPaper,
+            categoryIndex(item.text(u"HDLB")).value_or(-1) + 1};
+  }
+  return *looks.insert(activity, look);
+}
+
+void fillPlannedCell(ScheduleStore& store, ActivityLooks& looks, Sheet& sheet, int col, int row,
+                     RowCursor& plan) {
   const QString activity = plan.text(u"HDMC");
+  const ActivityLook& look = lookOf(store, looks, activity);
   sheet.SetCellText(col, row, activity + kLineBreak + plan.text(u"HDYQ"));
   sheet.SetCellTag(col, row, activity);
-  RowCursor item = store.readOnce(statements::itemNamed(activity));
-  int category = 0;
-  if (item.next()) {
-    sheet.SetCellColors(col, row, static_cast<PackedColour>(item.number(u"FRGB")), kPlanPaper);
-    category = categoryIndex(item.text(u"HDLB")).value_or(-1) + 1;
-  } else {
-    sheet.SetCellColors(col, row, kBlack, kWhite);
-  }
-  sheet.SetCellCategory(col, row, category);
+  sheet.SetCellColors(col, row, look.text, look.paper);
+  sheet.SetCellCategory(col, row, look.category);
   sheet.SetCellAlign(col, row, kAlignCentred);
-  sheet.SetCellWrap(col, row, true);
 }
 
 void emptyCell(Sheet& sheet, int col, int row) {
@@ -59,6 +76,7 @@ void emptyCell(Sheet& sheet, int col, int row) {
 void BuildTimeRows(ScheduleStore& store, Sheet& sheet) {
   auto blocks = store.open(statements::blocksByCode());
   sheet.SetRows(static_cast<int>(blocks.count()) + 1);
+  for (int col = 1; col < kBoardCols; ++col) sheet.SetCellWrap(col, kEveryRow, true);
   for (int row = 1; !blocks.atEnd(); ++row, blocks.moveNext()) {
     sheet.SetCellText(
         0, row,
@@ -82,12 +100,13 @@ WeekTexts FillWeek(ScheduleStore& store, Sheet& sheet, QDate first) {
       texts.memos[static_cast<std::size_t>(day)] = memos.text(u"Memo");
   }
   fillHeadings(sheet, first);
+  ActivityLooks looks;
   for (int col = 1; col < kBoardCols; ++col) {
     const QDate day = first.addDays(col - 1);
     for (int row = 1; row < sheet.Rows(); ++row) {
       RowCursor plan = store.readOnce(statements::planOfBlock(day, sheet.CellTag(0, row)));
       if (plan.next()) {
-        fillPlannedCell(store, sheet, col, row, plan);
+        fillPlannedCell(store, looks, sheet, col, row, plan);
       } else {
         emptyCell(sheet, col, row);
       }

@@ -4,7 +4,6 @@
 
 #include <QFontDatabase>
 #include <QHash>
-#include <QRawFont>
 #include <QStringList>
 
 #include <algorithm>
@@ -62,18 +61,6 @@ QColor edgeColourOf(const CellStyle& style) {
 
 PackedColour categoryColour(int category) {
   return categories().at(static_cast<std::size_t>(category - 1)).colour;
-}
-
-QPainterPath glyphsOf(const QList<QGlyphRun>& runs) {
-  QPainterPath glyphs;
-  for (const QGlyphRun& run : runs) {
-    const QList<quint32> indexes = run.glyphIndexes();
-    const QList<QPointF> places = run.positions();
-    for (qsizetype i = 0; i < indexes.size(); ++i) {
-      glyphs.addPath(run.rawFont().pathForGlyph(indexes[i]).translated(places[i]));
-    }
-  }
-  return glyphs;
 }
 
 QString installedFace(const QString& face) {

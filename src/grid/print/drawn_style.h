@@ -4,8 +4,6 @@
 
 #include <QColor>
 #include <QFont>
-#include <QGlyphRun>
-#include <QPainterPath>
 #include <QStringView>
 
 namespace vellora {
@@ -19,7 +17,6 @@ Qt::Alignment alignmentOf(int flags);
 // Around a text in colours of its own that is not readable by them; else invalid.
 QColor edgeColourOf(const CellStyle& style);
 PackedColour categoryColour(int category);
-QPainterPath glyphsOf(const QList<QGlyphRun>& runs);
 
 // The face that is drawn when the planner asks for one by name: the face itself where it is
 // installed, else the best installed stand-in for 宋体 (serif), 楷体_GB2312 (script) and 黑体

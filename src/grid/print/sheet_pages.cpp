@@ -7,6 +7,7 @@
 #include <QPaintDevice>
 #include <QPainter>
 #include <QPainterPath>
+#include <QRawFont>
 #include <QTextOption>
 
 #include <algorithm>
@@ -29,6 +30,18 @@ QString withLineSeparators(QString text) {
   text.replace(u"\r\n"_qs, QString(QChar::LineSeparator));
   text.replace(kLineBreak, QChar::LineSeparator);
   return text.replace(u'\n', QChar::LineSeparator);
+}
+
+QPainterPath glyphsOf(const QList<QGlyphRun>& runs) {
+  QPainterPath glyphs;
+  for (const QGlyphRun& run : runs) {
+    const QList<quint32> indexes = run.glyphIndexes();
+    const QList<QPointF> places = run.positions();
+    for (qsizetype i = 0; i < indexes.size(); ++i) {
+      glyphs.addPath(run.rawFont().pathForGlyph(indexes[i]).translated(places[i]));
+    }
+  }
+  return glyphs;
 }
 
 }  // namespace

@@ -39,7 +39,7 @@ void HeadingStrip::paintSection(QPainter* painter, const QRect& rect, int sectio
   painter->fillRect(rect.left(), rect.bottom(), rect.width(), 1, colours.line);
   painter->setPen(foreground);
   if (request.width > 0)
-    drawText(*painter, texts_.layOut(request), textRoom(rect, heading), request.align);
+    texts_.draw(*painter, texts_.layOut(request), textRoom(rect, heading), request.align);
 }
 
 QSize HeadingStrip::sectionSizeFromContents(int section) const {

@@ -312,13 +312,10 @@ void SheetView::changeEvent(QEvent* event) {
 void SheetView::paintEvent(QPaintEvent* event) {
   QPainter painter(viewport());
   painter.setClipRegion(event->region());
-  const SurfacePainter surface{sheet(),    appearance_,        cols_,      rows_,
-                               texts_,     viewport()->size(), selected(), current(),
-                               hasFocus(), hasPainted_};
+  const SurfacePainter surface{sheet(),    appearance_, cols_,
+                               rows_,      texts_,      viewport()->size(),
+                               selected(), current(),   hasFocus()};
   surface.paint(painter);
-  // A window is seen sooner when the edges around its texts follow its first picture.
-  if (!std::exchange(hasPainted_, true))
-    QTimer::singleShot(0, viewport(), qOverload<>(&QWidget::update));
   if (!emptyHint_.isEmpty() && isEmpty()) paintEmptyHint(painter);
   if (shownRevision_ != sheet().revision()) showChangesLater();
 }

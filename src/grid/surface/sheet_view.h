@@ -167,7 +167,6 @@ class SheetView : public QTableView {
   qreal zoom_ = 1;
   QString emptyHint_;
   bool hasSkin_ = false;
-  bool hasPainted_ = false;
   bool isQuiet_ = false;  // the current cell moves without CellEntered
 
   // Where the left button went down; a click as long as the mouse stays there.

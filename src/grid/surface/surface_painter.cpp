@@ -27,12 +27,8 @@ void drawEdges(QPainter& painter, const QRect& rect, int width, const QColor& co
 class CellPainter {
  public:
   CellPainter(QPainter& painter, const Sheet& sheet, const GridAppearance& appearance,
-              TextLayouts& texts, bool hasEdges)
-      : painter_(painter),
-        sheet_(sheet),
-        appearance_(appearance),
-        texts_(texts),
-        hasEdges_(hasEdges) {}
+              TextLayouts& texts)
+      : painter_(painter), sheet_(sheet), appearance_(appearance), texts_(texts) {}
 
   // These cells show in the selection's colours, all but the current one.
   void setSelection(const CellRange& selected, CellPlace current);
@@ -69,7 +65,6 @@ class CellPainter {
   const Sheet& sheet_;
   const GridAppearance& appearance_;
   TextLayouts& texts_;
-  bool hasEdges_;
   CellRange selected_;
   CellPlace current_;
   std::unordered_map<int, SharedStyle> shared_styles_;
@@ -133,7 +128,7 @@ void CellPainter::paintCell(const Span& col, const Span& row) {
   painter_.setPen(inverted  ? appearance_.colours.selectionText
                   : isFaint ? faintColour(*shared.style)
                             : shared.foreground);
-  paintText(text, shared, cell, inverted || isFaint || !hasEdges_ ? QColor() : shared.edge);
+  paintText(text, shared, cell, inverted || isFaint ? QColor() : shared.edge);
 }
 
 // On a paper of the cell's own, which is light, a grey that is just readable there.
@@ -156,9 +151,9 @@ void CellPainter::paintText(const QString& text, const SharedStyle& shared, cons
                             const QColor& edge) {
   const QRect room = textRoom(cell, *shared.style);
   if (room.width() <= 0) return;
-  const LaidOutText& laidOut = texts_.layOut({text, shared.font, room.width(), room.height(),
-                                              shared.align, shared.style->wrap, edge.isValid()});
-  drawText(painter_, laidOut, room, shared.align, edge);
+  const LaidOutText& laidOut = texts_.layOut(
+      {text, shared.font, room.width(), room.height(), shared.align, shared.style->wrap});
+  texts_.draw(painter_, laidOut, room, shared.align, edge);
 }
 
 void CellPainter::paintLines(const std::vector<Span>& cols, const std::vector<Span>& rows) {
@@ -211,7 +206,7 @@ void SurfacePainter::paintArea(QPainter& painter, const std::vector<Span>& areaC
                                const std::vector<Span>& areaRows, const QRect& clip) const {
   if (clip.isEmpty() || areaCols.empty() || areaRows.empty()) return;
   painter.setClipRect(clip);
-  CellPainter cells(painter, sheet, appearance, texts, hasEdges);
+  CellPainter cells(painter, sheet, appearance, texts);
   const bool isFrameEnough = selected.isOneCell() && selected.contains(current);
   cells.setSelection(isFrameEnough ? CellRange() : selected, current);
   cells.paint(areaCols, areaRows);

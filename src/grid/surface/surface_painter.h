@@ -25,7 +25,6 @@ struct SurfacePainter {
   CellRange selected;
   CellPlace current;
   bool hasFocus;
-  bool hasEdges;  // around texts that are not readable on their paper
 
   void paint(QPainter& painter) const;
 

@@ -5,6 +5,7 @@
 
 #include <QFontMetricsF>
 #include <QPainter>
+#include <QPainterPath>
 #include <QTextLayout>
 
 #include <cmath>
@@ -100,7 +101,7 @@ LaidOutText placed(const QTextLayout& layout, qreal width, Qt::Alignment align, 
     const qreal top = i * lineHeight + (lineHeight - line.height()) / 2;
     line.setPosition({leftOf(line, width, align), std::round(top)});
   }
-  return {layout.glyphRuns(), {}, layout.lineCount() * lineHeight, false};
+  return {layout.glyphRuns(), layout.lineCount() * lineHeight, false};
 }
 
 LaidOutText laidOut(const QString& text, const QFont& font, const TextRoom& room,
@@ -138,16 +139,59 @@ const LaidOutText& TextLayouts::layOut(const Request& request) {
   const int height = lineHeight(request.font);
   const int lines = std::max(1, request.height / height);
   const Qt::Alignment align = request.align & Qt::AlignHorizontal_Mask;
-  const int shape =
-      static_cast<int>(align) * 4 + (request.wraps ? 2 : 0) + (request.hasEdge ? 1 : 0);
+  const int shape = static_cast<int>(align) * 2 + (request.wraps ? 1 : 0);
   const Key key{request.text, request.font, request.width, lines, shape};
   if (const LaidOutText* known = texts_.object(key)) return *known;
   auto* text = new LaidOutText(laidOut(request.text, fontFor(request.font, request.text),
                                        {static_cast<qreal>(request.width), lines, request.wraps},
                                        align, height));
-  if (request.hasEdge) text->shapes = glyphsOf(text->runs);
   texts_.insert(key, text);
   return *text;
+}
+
+// Drawn once: stroking the outline of a glyph takes far longer than drawing its picture.
+const TextLayouts::GlyphEdge& TextLayouts::edgeOf(const QRawFont& font, quint32 glyph,
+                                                  const QColor& colour, qreal ratio) {
+  constexpr qreal kWidth = 0.9;  // pixels, half of them outside of the glyph
+  const GlyphKey key{qHash(font), glyph, colour.rgb(), ratio};
+  if (const GlyphEdge* known = edges_.object(key)) return *known;
+  const QPainterPath shape = font.pathForGlyph(glyph);
+  const QRect box = shape.boundingRect().adjusted(-1, -1, 1, 1).toAlignedRect();
+  auto* edge = new GlyphEdge{QPixmap(box.size() * ratio), box.topLeft()};
+  edge->picture.setDevicePixelRatio(ratio);
+  edge->picture.fill(Qt::transparent);
+  QPainter painter(&edge->picture);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.translate(-box.topLeft());
+  painter.strokePath(shape, QPen(colour, kWidth));
+  painter.end();
+  edges_.insert(key, edge);
+  return *edge;
+}
+
+void TextLayouts::drawEdge(QPainter& painter, const QGlyphRun& run, QPointF place,
+                           const QColor& colour) {
+  const QRawFont font = run.rawFont();
+  const qreal ratio = painter.device()->devicePixelRatioF();
+  const QList<quint32> glyphs = run.glyphIndexes();
+  const QList<QPointF> places = run.positions();
+  for (qsizetype i = 0; i < glyphs.size(); ++i) {
+    const GlyphEdge& edge = edgeOf(font, glyphs[i], colour, ratio);
+    const QPointF at = place + places[i];
+    painter.drawPixmap(QPointF(std::round(at.x()), std::round(at.y())) + edge.offset, edge.picture);
+  }
+}
+
+void TextLayouts::draw(QPainter& painter, const LaidOutText& text, const QRect& room,
+                       Qt::Alignment align, const QColor& edge) {
+  int top = room.top();
+  if (align & Qt::AlignVCenter) top += (room.height() - text.height) / 2;
+  if (align & Qt::AlignBottom) top += room.height() - text.height;
+  const QPointF place(room.left(), top);
+  for (const QGlyphRun& run : text.runs) {
+    if (edge.isValid()) drawEdge(painter, run, place, edge);
+    painter.drawGlyphRun(place, run);
+  }
 }
 
 int TextLayouts::naturalWidth(const QString& text, int number) const {
@@ -174,6 +218,7 @@ void TextLayouts::setScale(qreal scale) {
 
 void TextLayouts::clear() {
   texts_.clear();
+  edges_.clear();
   fonts_.clear();
 }
 
@@ -187,23 +232,6 @@ TextLayouts::Request textRequest(TextLayouts& texts, const CellStyle& style, con
   const QRect room = textRoom(cell, style);
   return {text,          texts.numberOf(style.font), room.width(),
           room.height(), alignmentOf(style.align),   style.wrap};
-}
-
-void drawText(QPainter& painter, const LaidOutText& text, const QRect& room, Qt::Alignment align,
-              const QColor& edge) {
-  int top = room.top();
-  if (align & Qt::AlignVCenter) top += (room.height() - text.height) / 2;
-  if (align & Qt::AlignBottom) top += room.height() - text.height;
-  const QPointF place(room.left(), top);
-  if (!text.shapes.isEmpty()) {
-    constexpr qreal kEdgeWidth = 0.9;  // pixels, half of them outside; up to 1 is drawn fast
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.translate(place);
-    painter.strokePath(text.shapes, QPen(edge, kEdgeWidth));
-    painter.translate(-place);
-    painter.setRenderHint(QPainter::Antialiasing, false);
-  }
-  for (const QGlyphRun& run : text.runs) painter.drawGlyphRun(place, run);
 }
 
 }  // namespace vellora

@@ -6,7 +6,8 @@
 #include <QColor>
 #include <QFont>
 #include <QGlyphRun>
-#include <QPainterPath>
+#include <QPixmap>
+#include <QRawFont>
 #include <QRect>
 #include <QString>
 
@@ -22,9 +23,8 @@ inline constexpr int kMostDrawn = 4000;
 // A text as it is drawn: glyphs placed from the top left of its room.
 struct LaidOutText {
   QList<QGlyphRun> runs;
-  QPainterPath shapes;  // of the glyphs, where an edge around them was asked for
-  int height = 0;       // pixels
-  bool isCut = false;   // an ellipsis stands for what did not fit
+  int height = 0;      // pixels
+  bool isCut = false;  // an ellipsis stands for what did not fit
 };
 
 // Lays each text out once and keeps it for the next painting; laying out costs far more than
@@ -42,10 +42,13 @@ class TextLayouts {
     int height = 0;  // pixels; at least one line is laid out
     Qt::Alignment align;
     bool wraps = false;
-    bool hasEdge = false;
   };
   // Valid until the next call.
   const LaidOutText& layOut(const Request& request);
+  // Draws a text at its vertical place in the room, in the painter's pen, over an edge around its
+  // glyphs where that has a colour.
+  void draw(QPainter& painter, const LaidOutText& text, const QRect& room, Qt::Alignment align,
+            const QColor& edge = {});
   // Width of the widest line, in pixels.
   int naturalWidth(const QString& text, int font) const;
   // As many lines as all of the text needs in the request's width.
@@ -67,18 +70,37 @@ class TextLayouts {
     int font;
     int width;
     int lines;
-    int shape;  // horizontal alignment, wrapping and edge
+    int shape;  // horizontal alignment and wrapping
     friend bool operator==(const Key&, const Key&) = default;
     friend std::size_t qHash(const Key& key, std::size_t seed) {
       return qHashMulti(seed, key.text, key.font, key.width, key.lines, key.shape);
     }
   };
 
+  // The edge of one glyph as it is drawn, and where from the glyph's place.
+  struct GlyphEdge {
+    QPixmap picture;
+    QPointF offset;
+  };
+  struct GlyphKey {
+    std::size_t font;
+    quint32 glyph;
+    QRgb colour;
+    qreal ratio;  // of the screen's pixels
+    friend bool operator==(const GlyphKey&, const GlyphKey&) = default;
+    friend std::size_t qHash(const GlyphKey& key, std::size_t seed) {
+      return qHashMulti(seed, key.font, key.glyph, key.colour, key.ratio);
+    }
+  };
+
+  const GlyphEdge& edgeOf(const QRawFont& font, quint32 glyph, const QColor& colour, qreal ratio);
+  void drawEdge(QPainter& painter, const QGlyphRun& run, QPointF place, const QColor& colour);
   const QFont& fontFor(int number, QStringView text) const;
 
   qreal scale_ = 1;
   std::vector<Font> fonts_;
   QCache<Key, LaidOutText> texts_{4096};
+  QCache<GlyphKey, GlyphEdge> edges_{4096};
 };
 
 // The stripe of a cell's category at its left edge, and where its text lies within its rectangle,
@@ -89,9 +111,5 @@ QRect textRoom(const QRect& cell, const CellStyle& style);
 // How one cell's text is asked of the layouts.
 TextLayouts::Request textRequest(TextLayouts& texts, const CellStyle& style, const QString& text,
                                  const QRect& cell);
-
-// Draws a text at its vertical place in the room, in the painter's pen over its edge.
-void drawText(QPainter& painter, const LaidOutText& text, const QRect& room, Qt::Alignment align,
-              const QColor& edge = {});
 
 }  // namespace vellora
