@@ -26,7 +26,7 @@ PackedColour mixed(PackedColour colour, PackedColour other, int percent) {
 }  // namespace
 
 double contrastOf(PackedColour one, PackedColour other) {
-  const auto [low, high] = std::minmax(luminance(one), luminance(other));
+  const auto [low, high] = std::minmax({luminance(one), luminance(other)});
   return (high + 0.05) / (low + 0.05);
 }
 

@@ -13,7 +13,8 @@ namespace {
 QColor colourIn(QIcon::Mode mode) {
   const QPalette palette = QGuiApplication::palette();
   if (mode == QIcon::Disabled) return palette.color(QPalette::Disabled, QPalette::ButtonText);
-  if (mode == QIcon::Selected) return palette.color(QPalette::HighlightedText);
+  const bool isHighlighted = mode == QIcon::Selected || mode == QIcon::Active;  // in a menu
+  if (isHighlighted) return palette.color(QPalette::HighlightedText);
   return palette.color(QPalette::ButtonText);
 }
 
