@@ -28,7 +28,7 @@ const QString kZoomKey = u"board/zoom"_qs;
 
 BoardZoom::BoardZoom(GridSurface& grid, const ApplicationState& state,
                      const std::function<void(const QString& message)>& say)
-    : QObject(&grid), grid_(grid), state_(state), say_(say) {
+    : grid_(grid), state_(state), say_(say) {
   percent_ = remembered(state).value(kZoomKey).toInt();
   if (percent_ != 0) percent_ = std::clamp(percent_, kLeast, kMost);
   grid.viewport()->installEventFilter(this);
@@ -67,8 +67,8 @@ void BoardZoom::choose(int percent) {
 }
 
 bool BoardZoom::eventFilter(QObject* watched, QEvent* event) {
-  const bool hasBlocks = grid_.Rows() > 1;  // a size that is shown for no text would load its font
-  if (event->type() == QEvent::Resize && hasBlocks) fit();
+  // Without blocks there is no text, and its size would only load a font.
+  if (event->type() == QEvent::Resize && grid_.Rows() > 1) fit();
   if (event->type() == QEvent::Wheel) {
     const auto* wheel = static_cast<QWheelEvent*>(event);
     if (wheel->modifiers() == Qt::ControlModifier) {

@@ -16,7 +16,7 @@ class BoardZoom : public QObject {
   Q_OBJECT
 
  public:
-  // `say` tells the user what was chosen.
+  // `say` tells the user what was chosen. To be gone before the grid is.
   BoardZoom(GridSurface& grid, const ApplicationState& state,
             const std::function<void(const QString& message)>& say);
 

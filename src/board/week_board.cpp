@@ -71,7 +71,8 @@ WeekBoard::WeekBoard(ApplicationState& state)
   attachCommand(BoardCommand::ClearSchedule, [this] { clearSchedule(); });
   attachCommand(BoardCommand::Exit, [this] { close(); });
   addPlanCommands();
-  zoom_ = new BoardZoom(*grid_, state, [this](const QString& message) { showMessage(message); });
+  zoom_ = std::make_unique<BoardZoom>(*grid_, state,
+                                      [this](const QString& message) { showMessage(message); });
 }
 
 WeekBoard::~WeekBoard() {
