@@ -7,6 +7,7 @@
 #include "shell/work_dialog.h"
 #include "store/statements.h"
 
+#include <QApplication>
 #include <QLocale>
 #include <QTimer>
 
@@ -52,10 +53,10 @@ void StartUp::showBoard() {
     board_->Load();
     board_->Show();
   }
-  // The board comes first.
+  // The board comes first, and a question before the user has begun with anything.
+  QTimer::singleShot(0, board_.get(), [this] { offerLostPlans(); });
   QTimer::singleShot(kSettled, board_.get(), [this] {
     damage_check_.begin();
-    offerLostPlans();
     if (!store_.isReadOnly()) daily_copy_.begin();
   });
   if (store_.isReadOnly()) {
@@ -99,6 +100,7 @@ void StartUp::sayNotCopied(const QString& reason) {
 
 // Before the smaller schedule becomes the newest copy.
 void StartUp::offerLostPlans() {
+  if (QApplication::activeModalWidget()) return;
   try {
     const auto copy = AutomaticCopies(state_.programDir).lostSince(store_);
     if (!copy) return;
