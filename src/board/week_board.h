@@ -106,7 +106,7 @@ class WeekBoard : public PlannerWindow {
   QVBoxLayout* find_place_ = nullptr;
   FindBar* find_bar_ = nullptr;
   FirstSteps* first_steps_ = nullptr;  // null when they are not shown
-  std::unique_ptr<BoardZoom> zoom_;  // these two go before the grid
+  std::unique_ptr<BoardZoom> zoom_;    // these two go before the grid
   PlanCommands* plan_commands_ = nullptr;
   std::unique_ptr<PlanDrag> plan_drag_;
   qint64 changes_seen_ = 0;  // rows changed by this program when the board was last read
