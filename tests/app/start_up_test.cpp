@@ -2,7 +2,6 @@
 
 #include "app/platform.h"
 #include "grid/surface/grid_surface.h"
-#include "support/failing_disk.h"
 #include "support/fixed_clock.h"
 #include "support/schedule_builder.h"
 #include "support/scripted_prompts.h"
@@ -73,14 +72,6 @@ TEST_F(StartUpTest, LaysAUsersFilesOnceAndNeverTouchesThem) {
   EXPECT_EQ(test::bytesOf(user + u"/SY.mdb"_qs), "twenty years");
   EXPECT_EQ(test::bytesOf(user + u"/KTZ0.SKN"_qs), "skin");
   qputenv("XDG_DATA_HOME", before);
-}
-
-TEST_F(StartUpTest, SaysAtOnceThatNothingCanBeSaved) {
-  test::FailingDisk disk;
-  disk.makeReadOnly();
-  start(schedule_.folder());
-  ASSERT_EQ(prompts_.warnings.size(), 1);
-  EXPECT_TRUE(prompts_.warnings[0].contains(u"无法保存"_qs));
 }
 
 TEST_F(StartUpTest, SaysThatTheScheduleIsDamagedAndShowsWhatCanBeRead) {

@@ -12,6 +12,7 @@
 #include <QPushButton>
 #include <QTimer>
 
+#include <cerrno>
 #include <random>
 
 namespace vellora {
@@ -136,6 +137,14 @@ TEST_F(DamagedSchedule, IsReadUnchangedAndSavedToOrRefusedInChinese) {
     safely([&] { return outcomeOf([&] { job.run(folder_.path({}), {}); }); });
   }
   EXPECT_GT(refused, times_ / 4);
+}
+
+TEST_F(DamagedSchedule, OrOneThatCannotBeWrittenIsToldAtOnce) {
+  EXPECT_EQ(safely([this] {
+              breakCalls({.closed = EROFS});
+              return outcomeOfProgram(original_.folder());
+            }),
+            kRefused);
 }
 
 TEST_F(DamagedSchedule, IsOpenedOrRefusedBesideADamagedJournal) {

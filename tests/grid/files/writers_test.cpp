@@ -6,7 +6,6 @@
 #include "grid/files/html_writer.h"
 #include "grid/files/workbook_file.h"
 #include "grid/print/print_preview.h"
-#include "support/file_size_limit.h"
 #include "support/temporary_folder.h"
 #include "support/text_output.h"
 
@@ -69,13 +68,11 @@ TEST(Writers, SayWhyNothingCanBeWrittenAndLeaveTheOldFile) {
   const struct {
     QString target, why;
     bool isClosed = false;
-    rlim_t room = RLIM_INFINITY;
   } cases[]{{folder.path(u"没有/x"_qs), u"文件或文件夹不存在"_qs},
             {path + u"/x", noFile},
             {folder.path(u"."_qs), noFile},
             {u"/dev/full"_qs, noFile},
             {folder.path(QString(300, u'x')), u"文件名太长"_qs},
-            {path, u"文件超过了系统允许的大小"_qs, false, 99},
             {path, closed, true},
             {folder.path(u"新"_qs), closed, true}};
   const QByteArray place = QFile::encodeName(folder.path(u"."_qs));
@@ -84,7 +81,6 @@ TEST(Writers, SayWhyNothingCanBeWrittenAndLeaveTheOldFile) {
       ASSERT_EQ(::chmod(place.constData(), c.isClosed ? 0555 : 0755), 0);
       QString said;
       {
-        const test::FileSizeLimit full(c.room);
         const OrdinaryUser user(c.isClosed);
         said = test::messageOf([&] { write(c.target); });
       }
