@@ -89,23 +89,4 @@ TEST_F(BackupWindowTest, TellsHowManyRecordsWentOutAndCameBackOrWhyNot) {
   EXPECT_EQ(window_.findChild<GridSurface*>(u"Cell1"_qs)->workbook().SheetCount(), 6);
 }
 
-TEST_F(BackupWindowTest, GivesALongBackupUpWithoutATrace) {
-  schedule_.fullPlan(QDate(2008, 1, 1), 60'000, 3, 2);
-  bool closedMeanwhile = false;
-  QTimer hand;
-  QObject::connect(&hand, &QTimer::timeout, &window_, [&] {
-    auto* dialog = window_.findChild<QProgressDialog*>();
-    if (dialog == nullptr || !dialog->isVisible()) return;
-    closedMeanwhile = window_.close();
-    QTest::mouseClick(dialog->findChild<QPushButton*>(), Qt::LeftButton);
-  });
-  hand.start(1);
-  press(u"cmdO"_qs);
-  EXPECT_FALSE(closedMeanwhile);
-  EXPECT_TRUE(prompts_.warnings.isEmpty()) << prompts_.warnings.join(u' ').toStdString();
-  EXPECT_TRUE(
-      QDir(schedule_.folder()).entryList({u"*KTZ*"_qs}, QDir::Files | QDir::Hidden).isEmpty());
-  EXPECT_TRUE(window_.isEnabled());
-}
-
 }  // namespace vellora

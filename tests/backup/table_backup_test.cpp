@@ -188,36 +188,4 @@ TEST_F(TableBackupTest, RefusesWhatIsNoBackupOfThisScheduleAndChangesNothing) {
   }
 }
 
-TEST_F(TableBackupTest, TakesTheNumberThatATextBeginsWith) {
-  schedule_.plan(kDay, u"001"_qs, u"读书"_qs, QString(), 7);
-  backUp();
-  const std::pair<QString, int> kCells[]{{u"-3"_qs, -3}, {u"12级"_qs, 12}, {u"级"_qs, 0}, {{}, 0}};
-  for (const auto& [text, number] : kCells) {
-    workbook_.sheetAt(2).SetCellText(4, 0, text);
-    writeWorkbookFile(workbook_, path_);
-    restore();
-    EXPECT_EQ(store_.open(u"JH"_qs).number(u"ZYDJ"), number);
-  }
-}
-
-TEST_F(TableBackupTest, LeavesNoTraceWhereverItIsGivenUp) {
-  fill();
-  backUp();
-  schedule_.memo(kDay, u"新"_qs);
-  // Gives the work up at its first step, then at its second, and so on; tells how often.
-  const auto stops = [this](const std::function<void(const WorkProgress&)>& job) {
-    int last = 0;
-    const auto stopped = [&] {
-      int step = 0;
-      job([&](const WorkStep&) { return ++step <= last; });
-    };
-    while (last < 100 && !refusalOf(stopped).isEmpty()) ++last;
-    return last;
-  };
-  EXPECT_EQ(stops([this](const auto& progress) { restore(progress); }), 11)
-      << "the file read; five tables emptied and filled";
-  EXPECT_EQ(stops([this](const auto& progress) { backUp(progress); }), 7)
-      << "five tables read; the file read back and compared";
-}
-
 }  // namespace vellora

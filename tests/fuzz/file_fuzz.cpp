@@ -1,13 +1,11 @@
-// Files that come from outside: workbooks and skins.
+// Workbooks that come from outside.
 
 #include "fuzz/fuzz_target.h"
 #include "grid/files/sample_workbook.h"
 #include "grid/files/sheet_comparison.h"
 #include "grid/files/workbook_file.h"
-#include "shell/skin.h"
 
 #include <QCryptographicHash>
-#include <QDir>
 #include <QTemporaryDir>
 
 #include <optional>
@@ -87,36 +85,10 @@ QByteArrayList workbookSeeds() {
           fileOf(sampleWorkbook())};
 }
 
-void fuzzSkin(const QByteArray& input) {
-  writeFile(scratchPath(), input);
-  const auto skin = loadSkin(scratchPath());
-  if (!skin) return;
-  const GridColours& grid = skin->grid;
-  QList<QColor> colours{grid.text,          grid.paper,          grid.headingText,
-                        grid.headingPaper,  grid.line,           grid.current,
-                        grid.selectionText, grid.selectionPaper, grid.today};
-  for (int role = 0; role < QPalette::NColorRoles; ++role) {
-    if (role == QPalette::NoRole) continue;
-    colours << skin->palette.color(static_cast<QPalette::ColorRole>(role));
-  }
-  for (const QColor& colour : colours) {
-    require(colour.isValid() && colour.alpha() == 255, "every colour of a skin can be seen");
-  }
-}
-
-QByteArrayList skinSeeds() {
-  const QDir folder(QStringLiteral(SKIN_DIR));
-  QByteArrayList seeds;
-  for (const QString& name : folder.entryList({u"*.SKN"_qs})) {
-    seeds << bytesOfFile(folder.filePath(name));
-  }
-  return seeds;
-}
-
 }  // namespace
 
 QList<FuzzTarget> fileTargets() {
-  return {{"workbook", fuzzWorkbook, workbookSeeds()}, {"skin", fuzzSkin, skinSeeds()}};
+  return {{"workbook", fuzzWorkbook, workbookSeeds()}};
 }
 
 }  // namespace vellora::test

@@ -83,6 +83,7 @@ TEST_F(ActivityPlanWindowTest, RepeatsTheCurrentRowByDayAndByWeekAndUndoesItInOn
   EXPECT_EQ(row(2), u"2007-03-07/星期三|08:00-09:30/早读|跑步|要求|1"_qs);
   EXPECT_TRUE(isMarked(1));
   EXPECT_FALSE(isMarked(2)) << "it is another activity's";
+  EXPECT_EQ(grid().sheet().StyleAt(kPlanActivity, 2).textColour, kRed);
   EXPECT_EQ(grid().CurrentRow(), 3);
   clickCell(0, 0);
   setCount(u"Text1"_qs, u"1"_qs);

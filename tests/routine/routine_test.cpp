@@ -19,11 +19,6 @@ TEST(CalendarText, PadsDatesAndTimesToTheirFixedForms) {
   for (int i = 0; i < 7; ++i) EXPECT_EQ(weekdayName({2007, 3, 5 + i}), u"星期"_qs + names[i]);
 }
 
-TEST(CalendarText, MeasuresBlocksByHoursAndMinutesAlone) {
-  EXPECT_EQ(blockMinutes({8, 0, 59}, {9, 30, 1}), 90);
-  EXPECT_EQ(blockMinutes({9, 30}, {8, 0}), -90);
-}
-
 TEST(Category, IsFoundOnlyByItsExactLabelAndCarriesTheColourThatItemsStore) {
   const std::pair<QString, PackedColour> kCategories[]{
       {u"1-工作"_qs, 255},   {u"2-学习"_qs, 16711680}, {u"3-运动"_qs, 65280},
@@ -53,18 +48,6 @@ TEST(NumberText, ReadsLeadingDigitsAndNothingElse) {
                                             {u"99999999999"_qs, 99999999999.0}};
   for (const auto& [text, number] : kTexts)
     EXPECT_EQ(numericValue(text), number) << text.toStdString();
-}
-
-TEST(NumberText, IsTheShortestFormWithoutExponentOrSeparators) {
-  const std::pair<double, QString> kNumbers[]{
-      {12.5, u"12.5"_qs}, {33.33, u"33.33"_qs}, {1e6, u"1000000"_qs}, {-0.0, u"0"_qs}};
-  for (const auto& [number, text] : kNumbers) EXPECT_EQ(numberText(number), text);
-}
-
-TEST(NumberText, RoundsAHalfToTheEvenNeighbour) {
-  const std::pair<double, int> kNumbers[]{{0.5, 0},   {1.5, 2},  {2.5, 2}, {-0.5, 0},
-                                          {-1.5, -2}, {2.51, 3}, {2.49, 2}};
-  for (const auto& [number, rounded] : kNumbers) EXPECT_EQ(roundHalfEven(number), rounded);
 }
 
 TEST(Colour, EveryCategoryIsReadableOnItsPapersByItselfOrByItsEdge) {

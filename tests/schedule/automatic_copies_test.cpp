@@ -75,11 +75,4 @@ TEST_F(AutomaticCopiesTest, TellWhenMoreThanHalfOfThePlansAreGone) {
   EXPECT_EQ(copies_.lostSince(store).value().plans, 5);
 }
 
-TEST_F(AutomaticCopiesTest, AFolderThatCannotBeMadeIsTold) {
-  schedule_.fullDay(1);
-  QFile inTheWay(schedule_.folder() + u"/备份"_qs);
-  ASSERT_TRUE(inTheWay.open(QIODevice::WriteOnly));
-  EXPECT_THROW(make(0), FileError);
-}
-
 }  // namespace vellora

@@ -82,16 +82,4 @@ TEST_F(CalendarExportTest, EveryFieldIsReadByAnotherProgram) {
   EXPECT_EQ(blockInUid(calendarUid(kMonday, u"夜 2"_qs)), u"夜 2");
 }
 
-TEST_F(CalendarExportTest, WhatIsGivenUpLeavesTheOldFile) {
-  builder_.plan(kMonday, u"001"_qs, u"读书"_qs);
-  const CalendarSelection week{kMonday, kMonday.addDays(6)};
-  exported(week);
-  const QByteArray before = test::bytesOf(path_);
-  EXPECT_THROW(exportCalendar(store_, {kMonday, kMonday.addDays(9)}, path_, kNow,
-                              [](const WorkStep&) { return false; }),
-               WorkCancelled);
-  EXPECT_THROW(exportCalendar(store_, week, folder_.path(u"无/a.ics"_qs), kNow), FileError);
-  EXPECT_EQ(test::bytesOf(path_), before);
-}
-
 }  // namespace vellora

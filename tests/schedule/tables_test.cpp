@@ -148,18 +148,6 @@ TEST_F(WeekNames, AWeekIsAddedToTheFirstRowWithoutAFirstDayAndContinuedThroughTe
   EXPECT_EQ(row(addFollowingWeeks(sheet_, 12)), u"9999-12-25|9999-12-31|"_qs);
 }
 
-TEST_F(WeekNames, NothingIsContinuedWithoutAFirstDay) {
-  const auto revision = sheet_.revision();
-  EXPECT_EQ(addFollowingWeeks(sheet_, 3), 3);
-  EXPECT_EQ(addFollowingWeeks(sheet_, -1), -1);
-  EXPECT_EQ(sheet_.revision(), revision);
-  for (const auto& text : {u"三月五日"_qs, u"9999-10-17"_qs}) {
-    sheet_.SetCellText(kWeekStartCol, 3, text);
-    EXPECT_THROW(addFollowingWeeks(sheet_, 3), CellRefused);
-    EXPECT_EQ(filledRows(), QStringList(text + u"||"));
-  }
-}
-
 TEST_F(WeekNames, ANameIsCarriedOnlyIntoANamelessRow) {
   const TableRows stored{{u"2007-03-05"_qs, u"2007-03-11"_qs, u"第一周"_qs},
                          {u"2007-03-12"_qs, u"2007-03-18"_qs, u"学期"_qs}};
@@ -194,25 +182,6 @@ TEST_F(Items, AreListedByCategoryInTheOrderOfTheirCodes) {
   EXPECT_TRUE(catalogue_.find(u"001"_qs)) << "still in its category";
 }
 
-TEST_F(Items, AreFoundAsStoredAndOthersKept) {
-  filter(u"所有类别"_qs);
-  const QString quoted = u"读 'O''Hara'; #1%]\""_qs;
-  catalogue_.add({u"a'b"_qs, quoted, u"5-娱乐"_qs, true});
-  const auto added = catalogue_.find(u"a'b"_qs);
-  ASSERT_TRUE(added);
-  EXPECT_EQ(added->name, quoted);
-  EXPECT_FALSE(added->completed) << "a new item is open";
-  catalogue_.change({u"a'b"_qs, u"看戏"_qs, u"6-休息"_qs, true});
-  Recordset stored = store_.open(statements::itemNamed(u"看戏"_qs));
-  ASSERT_EQ(stored.count(), 1);
-  EXPECT_EQ(stored.number(u"SFWC"), 1);
-  EXPECT_EQ(stored.text(u"HDLB"), u"6-休息"_qs);
-  catalogue_.find(u"a'b"_qs);
-  catalogue_.remove();
-  EXPECT_FALSE(catalogue_.find(u"a'b"_qs));
-  EXPECT_EQ(catalogue_.find(u"001"_qs)->name, u"晨读"_qs);
-}
-
 TEST_F(Items, TextsAndSuggestedCodes) {
   const std::pair<QString, QString> codes[]{
       {u"005"_qs, u"006"_qs},       {u"HD099"_qs, u"HD100"_qs}, {u"999"_qs, u"1000"_qs},
@@ -224,18 +193,6 @@ TEST_F(Items, TextsAndSuggestedCodes) {
                                             {u"晨读\n英语\u2028单词"_qs, u"晨读 英语 单词"_qs},
                                             {u"　 "_qs, QString()}};
   for (const auto& [text, kept] : texts) EXPECT_EQ(storedItemText(text), kept);
-}
-
-TEST_F(Memos, OneForEachDay) {
-  for (const auto& text : {u"第一行\n\n第三行\t'引号' #1#"_qs, QString(100'000, u'长'), u""_qs}) {
-    storeMemo(store_, kMonday, text);
-    storeMemo(store_, kMonday.addDays(1), u"明天"_qs);
-    EXPECT_EQ(memoOf(store_, kMonday), text);
-    EXPECT_EQ(store_.open(u"BW"_qs).count(), 2);
-  }
-  EXPECT_EQ(memoOf(store_, kMonday.addDays(-1)), QString());
-  EXPECT_TRUE(store_.open(statements::memoOn(kMonday)).value(u"Memo").isValid())
-      << "empty, not none";
 }
 
 }  // namespace vellora

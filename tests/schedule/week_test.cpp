@@ -57,18 +57,4 @@ TEST_F(Week, ShowsTheFirstPlanOfABlockInItsActivitysColourAndNothingOfAnEarlierW
   expectColours(1, 2, kBlack, kWhite);
 }
 
-TEST_F(Week, HasTheMemoAndTheNameOfItsFirstDay) {
-  builder_.memo(kMonday, u"第一行\n第二行"_qs)
-      .weekName(kMonday.addDays(-6), kMonday, u"第一周"_qs)
-      .weekName(kMonday, kMonday.addDays(6), u"第二周"_qs);
-  const std::tuple<int, QString, QString> days[]{{0, u"第一周"_qs, u"第一行\n第二行"_qs},
-                                                 {6, u"第二周"_qs, QString()},
-                                                 {7, QString(), QString()}};
-  for (const auto& [day, name, memo] : days) {
-    const WeekTexts texts = fill(kMonday.addDays(day));
-    EXPECT_EQ(texts.weekName, name) << day;
-    EXPECT_EQ(texts.memo, memo) << day;
-  }
-}
-
 }  // namespace vellora

@@ -1,26 +1,17 @@
 #include "shell/skin.h"
 
+#include "routine/colour.h"
 #include "support/temporary_folder.h"
 #include "support/text_output.h"
 
-#include <cmath>
 #include <sys/stat.h>
 
 namespace vellora {
 namespace {
 
-// Relative luminance and contrast as in WCAG 2.1.
-double luminance(const QColor& colour) {
-  const auto linear = [](double part) {
-    return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
-  };
-  return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) +
-         0.0722 * linear(colour.blueF());
-}
-
 double contrast(const QColor& a, const QColor& b) {
-  const auto [dark, light] = std::minmax({luminance(a), luminance(b)});
-  return (light + 0.05) / (dark + 0.05);
+  return contrastOf(packColour(a.red(), a.green(), a.blue()),
+                    packColour(b.red(), b.green(), b.blue()));
 }
 
 QString skinPath(int number) {

@@ -84,19 +84,6 @@ TEST(TimeUse, RoundsSharesToTwoDecimalsWithTiesToTheEvenNeighbour) {
   EXPECT_EQ(durationText(-90), u"-2小时30分钟"_qs) << "whole hours down";
 }
 
-TEST(TimeUse, TellsNoShareOfNothingButTheRestOfItsRow) {
-  EXPECT_THROW(barWidth(0, 0), NoPlannedTime);
-  test::ScheduleBuilder builder;
-  builder.block(u"z"_qs, u"12:00:00"_qs, u"12:00:00"_qs).item(u"001"_qs, u"写作"_qs);
-  builder.plan(kDay, u"z"_qs, u"写作"_qs);
-  ScheduleStore store = builder.store();
-  Sheet sheet;
-  setUpTimeUse(sheet);
-  EXPECT_THROW(listActivities(sheet, store, kDay, kDay, 0), NoPlannedTime);
-  ASSERT_EQ(sheet.Rows(), 1);
-  EXPECT_EQ(sheet.GetCellText(3, 0) + sheet.GetCellText(4, 0), u"1"_qs);
-}
-
 TEST(TimeUse, AgreesWithARecountOfRandomPlans) {
   const QDate first = kDay.addDays(-7);
   const QDate last = kDay.addDays(7);

@@ -99,24 +99,5 @@ TEST_F(RecordsetTest, ACursorReadsEveryRowOnceThroughOtherWorkOfItsStore) {
   EXPECT_EQ(faultOf([&] { cursor.number(3); }), StoreFault::NoCurrentRow);
 }
 
-TEST_F(RecordsetTest, CopesWithRowsNumberedByTheDatabase) {
-  builder.sql(u"DROP TABLE MM"_qs)
-      .sql(
-          u"CREATE TABLE MM (ID INTEGER PRIMARY KEY AUTOINCREMENT, KSRQ DATETIME,"
-          u" JSRQ DATETIME, MM VARCHAR(255))"_qs);
-  ScheduleStore numbered(builder.path());
-  Recordset names = numbered.open(statements::allWeekNames());
-  for (const QString& name : {u"第一周"_qs, u"第二周"_qs}) {
-    names.addNew();
-    names.set(u"MM", name);
-    names.update();
-  }
-  EXPECT_EQ(names.number(u"ID"), 2);
-  names.edit();
-  names.set(u"MM", u"改名"_qs);
-  names.update();
-  EXPECT_EQ(numbered.open(u"SELECT MM FROM MM WHERE ID=2"_qs).text(0), u"改名"_qs);
-}
-
 }  // namespace
 }  // namespace vellora

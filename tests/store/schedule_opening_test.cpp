@@ -108,22 +108,6 @@ TEST_F(Opening, TakesWhatAWriteAheadLogStillHoldsIntoTheOneFile) {
   EXPECT_TRUE(QDir(builder.folder()).entryList({u"copy.mdb-*"_qs}).isEmpty());
 }
 
-TEST_F(Opening, ReadsAndSavesAScheduleInUtf16) {
-  {
-    SQLite::Database wide(copy.toStdString(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
-    wide.exec("PRAGMA encoding='UTF-16le'");
-    SQLite::Database narrow(builder.path().toStdString());
-    SQLite::Statement creation(narrow, "SELECT sql FROM sqlite_schema");
-    while (creation.executeStep()) wide.exec(creation.getColumn(0).getString());
-  }
-  ScheduleStore opened(copy);
-  Recordset items = opened.open(u"HD"_qs);
-  items.addNew();
-  items.set(u"HDMC", u"晨跑"_qs);
-  items.update();
-  EXPECT_EQ(opened.open(statements::itemNamed(u"晨跑"_qs)).text(u"HDMC"), u"晨跑"_qs);
-}
-
 TEST_F(Opening, AddsMissingIndicesWhenNobodyElseIsWriting) {
   for (const char* index : {"JH_RQ_SJKH", "JH_HDMC_RQ_SJKH", "HD_HDMC", "SJ_SJKH", "BW_RQ"}) {
     builder.sql(u"DROP INDEX "_qs + QLatin1String(index));

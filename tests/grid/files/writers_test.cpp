@@ -129,9 +129,4 @@ TEST(SafeFile, KeepsPermissionsAndFollowsLinks) {
   EXPECT_EQ(QFile::permissions(path) & (QFile::ReadGroup | QFile::ReadOther), QFile::Permissions());
 }
 
-TEST(FileName, HoldsNothingThatANameCannot) {
-  EXPECT_EQ(fileNameFor(u"读/写\\..:*?\"<>|\r\n\x7F 活动计划.HTM"_qs),
-            u"读_写_..__________ 活动计划.HTM"_qs);
-}
-
 }  // namespace vellora
