@@ -36,7 +36,9 @@ std::vector<Holder> holdersOn(ScheduleStore& store, const QString& code,
 
 // A copy says the same on its date; where another entry holds the block it shows that one.
 void writeCopy(Sheet& sheet, int row, PlanRowCopy copy, const Holder& holder) {
-  copy.settings(kPlanActivity).colours = CellColours{holder ? kRed : kBlack, kWhite};
+  auto& colours = copy.settings(kPlanActivity).colours;
+  colours.reset();  // black on white where the skin has nothing else
+  if (holder) colours = CellColours{kRed, kWhite};
   copy.setTag(kPlanActivity, holder ? holder->activity : QString());
   if (holder) {
     copy.setText(kPlanActivity, holder->activity);

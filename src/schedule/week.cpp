@@ -64,9 +64,12 @@ void fillPlannedCell(ScheduleStore& store, ActivityLooks& looks, Sheet& sheet, i
   sheet.SetCellAlign(col, row, kAlignCentred);
 }
 
+// Black on white, as cells without colours of their own are: a skin may show it otherwise.
 void emptyCell(Sheet& sheet, int col, int row) {
-  sheet.SetCellColors(col, row, kBlack, kWhite);
-  sheet.SetCellCategory(col, row, 0);
+  CellSettings settings = sheet.SettingsAt(col, row);
+  settings.colours.reset();
+  settings.category.reset();
+  sheet.SetCellSettings(col, row, settings);
   sheet.SetCellText(col, row, QString());
   sheet.SetCellTag(col, row, QString());
 }

@@ -66,6 +66,20 @@ TEST_F(ActivityItemEditorTest, FollowsTheUserThroughAddingChangingAndLeaving) {
             (QStringList{u"HD|001|晨读|1-工作|0|255"_qs, u"HD|HD099|跑步|1-工作|1|255"_qs}));
 }
 
+TEST_F(ActivityItemEditorTest, DeletesTheMiddleTheLastTheFirstAndTheOnlyItem) {
+  schedule_.items(4);
+  open(editor_);
+  walk({{u"row=1"_qs, u"添删 1/4 002 活动002"_qs},
+        {u"CmdDEL"_qs, u"添删 1/3 003 活动003"_qs},
+        {u"row=2"_qs, u"添删 2/3 004 活动004"_qs},
+        {u"CmdDEL"_qs, u"添删 1/2 003 活动003"_qs},
+        {u"row=0"_qs, u"添删 0/2 001 活动001"_qs},
+        {u"CmdDEL"_qs, u"添删 0/1 003 活动003"_qs},
+        {u"CmdDEL"_qs, u"添 -1/0 003 活动003"_qs},
+        {u"CmdNEW"_qs, u"确取 0/1 003 活动003"_qs}});
+  EXPECT_EQ(dumpOf(store_), QStringList());
+}
+
 TEST_F(ActivityItemEditorTest, TakesTheFirstItemOfAnEmptyCatalogueOnlyWithACategory) {
   open(editor_);
   walk({{u"CmdNEW"_qs, u"确取 0/1  "_qs},

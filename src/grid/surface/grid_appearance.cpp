@@ -19,11 +19,9 @@ GridColours coloursOf(const QPalette& palette) {
   return colours;
 }
 
-TextColours textColours(const CellStyle& style, const GridColours& colours, bool isHeading,
-                        bool isEmpty) {
-  const bool isBlank = isEmpty && style.textColour == kBlack && style.backColour == kWhite;
-  if (style.hasColours && !isBlank) return {colourOf(style.textColour), colourOf(style.backColour)};
-  if (isHeading && !style.hasColours) return {colours.headingText, colours.headingPaper};
+TextColours textColours(const CellStyle& style, const GridColours& colours, bool isHeading) {
+  if (style.hasColours) return {colourOf(style.textColour), colourOf(style.backColour)};
+  if (isHeading) return {colours.headingText, colours.headingPaper};
   return {colours.text, colours.paper};
 }
 

@@ -71,9 +71,7 @@ struct TextColours {
   QColor background;
 };
 
-// Colours that a cell was given stand in every skin, for they tell a category. Black on white
-// without a text tells nothing and is the skin's own paper.
-TextColours textColours(const CellStyle& style, const GridColours& colours, bool isHeading,
-                        bool isEmpty);
+// Colours that a cell was given stand in every skin, for they tell a category.
+TextColours textColours(const CellStyle& style, const GridColours& colours, bool isHeading);
 
 }  // namespace vellora

@@ -31,8 +31,7 @@ const CellStyle& HeadingStrip::style(int section) const {
 void HeadingStrip::paintSection(QPainter* painter, const QRect& rect, int section) const {
   const GridColours& colours = appearance_.colours;
   const CellStyle& heading = style(section);
-  const auto [foreground, background] =
-      textColours(heading, colours, true, text(section).isEmpty());
+  const auto [foreground, background] = textColours(heading, colours, true);
   const TextLayouts::Request request = textRequest(texts_, heading, text(section), rect);
   painter->fillRect(rect, background);
   painter->fillRect(rect.right(), rect.top(), 1, rect.height(), colours.line);

@@ -35,7 +35,7 @@ QString SheetModel::meaningOf(int row) const {
 
 TextColours SheetModel::coloursAt(int col, int row) const {
   return textColours(sheet().StyleAt(col, row), appearance_.colours,
-                     appearance_.isHeading(col, row), sheet().GetCellText(col, row).isEmpty());
+                     appearance_.isHeading(col, row));
 }
 
 QVariant SheetModel::data(const QModelIndex& index, int role) const {

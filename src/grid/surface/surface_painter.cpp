@@ -50,7 +50,7 @@ class CellPainter {
     const CellStyle* style;
   };
 
-  const SharedStyle& sharedStyleAt(int col, int row, bool isEmpty);
+  const SharedStyle& sharedStyleAt(int col, int row);
   void paintCell(const Span& col, const Span& row);
   QColor faintColour(const CellStyle& style) const;
   void paintStripe(const CellStyle& style, const QRect& cell, int margin);
@@ -85,15 +85,14 @@ bool CellPainter::isMarkedHeading(CellPlace cell) const {
          !sheet_.StyleAt(cell.col, cell.row).hasColours;
 }
 
-// Headings and empty cells differ from other cells of the same style.
-const CellPainter::SharedStyle& CellPainter::sharedStyleAt(int col, int row, bool isEmpty) {
+// Headings differ from other cells of the same style.
+const CellPainter::SharedStyle& CellPainter::sharedStyleAt(int col, int row) {
   const bool isHeading = appearance_.isHeading(col, row);
   const int number = sheet_.StyleNumberAt(col, row);
-  const auto [place, isNew] = shared_styles_.try_emplace(4 * number + 2 * isHeading + isEmpty);
+  const auto [place, isNew] = shared_styles_.try_emplace(2 * number + isHeading);
   if (isNew) {
     const CellStyle& style = sheet_.StyleAt(col, row);
-    const auto [foreground, background] =
-        textColours(style, appearance_.colours, isHeading, isEmpty);
+    const auto [foreground, background] = textColours(style, appearance_.colours, isHeading);
     place->second = {foreground,
                      background,
                      edgeColourOf(style),
@@ -117,7 +116,7 @@ void CellPainter::paintCell(const Span& col, const Span& row) {
   const CellPlace place{col.section, row.section};
   const QRect cell(col.start, row.start, col.size, row.size);
   const QString text = sheet_.GetCellText(place.col, place.row);
-  const SharedStyle& shared = sharedStyleAt(place.col, place.row, text.isEmpty());
+  const SharedStyle& shared = sharedStyleAt(place.col, place.row);
   const bool inverted = isInverted(place);
   const QColor& paper = isMarkedHeading(place) ? appearance_.colours.today : shared.background;
   painter_.fillRect(cell, inverted ? appearance_.colours.selectionPaper : paper);
