@@ -28,11 +28,12 @@ inline constexpr PackedColour kWhite = packColour(255, 255, 255);
 inline constexpr PackedColour kRed = packColour(255, 0, 0);
 inline constexpr PackedColour kBlue = packColour(0, 0, 255);
 
-// The contrast ratio of two colours, 1 to 21; the least for texts, and more than that for what is
-// drawn finer than a text: WCAG 2.1, 1.4.3 and 1.4.6.
+// The contrast ratio of two colours, 1 to 21, and the least for texts: WCAG 2.1, 1.4.3. An edge
+// around a text is so fine that most of it is blended with the paper: with less than this, texts of
+// 8 points have not the least contrast on the screen.
 double contrastOf(PackedColour one, PackedColour other);
 inline constexpr double kReadableContrast = 4.5;
-inline constexpr double kEdgeContrast = 7;
+inline constexpr double kEdgeContrast = 12;
 
 // The shade of a text's colour, darker or lighter, that drawn around the text makes it readable on
 // its paper; none where the text is readable by itself.
