@@ -36,7 +36,8 @@ void tellWhere(int signal) {
   raise(signal);
 }
 
-// From now on a crash tells on standard output where it happened. The sanitizers tell it themselves.
+// From now on a crash tells on standard output where it happened. The sanitizers tell it
+// themselves.
 void tellLastWords() {
 #ifndef __SANITIZE_ADDRESS__
   for (const int signal : {SIGSEGV, SIGABRT, SIGFPE, SIGBUS, SIGILL})

@@ -75,15 +75,17 @@ TEST_F(PlanMovesTest, WhatHasChangedMeanwhileIsNotMoved) {
 
 TEST_F(PlanMovesTest, TakenPlacesAreReplacedAndTheCalendarEndsIt) {
   builder_.plan(kMonday.addDays(7), u"001"_qs, u"占用"_qs)
+      .plan(kMonday.addDays(9), u"001"_qs, u"读书"_qs)
       .plan(kMonday.addDays(14), u"001"_qs, u"读书"_qs);
   const PlanMoves copies = repeatedWeekly(first(), 3);
   EXPECT_EQ(conflicts(copies), u"7001占用<读书、同时 14001读书<读书、同时");
   carryOut(store_, copies, {{kMonday.addDays(7), u"001"_qs}});
-  EXPECT_EQ(
-      plans(),
-      u"0001同时 0001读书 1001跑步 2002休息 7001占用 14001同时 14001读书 21001同时 21001读书");
+  EXPECT_EQ(plans(),
+            u"0001同时 0001读书 1001跑步 2002休息 7001占用 9001读书 14001同时 14001读书 21001同时 "
+            u"21001读书");
   EXPECT_EQ(carryOut(store_, cancelled(sameFromHereOn(store_, first().front()))), 3);
-  EXPECT_EQ(plans(), u"1001跑步 2002休息 7001占用") << "the same activity, block and weekday";
+  EXPECT_EQ(plans(), u"1001跑步 2002休息 7001占用 9001读书")
+      << "the same activity, block and weekday";
   const std::vector<PlannedBlock> last{{{QDate(9999, 12, 30), u"001"_qs}, {{u"读书"_qs, {}, {}}}}};
   EXPECT_EQ(repeatedWeekly(last, 5).size(), 0U);
   EXPECT_EQ(shifted(last, 1, false).size(), 1U);
