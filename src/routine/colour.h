@@ -33,7 +33,7 @@ inline constexpr PackedColour kBlue = packColour(0, 0, 255);
 // 8 points have not the least contrast on the screen.
 double contrastOf(PackedColour one, PackedColour other);
 inline constexpr double kReadableContrast = 4.5;
-inline constexpr double kEdgeContrast = 12;
+inline constexpr double kEdgeContrast = 15;
 
 // The shade of a text's colour, darker or lighter, that drawn around the text makes it readable on
 // its paper; none where the text is readable by itself.
