@@ -22,39 +22,37 @@ QColor legendText(int index) {
                                : QApplication::style()->standardPalette().highlightedText().color();
 }
 
-PackedColour packed(const QColor& colour) {
-  return packColour(colour.red(), colour.green(), colour.blue());
-}
-
-// A caption on its colour: with an edge where it could not be read, in a frame that parts it from a
-// window of the same colour.
+// A caption on its colour, in a frame that parts it from a window of the same colour. Light letters
+// on bright paper need an edge of twice the width that dark ones in a cell do.
 class LegendEntry : public QLabel {
  public:
   LegendEntry(const QString& caption, const QColor& text, PackedColour paper, QWidget* parent)
-      : QLabel(caption, parent), text_(text), paper_(paper) {}
+      : QLabel(caption, parent) {
+    QPalette palette;
+    palette.setColor(QPalette::Window, colourOf(paper));
+    palette.setColor(QPalette::WindowText, text);
+    setPalette(palette);
+    setAutoFillBackground(true);
+    if (const auto edge = edgeFor(packColour(text.red(), text.green(), text.blue()), paper)) {
+      edge_ = QPen(colourOf(*edge), 2.4, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
+    }
+  }
 
  protected:
   void paintEvent(QPaintEvent* /*event*/) override {
     QPainter painter(this);
-    painter.fillRect(rect(), colourOf(paper_));
     painter.setPen(QApplication::palette().color(QPalette::Mid));
     painter.drawRect(rect().adjusted(0, 0, -1, -1));
     painter.setRenderHint(QPainter::Antialiasing);
     const QRectF ink = fontMetrics().tightBoundingRect(text());
     QPainterPath letters;
     letters.addText(QRectF(rect()).center() - ink.center(), font(), text());
-    if (const auto edge = edgeFor(packed(text_), paper_)) {
-      const QPen outline(colourOf(*edge), kEdge, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
-      painter.strokePath(letters, outline);
-    }
-    painter.fillPath(letters, text_);
+    painter.strokePath(letters, edge_);
+    painter.fillPath(letters, palette().color(QPalette::WindowText));
   }
 
  private:
-  static constexpr double kEdge = 2.4;  // pixels, half of them on each side of a line
-
-  QColor text_;
-  PackedColour paper_;
+  QPen edge_{Qt::NoPen};
 };
 
 QLabel* makeEntry(int index, QWidget* parent) {

@@ -107,7 +107,8 @@ void HeaderSizes::shareHeight(const Sheet& sheet, std::map<int, RowLayout>& layo
       ++sharers;
     }
   }
-  if (sharers <= 0 || room / sharers < usual) return;
+  constexpr int kTightest = 90;  // percent of a usual row, which has some room around its text
+  if (sharers <= 0 || room / sharers < usual * kTightest / 100) return;
   int remainder = room % sharers;
   for (int row = *firstSharer_; row < rows; ++row) {
     if (layouts.contains(row)) continue;
