@@ -33,7 +33,8 @@ class LegendEntry : public QLabel {
     palette.setColor(QPalette::WindowText, text);
     setPalette(palette);
     setAutoFillBackground(true);
-    if (const auto edge = edgeFor(packColour(text.red(), text.green(), text.blue()), paper)) {
+    if (const auto edge = edgeFor(packColour(text.red(), text.green(), text.blue()), paper,
+                                  kBlendedEdgeContrast)) {
       edge_ = QPen(colourOf(*edge), 2.4, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
     }
   }

@@ -30,12 +30,12 @@ double contrastOf(PackedColour one, PackedColour other) {
   return (high + 0.05) / (low + 0.05);
 }
 
-std::optional<PackedColour> edgeFor(PackedColour text, PackedColour paper) {
+std::optional<PackedColour> edgeFor(PackedColour text, PackedColour paper, double contrast) {
   constexpr int kStep = 5;  // percent
   if (contrastOf(text, paper) >= kReadableContrast) return std::nullopt;
   const PackedColour end = contrastOf(kBlack, paper) >= contrastOf(kWhite, paper) ? kBlack : kWhite;
   int percent = kStep;
-  while (percent < 100 && contrastOf(mixed(text, end, percent), paper) < kEdgeContrast) {
+  while (percent < 100 && contrastOf(mixed(text, end, percent), paper) < contrast) {
     percent += kStep;
   }
   return mixed(text, end, percent);

@@ -55,7 +55,7 @@ TEST(Colour, EveryCategoryIsReadableOnItsPapersByItselfOrByItsEdge) {
   EXPECT_NEAR(contrastOf(packColour(0, 255, 0), packColour(230, 220, 255)), 1.05, 0.01);
   for (const Category& category : categories()) {
     for (const PackedColour paper : {kWhite, kBlack, packColour(230, 220, 255)}) {
-      const auto edge = edgeFor(category.colour, paper);
+      const auto edge = edgeFor(category.colour, paper, kEdgeContrast);
       EXPECT_GE(contrastOf(edge.value_or(category.colour), paper), kReadableContrast)
           << category.label.toStdString();
     }

@@ -96,7 +96,8 @@ QByteArray cssOf(const CellStyle& style) {
   if (style.hasColours) {
     css += ";color:" + cssColour(style.textColour) + ";background:" + cssColour(style.backColour);
   }
-  if (const auto shade = edgeFor(style.textColour, style.backColour); shade && style.hasColours) {
+  if (const auto shade = edgeFor(style.textColour, style.backColour, kEdgeContrast);
+      shade && style.hasColours) {
     css += ";text-shadow:";
     for (const char* side : {"-1px 0 ", "1px 0 ", "0 -1px ", "0 1px "}) {
       css += side + cssColour(*shade) + ',';

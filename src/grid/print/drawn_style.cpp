@@ -54,8 +54,9 @@ Qt::Alignment alignmentOf(int flags) {
   return horizontal | vertical;
 }
 
-QColor edgeColourOf(const CellStyle& style) {
-  const auto shade = style.hasColours ? edgeFor(style.textColour, style.backColour) : std::nullopt;
+QColor edgeColourOf(const CellStyle& style, double contrast) {
+  if (!style.hasColours) return {};
+  const auto shade = edgeFor(style.textColour, style.backColour, contrast);
   return shade ? colourOf(*shade) : QColor();
 }
 

@@ -15,7 +15,7 @@ QColor colourOf(PackedColour colour);
 QFont fontOf(const CellFont& font, qreal scale = 1);
 Qt::Alignment alignmentOf(int flags);
 // Around a text in colours of its own that is not readable by them; else invalid.
-QColor edgeColourOf(const CellStyle& style);
+QColor edgeColourOf(const CellStyle& style, double contrast);
 PackedColour categoryColour(int category);
 
 // The face that is drawn when the planner asks for one by name: the face itself where it is

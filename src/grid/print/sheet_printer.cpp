@@ -151,7 +151,7 @@ void SheetPrinter::drawText(const Cell& cell, const CellStyle& style) {
   if (align.testFlag(Qt::AlignVCenter)) at.ry() += spare / 2;
   if (align.testFlag(Qt::AlignBottom)) at.ry() += spare;
   painter_.setPen(colourOf(style.hasColours ? style.textColour : kBlack));
-  const QColor edge = edgeColourOf(style);
+  const QColor edge = edgeColourOf(style, kEdgeContrast);
   text->draw(painter_, run, at,
              edge.isValid() ? QPen(edge, pages_.pixels(kEdgeWidth)) : QPen(Qt::NoPen));
 }

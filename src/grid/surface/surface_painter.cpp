@@ -95,7 +95,7 @@ const CellPainter::SharedStyle& CellPainter::sharedStyleAt(int col, int row) {
     const auto [foreground, background] = textColours(style, appearance_.colours, isHeading);
     place->second = {foreground,
                      background,
-                     edgeColourOf(style),
+                     edgeColourOf(style, kBlendedEdgeContrast),
                      &style,
                      texts_.numberOf(style.font),
                      alignmentOf(style.align)};
@@ -142,7 +142,7 @@ void CellPainter::paintStripe(const CellStyle& style, const QRect& cell, int mar
   const PackedColour colour = categoryColour(style.category);
   const QRect stripe(cell.left() + margin, cell.top(), kStripeWidth, cell.height());
   painter_.fillRect(stripe, colourOf(colour));
-  const PackedColour edge = edgeFor(colour, style.backColour).value_or(colour);
+  const PackedColour edge = edgeFor(colour, style.backColour, kEdgeContrast).value_or(colour);
   painter_.fillRect(stripe.right(), stripe.top(), 1, stripe.height(), colourOf(edge));
 }
 
