@@ -10,10 +10,8 @@
 #include <QComboBox>
 #include <QLineEdit>
 #include <QListWidget>
-#include <QProgressDialog>
 #include <QPushButton>
 #include <QTest>
-#include <QTimer>
 
 namespace vellora {
 namespace {

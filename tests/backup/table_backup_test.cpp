@@ -28,9 +28,7 @@ class TableBackupTest : public testing::Test {
   qint64 backUp(const WorkProgress& progress = {}) {
     return BackupTables(store_, workbook_, path_, schedule_.folder(), progress);
   }
-  qint64 restore(const WorkProgress& progress = {}) {
-    return RestoreTables(store_, workbook_, path_, progress);
-  }
+  qint64 restore() { return RestoreTables(store_, workbook_, path_); }
   // Why it is refused, which leaves tables and files as they were; empty when it is not.
   QString refusalOf(const std::function<void()>& job) {
     const QStringList rowsBefore = rows();
@@ -42,8 +40,6 @@ class TableBackupTest : public testing::Test {
       return {};
     } catch (const std::runtime_error& error) {
       reason = QString::fromUtf8(error.what());
-    } catch (const WorkCancelled&) {
-      reason = u"given up"_qs;
     }
     EXPECT_EQ(rows(), rowsBefore);
     EXPECT_EQ(folder_.names(), namesBefore);

@@ -1,9 +1,7 @@
 #include "schedule/automatic_copies.h"
 
-#include "grid/files/file_error.h"
 #include "support/schedule_builder.h"
 
-#include <QDir>
 #include <QFile>
 
 #include <gtest/gtest.h>

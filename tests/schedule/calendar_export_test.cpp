@@ -2,7 +2,6 @@
 
 #include "schedule/calendar_export.h"
 
-#include "grid/files/file_error.h"
 #include "schedule_fixture.h"
 #include "support/temporary_folder.h"
 

@@ -1,5 +1,4 @@
 #include "schedule/items.h"
-#include "schedule/memos.h"
 #include "schedule/time_blocks.h"
 #include "schedule/week_names.h"
 #include "schedule_fixture.h"
@@ -44,8 +43,6 @@ class Items : public test::ScheduleTest {
 
   ItemCatalogue catalogue_{store_};
 };
-
-using Memos = test::ScheduleTest;
 
 }  // namespace
 
