@@ -34,13 +34,13 @@ constexpr Habit kHabits[]{
     {3, u"DATN", u"row|Ctrl+A Ctrl+X|Ctrl+C cell0 Ctrl+V save?"},
     {2, u"DATN", u"drag|Ctrl+A Del @CmdEND|Esc|frame|Down"},
     {6, u"DATN", u"cell F2? text Return|Tab save?"},
-    {2, u"DATN", u"cell note text Return undo undone"},
-    {1, u"DATN", u"cell note Del undo undone"},
-    {3, u"DATN", u"cell note F2? text lone? Esc kept"},
+    {2, u"DATN", u"cell text Return Ctrl+Z"},
+    {1, u"DATN", u"cell Del Ctrl+Z"},
+    {3, u"DATN", u"cell F2? text lone? Esc"},
     {3, u"DATN", u"save"},
     // dates
-    {4, u"BDAMS", u"picker Ctrl+A date Return|Tab dated"},
-    {1, u"BDAMS", u"picker Ctrl+A date Esc undated"},
+    {4, u"BDAMS", u"picker Ctrl+A date Return|Tab"},
+    {1, u"BDAMS", u"picker Ctrl+A date Esc"},
     {4, u"BDM", u"@Cm1|@Cm2|@Cm3|@Cm4|@Command1|@Command2|@Command3|@Command4"},
     // the board
     {30, u"B", u"window"},
@@ -156,15 +156,12 @@ class Author {
  private:
   Spot anyCell(int cols) { return cell(dice_.below(cols), dice_.below(8)); }
   Spot boardCell() { return cell(1 + dice_.below(7), dice_.below(7)); }
-  // The left button would open what is planned.
-  void escape() { script_.key(Qt::Key_Escape, {}); }
   Spot anyControl(bool centre);
   void point(const Spot& spot, bool twice = false) {
     script_.click(spot, twice || std::exchange(twice_, false) ? 2 : 1);
   }
   bool pointAt(const QString& word);
   void pointAnyhow();
-  void pickDate();
   void selectRow();
   void enter(const QString& pool, const QString& text);
   void clip(const QString& text);
@@ -176,22 +173,22 @@ class Author {
   const Step& step_;
   Script& script_;
   Dice& dice_;
-  Checks checks_{step_.script, step_.tell};
   bool twice_ = false;
   const QMap<QString, std::function<void()>> methods_{
       {u"cell"_qs, [this] { point(anyCell(5), dice_.oneIn(8)); }},
       {u"cell0"_qs, [this] { point(anyCell(1)); }},
       {u"headings"_qs, [this] { point(cell(1 + dice_.below(7), dice_.below(5)), dice_.oneIn(2)); }},
       {u"boardcell"_qs,
-       [this] {
+       [this] {  // the left button would open what is planned
          script_.click(boardCell(), 1, Qt::RightButton);
-         escape();
+         script_.key(Qt::Key_Escape);
        }},
       {u"boarddrag"_qs, [this] { script_.drag(boardCell(), boardCell()); }},
       {u"button"_qs, [this] { point(anyControl(true)); }},
       {u"twice"_qs, [this] { twice_ = true; }},
       {u"anything"_qs, [this] { pointAnyhow(); }},
-      {u"picker"_qs, [this] { pickDate(); }},
+      {u"picker"_qs,
+       [this] { point(control(controlNamed(*front(), u"D1"_qs) ? u"D1"_qs : u"DTP1"_qs)); }},
       {u"drag"_qs, [this] { script_.drag(anyCell(5), anyCell(5)); }},
       {u"row"_qs, [this] { selectRow(); }},
       {u"lone"_qs,
@@ -199,14 +196,6 @@ class Author {
          script_.key(
              dice_.pick(std::array{Qt::Key_Shift, Qt::Key_Control, Qt::Key_Alt, Qt::Key_CapsLock}));
        }},
-      {u"note"_qs, [this] { checks_.noteCells(); }},
-      {u"undo"_qs, [this] { checks_.undo(); }},
-      {u"undone"_qs,
-       [this] { checks_.compareCells(u": undoing an edit leaves other texts"_qs, true); }},
-      {u"kept"_qs,
-       [this] { checks_.compareCells(u": Escape keeps what was typed into a cell"_qs, false); }},
-      {u"dated"_qs, [this] { checks_.compareDate(u": a typed date is another"_qs, true); }},
-      {u"undated"_qs, [this] { checks_.compareDate(u": Escape leaves another date"_qs, false); }},
       {u"lock"_qs, [this] { elsewhere(u"BEGIN EXCLUSIVE"_qs); }},
       {u"unlock"_qs, [this] { elsewhere(u"ROLLBACK"_qs); }},
       {u"giveup"_qs, [this] { giveUp(); }},
@@ -241,11 +230,6 @@ void Author::pointAnyhow() {
                 dice_.oneIn(5) ? Qt::ShiftModifier : Qt::NoModifier);
 }
 
-void Author::pickDate() {
-  point(control(checks_.noteDate()));
-  checks_.noteHand();
-}
-
 void Author::selectRow() {
   const int row = dice_.below(6);
   script_.click(cell(0, row));
@@ -255,7 +239,6 @@ void Author::selectRow() {
 void Author::enter(const QString& pool, const QString& text) {
   if (pool == u"clip"_qs) return clip(text);
   if (pool == u"other"_qs) return elsewhere(text);
-  checks_.noteTyped(text);
   script_.type(text);
 }
 
@@ -272,18 +255,16 @@ void Author::clip(const QString& text) {
   });
 }
 
-// Ends the waiting for the other program by hand, and tells away what is said about it.
+// Ends the waiting for the other program by hand, and closes what is said about it.
 void Author::giveUp() {
   const int key = dice_.oneIn(4) ? Qt::Key_Escape : Qt::Key_Return;
-  const auto press = [&hands = script_.hands, key, tell = step_.tell] {
-    const QPointer dialog = isWaiting() ? front() : nullptr;
-    if (!dialog && boxText(front()).isEmpty()) return;
-    hands.pressKey(key, {});
-    hands.releaseKey(key, {});
-    if (!dialog || dialog->property("wasCanceled").toBool()) return;
-    tell(u"WorkDialog: a key does not give the work up"_qs, {});
-  };
-  for (int i = 0; i < 6; ++i) script_.add(u"give up waiting"_qs, false, press);
+  for (int i = 0; i < 6; ++i) {
+    script_.add(u"give up waiting"_qs, false, [&hands = script_.hands, key] {
+      if (!isWaiting() && boxText(front()).isEmpty()) return;
+      hands.pressKey(key, {});
+      hands.releaseKey(key, {});
+    });
+  }
 }
 
 QChar kindLetter(const QWidget& window) {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "random_user/checks.h"
+#include "random_user/script.h"
 
 #include <iterator>
 #include <random>
@@ -32,7 +32,6 @@ struct Step {
   Dice& dice;
   // The program at another desk does something to the tables, which is no fault of this one.
   std::function<void(const QString& sql)> elsewhere;
-  Tell tell;
 };
 
 // Makes up the next step in front of what stands on the screen.

@@ -40,7 +40,7 @@ def live(seed, steps, only=()):
 
 
 def read_life(told, end, errors):
-    faults, deeds, places = [], [], []
+    faults, deeds = [], []
     for line in told.splitlines():
         word, *rest = line.split("\t")
         if word == "DEED":
@@ -49,12 +49,10 @@ def read_life(told, end, errors):
             faults.append(Fault(int(rest[0]), rest[1], rest[2]))
         elif word == "DONE":
             return faults, deeds
-        else:
-            places.append(line)
     step = int(deeds[-1][0].split(".")[0]) if deeds else 0
     doings = [f"{where}: {what}" for _, where, what in deeds if is_doing(what)]
     last = re.sub(r"[ ,]*\d+", "", doings[-1])[:60] if doings else ""
-    faults.append(Fault(step, f"{end} at “{last}”", "\n".join([errors, *places])))
+    faults.append(Fault(step, f"{end} at “{last}”", errors))
     return faults, deeds
 
 

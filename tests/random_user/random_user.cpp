@@ -1,4 +1,7 @@
-#include "random_user/random_user.h"
+// Lives a user's life with the whole program on a schedule of its own, and tells on standard output
+// every deed before it is done and every fault found; hunt.py sends it into many lives.
+//
+//   random_user --seed 7 --steps 500 [--only 3,17,18]
 
 #include "app/platform.h"
 #include "app/start_up.h"
@@ -11,6 +14,7 @@
 #include "support/schedule_builder.h"
 
 #include <QApplication>
+#include <QCommandLineParser>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
@@ -18,32 +22,12 @@
 #include <QTimer>
 
 #include <SQLiteCpp/Exception.h>
-#include <array>
-#include <csignal>
 #include <cstdio>
-#include <execinfo.h>
+#include <set>
 #include <unistd.h>
 
 namespace vellora::test {
 namespace {
-
-// One line for each function that the program was in.
-void tellWhere(int signal) {
-  std::array<void*, 60> places{};
-  const int count = backtrace(places.data(), static_cast<int>(places.size()));
-  backtrace_symbols_fd(places.data(), count, STDOUT_FILENO);
-  std::signal(signal, SIG_DFL);
-  raise(signal);
-}
-
-// From now on a crash tells on standard output where it happened. The sanitizers tell it
-// themselves.
-void tellLastWords() {
-#ifndef __SANITIZE_ADDRESS__
-  for (const int signal : {SIGSEGV, SIGABRT, SIGFPE, SIGBUS, SIGILL})
-    std::signal(signal, tellWhere);
-#endif
-}
 
 constexpr qint64 kButtonTime = 500;  // milliseconds; a button that is down for longer stays so
 
@@ -62,7 +46,8 @@ void makeUp(ScheduleBuilder& schedule) {
 
 class RandomUser {
  public:
-  explicit RandomUser(const Run& run);
+  // Takes only the steps named; all when there are none.
+  RandomUser(quint64 seed, int steps, std::set<int> only);
   // Uses the program, and starts it again whenever it was ended.
   [[noreturn]] void live();
 
@@ -74,7 +59,9 @@ class RandomUser {
   void perform(const Deed& deed);
   [[noreturn]] void leave() const;
 
-  Run run_;
+  const quint64 seed_;
+  const int steps_;
+  const std::set<int> only_;
   ScheduleBuilder schedule_;
   Witness witness_;
   Hands hands_;
@@ -95,8 +82,10 @@ void say(const char* what, const QString& text) {
   std::fflush(stdout);
 }
 
-RandomUser::RandomUser(const Run& run)
-    : run_(run),
+RandomUser::RandomUser(quint64 seed, int steps, std::set<int> only)
+    : seed_(seed),
+      steps_(steps),
+      only_(std::move(only)),
       witness_((makeUp(schedule_), schedule_.path()),
                [this](const QString& fault, const QString& details) { tell(fault, details); }) {
   for (const QString& skin : {u"KTZ0.SKN"_qs, u"KTZ1.SKN"_qs}) {
@@ -145,12 +134,11 @@ void RandomUser::goOn() {
 
 void RandomUser::makeNext() {
   do {
-    if (++step_ >= run_.steps) leave();
-  } while (!run_.only.empty() && !run_.only.contains(step_));
+    if (++step_ >= steps_) leave();
+  } while (!only_.empty() && !only_.contains(step_));
   deed_ = 0;
-  Dice dice(run_.seed, step_);
-  makeStep({script_, dice, [this](const QString& sql) { elsewhere(sql); },
-            [this](const QString& fault, const QString& details) { tell(fault, details); }});
+  Dice dice(seed_, step_);
+  makeStep({script_, dice, [this](const QString& sql) { elsewhere(sql); }});
 }
 
 // Nothing happens where it cannot, such as ending a save that is none.
@@ -186,11 +174,23 @@ void RandomUser::leave() const {
 }
 
 }  // namespace
-
-void liveRandomly(const Run& run) {
-  setUpPlatform(*qApp);
-  tellLastWords();
-  RandomUser(run).live();
-}
-
 }  // namespace vellora::test
+
+int main(int argc, char** argv) {
+  QHashSeed::setDeterministicGlobalSeed();
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  QApplication application(argc, argv);
+  vellora::setUpPlatform(application);
+  QCommandLineParser options;
+  options.addOptions({{u"seed"_qs, u"of the chances"_qs, u"number"_qs, u"1"_qs},
+                      {u"steps"_qs, u"in all"_qs, u"number"_qs, u"500"_qs},
+                      {u"only"_qs, u"these steps"_qs, u"numbers"_qs}});
+  options.process(application);
+  std::set<int> only;
+  for (const QString& step : options.value(u"only"_qs).split(u',', Qt::SkipEmptyParts)) {
+    only.insert(step.toInt());
+  }
+  vellora::test::RandomUser user(options.value(u"seed"_qs).toULongLong(),
+                                 options.value(u"steps"_qs).toInt(), only);
+  user.live();
+}

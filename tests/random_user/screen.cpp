@@ -131,15 +131,6 @@ QString textIn(const QWidget& window, const QString& name) {
   return control ? control->property("text").toString() : QString();
 }
 
-QWidget* openCell(const QWidget& window) {
-  const auto* grid = gridOf(window);
-  if (!grid) return nullptr;
-  for (auto* editor : grid->viewport()->findChildren<QPlainTextEdit*>()) {
-    if (editor->isVisible()) return editor;
-  }
-  return nullptr;
-}
-
 QStringList rowsOf(const GridSurface& grid) {
   QStringList rows;
   for (int row = 0; row < grid.Rows(); ++row) {

@@ -37,8 +37,6 @@ std::vector<QWidget*> controlsOf(const QWidget& window);
 QString boxText(const QWidget* widget);
 // Of an edit, a picker or a combo box.
 QString textIn(const QWidget& window, const QString& name);
-// The cell editor, while a cell is being typed into.
-QWidget* openCell(const QWidget& window);
 // The texts of all cells, one text for each row; empty for an empty row, none for those at the end.
 QStringList rowsOf(const GridSurface& grid);
 
